@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <QUrl>
+
+namespace zib {
+
+/// What the desktop does for the program. Main thread.
+class Desktop {
+  public:
+    virtual ~Desktop() = default;
+    /// Opens the address with the user's program for it (a browser, a viewer). @return whether one was found.
+    virtual bool openUrl(const QUrl& url) = 0;
+    virtual void beep() = 0;
+    /// Brings the program's window to the front.
+    virtual void bringToFront() = 0;
+};
+
+} // namespace zib

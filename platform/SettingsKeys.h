@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+namespace zib::settings {
+
+// The search mode of the search field: 0 artist, 1 tags, 2 similar artists.
+inline const QString CurrentSearchType = QStringLiteral("CurrentSearchType");
+inline const QString MusicFolder = QStringLiteral("MusicFolder");
+inline const QString SoundLevel = QStringLiteral("SoundLevel"); // 0.0 to 1.0
+inline const QString CopyImportedFilesToLibrary = QStringLiteral("CopyImportedFilesToLibrary");
+inline const QString WantsPublicShare = QStringLiteral("WantsPublicShare");
+inline const QString PlayAllSourcesContinuously = QStringLiteral("PlayAllSourcesContinuously");
+inline const QString RecordAudioStreams = QStringLiteral("RecordAudioStreams");
+// The status line's text; removed at quit, so that a stale one never shows at the next start.
+inline const QString BriefStatusMessage = QStringLiteral("BriefStatusMessage");
+inline const QString SelectedNowPlayingPage = QStringLiteral("SelectedNowPlayingPage");
+
+// Notices that the user has silenced. The one "p" is the stored spelling.
+inline const QString SupressDialogRemovePlaylist = QStringLiteral("SupressDialogRemovePlaylist");
+inline const QString SupressDialogCleanUp = QStringLiteral("SupressDialogCleanUp");
+inline const QString SupressDialogFavorites = QStringLiteral("SupressDialogFavorites");
+inline const QString SupressDialogTopHot = QStringLiteral("SupressDialogTopHot");
+inline const QString SupressDialogRecommended = QStringLiteral("SupressDialogRecommended");
+inline const QString SupressDialogDownload = QStringLiteral("SupressDialogDownload");
+inline const QString SupressDialogITunes = QStringLiteral("SupressDialogITunes");
+
+// The outside services as HOST[:PORT][/PATH], spoken to over HTTP; their defaults are in ServiceHosts.h.
+inline const QString SongSearchHost = QStringLiteral("SongSearchHost"); // artist search and profile
+inline const QString MusicInfoHost = QStringLiteral("MusicInfoHost");   // artist, album and track info
+inline const QString LyricsHost = QStringLiteral("LyricsHost");         // lyrics
+inline const QString ReleaseHost = QStringLiteral("ReleaseHost");       // releases
+inline const QString PlaylistHost = QStringLiteral("PlaylistHost");     // shared playlists
+// The port that the bundled service had last; song addresses in the library name it.
+inline const QString CataloguePort = QStringLiteral("CataloguePort");
+
+// Web pages, complete addresses.
+inline const QString SupportPage = QStringLiteral("SupportPage");
+inline const QString SharedPlaylistsPage = QStringLiteral("SharedPlaylistsPage");
+inline const QString HomePage = QStringLiteral("HomePage");
+
+} // namespace zib::settings

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Includes every port, so that each header is known to stand alone.
+#include "platform/Alerts.h"
+#include "platform/AudioFileStream.h"
+#include "platform/AudioQueue.h"
+#include "platform/AudioTypes.h"
+#include "platform/Clock.h"
+#include "platform/Desktop.h"
+#include "platform/HttpReadStream.h"
+#include "platform/Movie.h"
+#include "platform/PowerEvents.h"
+#include "platform/Reachability.h"
+#include "platform/SettingsKeys.h"
+#include "platform/TableView.h"
+#include "platform/UrlConnection.h"
+#include "platform/UserDefaults.h"

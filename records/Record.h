@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "records/RecordKeys.h"
+
+#include <QDateTime>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <initializer_list>
+#include <string_view>
+#include <utility>
+
+namespace zib {
+
+class PropertyValue;
+class RecordObject;
+
+/// A string-keyed dictionary of property-list values that has identity: a handle to one shared object.
+///
+/// Copying a Record copies the handle, so both names see every later change; copy() makes a new object of
+/// equal content. isSame() compares identity, operator== content. A default-constructed Record is no record:
+/// it reads as empty and must not be changed.
+///
+/// Threads: handles may be copied and destroyed on any thread. A record is changed and read through this
+/// interface on the main thread only, until it is frozen for another thread with snapshot().
+class Record {
+  public:
+    using Field = std::pair<RecordKey, PropertyValue>;
+
+    Record() noexcept = default;
+    Record(const Record& other) noexcept;
+    Record(Record&& other) noexcept;
+    Record& operator=(Record other) noexcept;
+    ~Record();
+
+    /// A new record with those fields; of a key that stands twice the last value holds.
+    static Record make(std::initializer_list<Field> fields = {});
+
+    [[nodiscard]] bool isNull() const noexcept { return object_ == nullptr; }
+    explicit operator bool() const noexcept { return object_ != nullptr; }
+
+    /// Identity: whether both are the very same object.
+    [[nodiscard]] bool isSame(const Record& other) const noexcept { return object_ == other.object_; }
+    /// Content: whether both hold equal values under the same keys, in whatever order; no record equals no
+    /// record.
+    friend bool operator==(const Record& a, const Record& b);
+
+    /// A new object of equal content. Nested records are shared, not copied.
+    [[nodiscard]] Record copy() const;
+
+    [[nodiscard]] bool contains(RecordKey key) const;
+    [[nodiscard]] QList<RecordKey> keys() const;
+    /// The value, or a null value when the key is absent.
+    [[nodiscard]] PropertyValue value(RecordKey key) const;
+
+    /// The typed getters answer with an empty value when the key is absent or holds another type, but numbers
+    /// and booleans stand for each other: a real is truncated to an integer, true counts 1, any non-zero is
+    /// true.
+    [[nodiscard]] QString string(RecordKey key) const;
+    /// The string as UTF-8, valid until this record is next changed.
+    [[nodiscard]] std::string_view utf8(RecordKey key) const;
+    [[nodiscard]] qint64 integer(RecordKey key) const;
+    [[nodiscard]] double real(RecordKey key) const;
+    [[nodiscard]] bool boolean(RecordKey key) const;
+    [[nodiscard]] QDateTime date(RecordKey key) const;
+    /// The strings, or the records, of an array; its other elements are left out.
+    [[nodiscard]] QStringList strings(RecordKey key) const;
+    [[nodiscard]] QList<Record> records(RecordKey key) const;
+
+    /// Sets a value on the shared object: every holder sees it. A null value removes the key.
+    void set(RecordKey key, const PropertyValue& value);
+    void remove(RecordKey key);
+
+    /// A new object with the content as it is now, which no later change of this one touches. Callable on any
+    /// thread while the main thread changes the record; the result is for the caller alone.
+    [[nodiscard]] Record snapshot() const;
+
+  private:
+    explicit Record(RecordObject* object) noexcept;
+
+    RecordObject* object_ = nullptr;
+};
+
+} // namespace zib
