@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace zib {
+
+struct DemoTrack {
+    QString id; ///< 32 lower-case hexadecimal characters, the same for ever
+    QString title;
+    int seconds = 0;
+    QString extension; ///< "mp3", "wav", "m4a" or "aac"
+    QString mediaType;
+};
+
+struct DemoAlbum {
+    QString title;
+    int year = 0;
+    QList<DemoTrack> tracks;
+};
+
+struct DemoArtist {
+    QString name;
+    QStringList tags;       ///< most fitting first
+    double hotness = 0;     ///< 0 to 1
+    double familiarity = 0; ///< 0 to 1
+    QList<DemoAlbum> albums;
+};
+
+/// What the service asks of the demo songs. Every operation may be called on any thread.
+class DemoSongs {
+  public:
+    virtual ~DemoSongs() = default;
+
+    /// All artists: known at once, before anything is rendered, and the same for the life of the object.
+    [[nodiscard]] virtual const QList<DemoArtist>& artists() const = 0;
+
+    /// The path of the track's finished file. Blocks while it is being rendered, which happens ahead of all
+    /// tracks that nobody waits for. Nothing when there is no such track or it cannot be made.
+    virtual std::optional<QString> file(const QString& trackId) = 0;
+
+    /// The path of the cover of the track's album, a PNG or JPEG picture, under the terms of file().
+    virtual std::optional<QString> cover(const QString& trackId) = 0;
+};
+
+/// The songs that come with the program: invented artists whose music and covers are computed, the same every
+/// time, and kept as files in a folder.
+class DemoCatalogue final : public DemoSongs {
+  public:
+    /// Called on a background thread after each finished track.
+    using Progress = std::function<void(int done, int total)>;
+
+    /// @param folder where the finished files lie; made when it is missing. Nothing is rendered yet.
+    explicit DemoCatalogue(QString folder);
+    /// Stops first.
+    ~DemoCatalogue() override;
+    DemoCatalogue(const DemoCatalogue&) = delete;
+    DemoCatalogue& operator=(const DemoCatalogue&) = delete;
+
+    [[nodiscard]] const QList<DemoArtist>& artists() const override;
+    std::optional<QString> file(const QString& trackId) override;
+    std::optional<QString> cover(const QString& trackId) override;
+
+    /// Starts to render what is missing, in the background at low priority, and returns at once.
+    void renderAll(Progress progress = {});
+
+    /// Ends the rendering soon, leaving no half file behind; who waits in file() or cover() gets nothing.
+    /// Returns when all background work has ended; nothing is rendered afterwards.
+    void stop();
+
+  private:
+    struct Renderer;
+    std::unique_ptr<Renderer> renderer_;
+};
+
+} // namespace zib
