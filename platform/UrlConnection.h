@@ -42,7 +42,7 @@ class UrlConnectionDelegate {
     virtual void didFinishLoading() {}
 };
 
-/// A running request. Destroying it cancels it: no event follows.
+/// A running request. Destroying it, also from within one of its events, cancels it: no event follows.
 class UrlConnection {
   public:
     virtual ~UrlConnection() = default;
