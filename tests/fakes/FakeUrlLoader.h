@@ -26,7 +26,7 @@ class FakeUrlExchange {
     /// Whether events still reach the delegate.
     [[nodiscard]] bool isRunning() const { return delegate_ != nullptr; }
 
-    void respond(const UrlResponse& response = {.status = 200})
+    void respond(const UrlResponse& response = {200, -1, {}})
     {
         bytes_ = 0;
         if (delegate_ != nullptr)
@@ -53,7 +53,7 @@ class FakeUrlExchange {
     /// A response with that body, whole.
     void reply(QByteArrayView body, int status = 200)
     {
-        respond({.status = status, .expectedContentLength = body.size()});
+        respond({.status = status, .expectedContentLength = body.size(), .headers = {}});
         send(body);
         finish();
     }

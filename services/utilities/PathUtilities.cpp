@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "services/utilities/PathUtilities.h"
+
+#include <QDir>
+
+namespace zib {
+namespace {
+
+QStringView withoutTrailingSlashes(QStringView path)
+{
+    while (path.size() > 1 && path.endsWith(u'/'))
+        path.chop(1);
+    return path;
+}
+
+/// Where the last component begins. The path has no slashes at its end.
+qsizetype lastComponentBegin(QStringView path)
+{
+    return path == u"/" ? 0 : path.lastIndexOf(u'/') + 1;
+}
+
+/// The full stop that begins the extension, or -1. The path has no slashes at its end.
+qsizetype extensionStop(QStringView path)
+{
+    const qsizetype stop = path.lastIndexOf(u'.');
+    return stop > lastComponentBegin(path) && stop < path.size() - 1 ? stop : -1;
+}
+
+} // namespace
+
+QString lastPathComponent(QStringView path)
+{
+    const QStringView trimmed = withoutTrailingSlashes(path);
+    return trimmed.sliced(lastComponentBegin(trimmed)).toString();
+}
+
+QString pathExtension(QStringView path)
+{
+    const QStringView trimmed = withoutTrailingSlashes(path);
+    const qsizetype stop = extensionStop(trimmed);
+    return stop < 0 ? QString() : trimmed.sliced(stop + 1).toString();
+}
+
+QString stringByDeletingPathExtension(QStringView path)
+{
+    const QStringView trimmed = withoutTrailingSlashes(path);
+    const qsizetype stop = extensionStop(trimmed);
+    return (stop < 0 ? trimmed : trimmed.first(stop)).toString();
+}
+
+QString stringByAppendingPathComponent(QStringView path, QStringView component)
+{
+    while (component.startsWith(u'/'))
+        component = component.sliced(1);
+    if (path.isEmpty() || component.isEmpty())
+        return (path.isEmpty() ? component : withoutTrailingSlashes(path)).toString();
+    QString joined = withoutTrailingSlashes(path).toString();
+    if (joined != QLatin1String("/"))
+        joined += QLatin1Char('/');
+    joined += component;
+    return joined;
+}
+
+QString stringByExpandingTildeInPath(const QString& path)
+{
+    if (path == QLatin1String("~") || path.startsWith(QLatin1String("~/")))
+        return stringByAppendingPathComponent(QDir::homePath(), QStringView(path).sliced(1));
+    return path;
+}
+
+} // namespace zib
