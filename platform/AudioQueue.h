@@ -41,7 +41,8 @@ class AudioQueue {
     /// A buffer that lives until the queue is disposed of.
     virtual AudioStatus allocateBuffer(std::uint32_t bytes, AudioQueueBuffer*& buffer) = 0;
     /// Hands the buffer's first byteSize bytes over until bufferComplete. Without descriptions they are
-    /// packets of the format's constant size. Packets that do not decode are skipped.
+    /// packets of the format's constant size, run on from one buffer into the next: a packet may begin at the
+    /// end of one and end in the following. Packets that do not decode are skipped.
     virtual AudioStatus enqueueBuffer(AudioQueueBuffer& buffer,
                                       std::span<const AudioPacketDescription> packets) = 0;
 
@@ -50,8 +51,8 @@ class AudioQueue {
     /// Falls silent at once and keeps what it has; the time stands.
     virtual AudioStatus pause() = 0;
     /// @param immediately falls silent, gives every buffer back and reports that it stopped, all before the
-    /// call returns and from within it. Otherwise it goes on until all that was enqueued has been heard,
-    /// gives each buffer back as it is used, and then reports that it stopped. Stopping a queue that does not
+    /// call returns and from within it. Otherwise it goes on, from a pause too, until all that was enqueued
+    /// has been heard, gives each buffer back as it is used, and then reports that it stopped. Stopping a queue that does not
     /// run is no error.
     virtual AudioStatus stop(bool immediately) = 0;
     /// No packet follows the enqueued ones: what a decoder holds back is played too.

@@ -43,7 +43,7 @@ class Movies : public QObject {
     [[nodiscard]] virtual std::unique_ptr<Movie> open(const QString& path, QString& error) = 0;
 
   Q_SIGNALS:
-    /// Any movie made here has played to its end.
+    /// Any movie made here has played to its end. A slot may destroy the movie.
     void movieDidEnd(zib::Movie* movie);
 };
 
