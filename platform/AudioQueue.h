@@ -52,8 +52,8 @@ class AudioQueue {
     virtual AudioStatus pause() = 0;
     /// @param immediately falls silent, gives every buffer back and reports that it stopped, all before the
     /// call returns and from within it. Otherwise it goes on, from a pause too, until all that was enqueued
-    /// has been heard, gives each buffer back as it is used, and then reports that it stopped. Stopping a queue that does not
-    /// run is no error.
+    /// has been heard, gives each buffer back as it is used, and then reports that it stopped. Stopping a
+    /// queue that does not run is no error.
     virtual AudioStatus stop(bool immediately) = 0;
     /// No packet follows the enqueued ones: what a decoder holds back is played too.
     virtual AudioStatus flush() = 0;
