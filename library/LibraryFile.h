@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "records/Record.h"
+#include "records/RecordTable.h"
+
+#include <QList>
+#include <QString>
+
+#include <tl/expected.hpp>
+
+namespace zib {
+
+/// What the library file holds.
+struct LibraryContents {
+    RecordTable library;
+    QList<Record> playlists; ///< in source-list order
+    QList<Record> searches;  ///< newest first
+    Record userInfo = Record::make();
+};
+
+/// The same, frozen for a save: the collections are copies, the records in them the shared ones. Any thread.
+struct LibrarySnapshot {
+    RecordTable::Snapshot library;
+    QList<Record> playlists;
+    QList<Record> searches;
+    Record userInfo;
+};
+
+/// The enciphered library file at one path. Any thread.
+class LibraryFile {
+  public:
+    explicit LibraryFile(const QString& path)
+        : path_(path)
+    {
+    }
+
+    /// "~/Music/Zib/Zib Music Library.zib".
+    static QString standardPath();
+
+    [[nodiscard]] const QString& path() const { return path_; }
+    [[nodiscard]] bool exists() const;
+
+    /// The contents, or why the file is not a library.
+    [[nodiscard]] tl::expected<LibraryContents, QString> load() const;
+
+    /// Writes the file anew so that it is at every moment either the old or the new one, whole; makes its
+    /// folder when there is none. A failure is logged and leaves the old file. At most one call at a time.
+    bool save(const LibrarySnapshot& snapshot) const;
+
+  private:
+    QString path_;
+};
+
+} // namespace zib

@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "library/LibraryFile.h"
+#include "library/RVDataManagerDelegate.h"
+#include "library/SourceTypes.h"
+#include "library/TrackBrowser.h"
+#include "records/Record.h"
+#include "records/RecordTable.h"
+
+#include <QList>
+#include <QObject>
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+namespace zib {
+
+class Alerts;
+class Clock;
+class LibrarySaver;
+class TableView;
+class UserDefaults;
+
+/// The library manager: owns every collection of songs, loads them from the library file when it is made and
+/// writes them back after every change. Main thread.
+class RVDataManager : public QObject {
+    Q_OBJECT
+
+  public:
+    /// No playlist, no search: the value of currentPlaylistIndex() that shows nothing.
+    static constexpr int NotFound = TrackBrowser::NotFound;
+
+    /// Loads the library. A missing file gives an empty library, an unreadable one too, after an alert; both
+    /// are written at once.
+    RVDataManager(UserDefaults& defaults, Alerts& alerts, const Clock& clock, TableView& playlistsTableView,
+                  const QString& libraryPath);
+    /// Waits for a save under way.
+    ~RVDataManager() override;
+
+    void setDelegate(RVDataManagerDelegate* delegate);
+
+    /// The collections. Whoever changes one calls saveLibrary(), and reloadData() when it is shown.
+    /// @{
+    [[nodiscard]] RecordTable& library() { return contents_.library; }
+    [[nodiscard]] const RecordTable& library() const { return contents_.library; }
+    [[nodiscard]] QList<Record>& playlists() { return contents_.playlists; }
+    [[nodiscard]] const QList<Record>& playlists() const { return contents_.playlists; }
+    /// Newest first.
+    [[nodiscard]] QList<Record>& searches() { return contents_.searches; }
+    [[nodiscard]] const QList<Record>& searches() const { return contents_.searches; }
+    [[nodiscard]] Record userInfo() const { return contents_.userInfo; }
+    /// Not kept from run to run.
+    [[nodiscard]] RecordTable& tophot() { return tophot_; }
+    [[nodiscard]] RecordTable& recommended() { return recommended_; }
+    /// @}
+
+    /// The songs listed now, in the table's order.
+    [[nodiscard]] const QList<Record>& items() const { return browser_.items(); }
+    [[nodiscard]] TableView& playlistsTableView() { return table_; }
+
+    /// Freezes all collections and writes them in the background. Costs little whatever their size.
+    void saveLibrary();
+    /// Returns once the newest saved state is on disk or has failed.
+    void waitForSaves();
+
+    /// kind 0: a new playlist of those tracks at the end, and the tracks into the library. Any other kind: a
+    /// new search at the front.
+    void addPlaylistWithTitle(const QString& title, const QList<Record>& tracks, int kind);
+    /// The same with a playlist's place; a search goes to the front all the same.
+    void insertPlaylistAtIndex(int index, const QString& title, const QList<Record>& tracks, int kind);
+    /// Appends the tracks to the playlist of that index; a song may stand in it twice.
+    void addObjects(const QList<Record>& tracks, int toPlaylist);
+
+    /// The loved songs of the library, in its order.
+    [[nodiscard]] QList<Record> favorites() const;
+    /// Loves the song in that row of items(), or loves it no more.
+    void markFavoriteAtIndex(int row);
+    /// The same for the song now playing: leaves "Recommended" and the now-playing snapshot as they are.
+    void addFavorite(const Record& track);
+
+    /// The song can be opened again; returns its new record.
+    Record fileRefound(const Record& track);
+    /// The song could not be opened. While the machine is offline that says nothing about a web song.
+    void fileNotFound(const Record& track);
+    /// The song's download is complete.
+    void exportedFile(const Record& track);
+
+    /// The name under which playlists are shared.
+    [[nodiscard]] QString userName() const;
+    void setUserName(const QString& name);
+
+    /// Removes every setting whose name ends with that text: a search's or playlist's column layout.
+    void removeAutosaveForTableColumnWithUID(const QString& uid);
+
+    /// The bundled song service has moved: addresses that begin with oldBase begin with newBase from now on,
+    /// in the library and in the searches, and the library is written if there were any.
+    void relocate(const QString& oldBase, const QString& newBase);
+
+    /// Shows a source. For playlists and searches, setCurrentPlaylistIndex() then chooses which.
+    void setSource(SourceType source);
+    [[nodiscard]] SourceType currentSourceType() const { return browser_.sourceType(); }
+    [[nodiscard]] FilterType currentFilterType() const { return browser_.filterType(); }
+    /// Takes effect at the next reload.
+    void setCurrentFilterType(FilterType filter) { browser_.setFilterType(filter); }
+    [[nodiscard]] int currentPlaylistIndex() const { return browser_.playlistIndex(); }
+    /// Shows the playlist or search of that index, also when it is the one shown already.
+    void setCurrentPlaylistIndex(int index) { browser_.setPlaylistIndex(index); }
+    [[nodiscard]] qint64 currentUID() const { return browser_.uid(); }
+    void setCurrentUID(qint64 uid) { browser_.setUid(uid); }
+    [[nodiscard]] QString currentName() const { return browser_.name(); }
+    void setCurrentName(const QString& name) { browser_.setName(name); }
+    /// The shown playlist or search, or none.
+    [[nodiscard]] Record currentPlaylist() const { return browser_.currentPlaylist(); }
+    /// Whether the shown source is browsed by artist and album.
+    [[nodiscard]] bool sourceHasBrowser() const { return browser_.hasBrowser(); }
+    /// Whether the next song follows by itself in a source of that type.
+    [[nodiscard]] static bool sourceIsContinuos(SourceType source);
+
+    void reloadData();
+    void updateTracksBrowser();
+
+  Q_SIGNALS:
+    /// items() was filled anew, or a record in it was replaced.
+    void itemsChanged();
+    /// What is shown has changed: source, playlist or search.
+    void sourceChanged();
+
+  private:
+    using Change = std::function<void(Record&)>;
+
+    void loadLibrary();
+    void addUnknownToLibrary(const QList<Record>& tracks);
+    Record makePlaylist(const QString& title, int kind) const;
+    /// The record with the change, replacing the given one wherever it is held.
+    Record replaceRecord(const Record& track, const Change& change);
+    [[nodiscard]] bool isNowplaying(const Record& track) const;
+    void replaceInSearches(const Record& old, const Record& replacement);
+    static void toggleFavorite(Record& track);
+
+    UserDefaults& defaults_;
+    Alerts& alerts_;
+    const Clock& clock_;
+    TableView& table_;
+    RVDataManagerDelegate* delegate_;
+    std::unique_ptr<LibrarySaver> saver_;
+    LibraryContents contents_;
+    RecordTable tophot_;
+    RecordTable recommended_;
+    TrackBrowser browser_;
+};
+
+} // namespace zib

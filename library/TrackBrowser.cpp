@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "library/TrackBrowser.h"
+
+#include "library/LibraryFile.h"
+#include "platform/TableView.h"
+#include "records/PropertyValue.h"
+
+namespace zib {
+namespace {
+
+Record numbered(const Record& track, qsizetype index)
+{
+    Record copy = track.copy();
+    copy.set(keys::Index, index);
+    return copy;
+}
+
+} // namespace
+
+TrackBrowser::TrackBrowser(const LibraryContents& contents, const RecordTable& tophot,
+                           const RecordTable& recommended, TableView& table)
+    : contents_(contents)
+    , tophot_(tophot)
+    , recommended_(recommended)
+    , tableView_(table)
+{
+}
+
+const RecordTable* TrackBrowser::table() const
+{
+    switch (collection_) {
+    case SourceType::TopHot:
+        return &tophot_;
+    case SourceType::Recommended:
+        return &recommended_;
+    case SourceType::Library:
+        return &contents_.library;
+    default:
+        return nullptr;
+    }
+}
+
+void TrackBrowser::setSource(SourceType source)
+{
+    switch (source) {
+    case SourceType::Playlists:
+    case SourceType::RecentSearches:
+    case SourceType::TopHot:
+    case SourceType::Recommended:
+    case SourceType::Library:
+        collection_ = source;
+        break;
+    case SourceType::NowPlaying:
+        break; // shows pages; the song list stays as it was
+    }
+    source_ = source;
+    if (hasBrowser()) {
+        uid_ = static_cast<int>(source);
+        tableView_.setAutosaveName(QString::number(uid_));
+        updateTracksBrowser();
+    }
+    Q_EMIT sourceChanged();
+}
+
+Record TrackBrowser::currentPlaylist() const
+{
+    const QList<Record>* lists = nullptr;
+    if (collection_ == SourceType::Playlists)
+        lists = &contents_.playlists;
+    else if (collection_ == SourceType::RecentSearches)
+        lists = &contents_.searches;
+    return lists != nullptr ? lists->value(playlistIndex_) : Record();
+}
+
+void TrackBrowser::setPlaylistIndex(int index)
+{
+    playlistIndex_ = index;
+    const Record playlist = currentPlaylist();
+    if (playlist.isNull())
+        return;
+    uid_ = playlist.integer(keys::Id);
+    name_ = playlist.string(keys::Name);
+    items_.clear();
+    if (collection_ == SourceType::Playlists) {
+        const QStringList ids = playlist.strings(keys::Tracks);
+        for (const QString& id : ids) {
+            if (Record track = contents_.library.find(id)) {
+                track.set(keys::Index, items_.size());
+                items_.append(track);
+            }
+        }
+    } else {
+        const QList<Record> tracks = playlist.records(keys::Tracks);
+        for (const Record& track : tracks)
+            items_.append(numbered(track, items_.size()));
+    }
+    tableView_.setAutosaveName(QString::number(uid_));
+    tableView_.reloadData();
+    tableView_.scrollRowToVisible(0);
+    tableView_.deselectAll();
+    Q_EMIT itemsChanged();
+    Q_EMIT sourceChanged();
+}
+
+bool TrackBrowser::passesFilter(const Record& track) const
+{
+    switch (filter_) {
+    case FilterType::All:
+        return true;
+    case FilterType::Downloads:
+        return track.boolean(keys::Downloaded);
+    case FilterType::Imported:
+        return track.string(keys::Location).startsWith(QLatin1String("file://"));
+    case FilterType::Favorites:
+        return track.boolean(keys::Favorite);
+    }
+    return true;
+}
+
+void TrackBrowser::reloadData()
+{
+    if (hasBrowser())
+        updateTracksBrowser();
+    else
+        tableView_.reloadData();
+}
+
+void TrackBrowser::updateTracksBrowser()
+{
+    if (const RecordTable* records = table()) {
+        items_.clear();
+        records->forEach([this](std::string_view, const Record& track) {
+            if (passesFilter(track))
+                items_.append(numbered(track, items_.size()));
+        });
+    }
+    show();
+}
+
+void TrackBrowser::show()
+{
+    tableView_.reloadData();
+    Q_EMIT itemsChanged();
+}
+
+int TrackBrowser::replaceItem(const Record& old, const Record& replacement, int hint)
+{
+    qsizetype row = hint >= 0 && hint < items_.size() && items_[hint] == old ? hint : items_.indexOf(old);
+    if (row < 0)
+        return NotFound;
+    Record shown = replacement.copy();
+    shown.set(keys::Index, items_[row].value(keys::Index));
+    items_[row] = shown;
+    show();
+    return int(row);
+}
+
+void TrackBrowser::recordReplaced(SourceType source)
+{
+    if (source == source_)
+        updateTracksBrowser();
+}
+
+} // namespace zib
