@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/Desktop.h"
+
+#include <QList>
+#include <QStringList>
+
+namespace zib {
+
+/// Keeps what was asked of the desktop.
+class FakeDesktop : public Desktop {
+  public:
+    bool openUrl(const QUrl& url) override
+    {
+        opened.append(url);
+        calls.append(QStringLiteral("openUrl"));
+        return opens;
+    }
+    void beep() override { calls.append(QStringLiteral("beep")); }
+    void bringToFront() override { calls.append(QStringLiteral("bringToFront")); }
+
+    bool opens = true;
+    QList<QUrl> opened;
+    QStringList calls; ///< every call by its name, in order
+};
+
+} // namespace zib
