@@ -2,10 +2,21 @@
 #include "services/ServiceHosts.h"
 
 #include "platform/SettingsKeys.h"
+#include "platform/UserDefaults.h"
 
 #include <QUrl>
 
 namespace zib {
+namespace {
+
+QString withoutTrailingSlashes(QString host)
+{
+    while (host.endsWith(QLatin1Char('/')))
+        host.chop(1);
+    return host;
+}
+
+} // namespace
 
 const QStringList& serviceHostKeys()
 {
@@ -31,13 +42,25 @@ std::optional<QVariantMap> hostsAtBase(const QString& base)
     if (url.scheme() != QLatin1String("http") || url.host().isEmpty() || url.hasQuery() ||
         url.hasFragment() || !url.userInfo().isEmpty())
         return std::nullopt;
-    QString host = url.authority() + url.path();
-    while (host.endsWith(QLatin1Char('/')))
-        host.chop(1);
+    const QString host = withoutTrailingSlashes(url.authority() + url.path());
     QVariantMap result;
     for (const QString& key : serviceHostKeys())
         result.insert(key, host);
     return result;
+}
+
+QByteArray serviceAddress(const UserDefaults& userDefaults, const QString& hostKey,
+                          const QString& pathAndQuery)
+{
+    const QString host = withoutTrailingSlashes(userDefaults.string(hostKey));
+    if (host.isEmpty())
+        return {};
+    return (QLatin1String("http://") + host + pathAndQuery).toUtf8();
+}
+
+QString hostName(const QString& serviceHost)
+{
+    return QUrl(QLatin1String("http://") + serviceHost, QUrl::StrictMode).host();
 }
 
 } // namespace zib

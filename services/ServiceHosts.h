@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QByteArray>
 #include <QStringList>
 #include <QVariantMap>
 
 #include <optional>
 
 namespace zib {
+
+class UserDefaults;
 
 /// The settings that name the host of an outside service. With none of them set, the bundled service stands
 /// in for all of them.
@@ -19,5 +22,14 @@ QVariantMap defaultAddresses();
 /// @param base "http://HOST[:PORT][/PATH]", a slash at its end is ignored; nothing when it is no such
 /// address.
 std::optional<QVariantMap> hostsAtBase(const QString& base);
+
+/// The address of a request to an outside service, by the host that the settings name now.
+/// @param pathAndQuery from the slash on, already percent-escaped.
+/// @return nothing when no host is configured.
+QByteArray serviceAddress(const UserDefaults& userDefaults, const QString& hostKey,
+                          const QString& pathAndQuery);
+
+/// The bare name or address in a HOST[:PORT][/PATH]; empty when there is none.
+QString hostName(const QString& serviceHost);
 
 } // namespace zib

@@ -2,8 +2,8 @@
 #include "services/utilities/StringUtilities.h"
 
 #include <QByteArray>
-#include <QStringDecoder>
 #include <QList>
+#include <QStringDecoder>
 
 namespace zib {
 namespace {
