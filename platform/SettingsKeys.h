@@ -40,4 +40,12 @@ inline const QString SupportPage = QStringLiteral("SupportPage");
 inline const QString SharedPlaylistsPage = QStringLiteral("SharedPlaylistsPage");
 inline const QString HomePage = QStringLiteral("HomePage");
 
+// The look: "light", "dark", or nothing for what the desktop has.
+inline const QString Appearance = QStringLiteral("Appearance");
+// Keeps the ticker still, whatever the desktop says.
+inline const QString ReduceMotion = QStringLiteral("ReduceMotion");
+inline const QString WindowGeometry = QStringLiteral("WindowGeometry");
+// Begins the key of a saved song-table layout; its name follows.
+inline const QString SongTableLayout = QStringLiteral("SongTableLayout ");
+
 } // namespace zib::settings
