@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+namespace zib {
+
+class MainWindowView;
+class Notices;
+class RVDataManager;
+class UserDefaults;
+
+/// What the parts of the main controller share; the controller holds it for them.
+struct ControllerContext {
+    RVDataManager& dataManager;
+    UserDefaults& defaults;
+    MainWindowView& window;
+    Notices& notices;
+    /// As the connectivity monitor last said.
+    bool connectedToInternet = false;
+};
+
+} // namespace zib

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+namespace zib {
+
+/// The picture in the now-playing panel.
+enum class Artwork {
+    SearchService, ///< nothing plays: the mark of the song search
+    Standard,      ///< a song without a cover
+};
+
+/// What the controller shows in the main window. The status line is no part of it: the window shows the
+/// setting "BriefStatusMessage" whenever that changes. Main thread.
+class MainWindowView {
+  public:
+    virtual ~MainWindowView() = default;
+
+    // Transport
+    virtual void setPlaying(bool playing) = 0;
+    virtual void setFavorite(bool loved) = 0;
+    virtual void setFavoriteEnabled(bool enabled) = 0;
+
+    // Now-playing panel
+    virtual void setArtwork(Artwork artwork) = 0;
+    virtual void setTickerHeader(const QString& text) = 0;
+    virtual void setTickerText(const QString& text) = 0;
+    /// @param percent 0 to 100.
+    virtual void setProgress(int percent) = 0;
+    virtual void setProgressEnabled(bool enabled) = 0;
+    virtual void setElapsedText(const QString& text) = 0;
+    virtual void setRemainingText(const QString& text) = 0;
+    /// The mark that sound is streaming in.
+    virtual void setStreamingMarkVisible(bool visible) = 0;
+
+    // Search
+    /// @param type 0 artist, 1 tags, 2 similar artists.
+    virtual void setSearchType(int type) = 0;
+    virtual void setSearchPlaceholder(const QString& text) = 0;
+    /// The sign that something is being fetched.
+    virtual void setLoaderAnimating(bool animating) = 0;
+
+    // Sources
+    /// The recent searches, or which source is shown, have changed: ask the library again.
+    virtual void reloadSources() = 0;
+    virtual void setConnected(bool connected) = 0;
+};
+
+} // namespace zib

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controller/Notices.h"
+
+#include "platform/Alerts.h"
+#include "platform/Desktop.h"
+#include "platform/UserDefaults.h"
+
+#include <QCoreApplication>
+
+namespace zib {
+
+namespace {
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("Notices", text);
+}
+
+} // namespace
+
+Notices::Notices(UserDefaults& defaults, Alerts& alerts, Desktop& desktop)
+    : defaults_(defaults)
+    , alerts_(alerts)
+    , desktop_(desktop)
+{
+}
+
+int Notices::runSuppressibleNotice(const QString& text, const QString& defaultsKey)
+{
+    return runSuppressible(text, defaultsKey, {translated("OK")});
+}
+
+int Notices::runSuppressibleConfirmation(const QString& text, const QString& defaultsKey)
+{
+    return runSuppressible(text, defaultsKey, {translated("OK"), translated("Cancel")});
+}
+
+void Notices::runErrorAlert(const QString& message, const QString& informativeText)
+{
+    desktop_.bringToFront();
+    desktop_.beep();
+    alerts_.runModal({.style = Alert::Style::Warning,
+                      .messageText = message,
+                      .informativeText = informativeText,
+                      .buttons = {translated("OK")}});
+}
+
+int Notices::runSuppressible(const QString& text, const QString& defaultsKey, const QStringList& buttons)
+{
+    if (defaults_.boolean(defaultsKey))
+        return 0;
+    desktop_.bringToFront();
+    const AlertResult result = alerts_.runModal({.style = Alert::Style::Warning,
+                                                 .messageText = translated("Zib!"),
+                                                 .informativeText = text,
+                                                 .buttons = buttons,
+                                                 .showsSuppressionButton = true});
+    // Whichever button was pressed: who cancels and ticks the box is not asked again either.
+    if (result.suppressed)
+        defaults_.setValue(defaultsKey, true);
+    return result.button;
+}
+
+} // namespace zib

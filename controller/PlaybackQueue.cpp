@@ -1,0 +1,486 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controller/PlaybackQueue.h"
+
+#include "controller/ControllerContext.h"
+#include "controller/MainWindowView.h"
+#include "controller/Notices.h"
+#include "library/RVDataManager.h"
+#include "platform/Clock.h"
+#include "platform/SettingsKeys.h"
+#include "platform/TableView.h"
+#include "platform/UserDefaults.h"
+#include "records/PropertyValue.h"
+#include "services/utilities/StringUtilities.h"
+
+#include <QCoreApplication>
+#include <QLoggingCategory>
+
+namespace zib {
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "zib.controller")
+
+constexpr int secondsThatGoBack = 4;
+constexpr float volumeStep = 0.1F;
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("PlaybackQueue", text);
+}
+
+bool isLocalFile(const Record& track)
+{
+    return track.utf8(keys::Location).starts_with("file://");
+}
+
+QString artistAndName(const Record& track)
+{
+    return QStringLiteral("%1 - %2").arg(track.string(keys::Artist), track.string(keys::Name));
+}
+
+/// The replacement of a playing record. What the library stores has no place in the list; what plays needs
+/// it.
+Record withIndex(const Record& replacement, const Record& old)
+{
+    if (replacement.contains(keys::Index) || !old.contains(keys::Index))
+        return replacement;
+    Record track = replacement.copy();
+    track.set(keys::Index, old.value(keys::Index));
+    return track;
+}
+
+QString namesOf(const QList<Record>& tracks)
+{
+    QStringList names;
+    for (const Record& track : tracks)
+        names.append(artistAndName(track));
+    return names.join(QLatin1Char('\n'));
+}
+
+} // namespace
+
+void PlaybackQueue::StreamReports::fileNotFound(const Record& track)
+{
+    context_.dataManager.fileNotFound(track);
+}
+
+void PlaybackQueue::StreamReports::exportedFile(const Record& track)
+{
+    context_.dataManager.exportedFile(track);
+}
+
+PlaybackQueue::PlaybackQueue(ControllerContext& context, RVPlayer& player, const Clock& clock)
+    : context_(context)
+    , player_(player)
+    , clock_(clock)
+    , streamReports_(context)
+{
+}
+
+// Choosing and starting
+
+void PlaybackQueue::songSelected()
+{
+    const QList<Record>& items = context_.dataManager.items();
+    if (items.isEmpty())
+        return;
+    const QList<int> rows = context_.dataManager.playlistsTableView().selectedRows();
+    const Record track = items.value(rows.isEmpty() ? 0 : rows.first());
+    if (!track)
+        return;
+    if (!context_.connectedToInternet && !isLocalFile(track) && !track.boolean(keys::Downloaded)) {
+        context_.notices.runErrorAlert(
+            translated("You are not connected to the Internet"),
+            translated("This computer’s Internet connection appears to be offline."));
+        return;
+    }
+    updateSnapshot();
+    playTrack(track);
+}
+
+void PlaybackQueue::updateSnapshot()
+{
+    const RVDataManager& library = context_.dataManager;
+    snapshot_ = NowPlayingSnapshot{
+        .playlistIndex = library.currentPlaylistIndex(),
+        .sourceType = library.currentSourceType(),
+        .playlistItems = library.items(),
+        .playlistUid = library.currentUID(),
+        .filterType = library.currentFilterType(),
+        .track = {},
+    };
+}
+
+void PlaybackQueue::playTrack(const Record& chosen)
+{
+    Record track = chosen;
+    player_.stop();
+    context_.window.setLoaderAnimating(false);
+    context_.window.setStreamingMarkVisible(false);
+    context_.window.setRemainingText(QStringLiteral("-0:00"));
+
+    player_.playTrack(track);
+    context_.window.setPlaying(player_.isPlaying());
+    context_.window.setFavorite(track.boolean(keys::Favorite));
+    context_.window.setFavoriteEnabled(true);
+
+    const bool playsFile = player_.isPlaying() && !player_.isStreaming();
+    if (playsFile)
+        adoptLocalFile(track);
+    if (snapshot_)
+        snapshot_->track = track;
+    reloadTracks();
+
+    if (playsFile)
+        setArtworkForCurrentTrack();
+    else if (player_.hasMedia())
+        showTitles();
+}
+
+/// A song that plays from disk is not broken, and one from the web that does has been downloaded.
+void PlaybackQueue::adoptLocalFile(Record& track)
+{
+    if (track.boolean(keys::BrokenLink))
+        track = withIndex(context_.dataManager.fileRefound(track), track);
+    if (!isLocalFile(track))
+        track.set(keys::Downloaded, true);
+}
+
+void PlaybackQueue::playPause()
+{
+    if (player_.hasMedia())
+        player_.playPause();
+    else
+        songSelected();
+    context_.window.setPlaying(player_.isPlaying());
+}
+
+void PlaybackQueue::pause()
+{
+    if (player_.isPlaying())
+        playPause();
+}
+
+void PlaybackQueue::stop()
+{
+    player_.stop();
+    context_.window.setLoaderAnimating(false);
+    context_.window.setStreamingMarkVisible(false);
+    context_.window.setPlaying(player_.isPlaying());
+    context_.window.setProgress(0);
+    context_.window.setProgressEnabled(false);
+    snapshot_.reset();
+    reloadTracks();
+    context_.window.setRemainingText({});
+    context_.window.setElapsedText({});
+    showIdleBanner();
+    context_.window.setFavorite(false);
+    context_.window.setFavoriteEnabled(false);
+}
+
+void PlaybackQueue::showIdleBanner()
+{
+    context_.window.setTickerHeader(translated("Powered by"));
+    context_.window.setArtwork(Artwork::SearchService);
+    context_.window.setTickerText(translated("The Echo Nest"));
+    const QString host = context_.defaults.string(settings::SongSearchHost);
+    setStatus(host.isEmpty() ? context_.defaults.string(settings::HomePage)
+                             : QStringLiteral("http://") + host);
+}
+
+// Next and back
+
+void PlaybackQueue::nextTrack()
+{
+    if (!player_.hasMedia())
+        return;
+    if (player_.currentTime() >= player_.duration() / 2)
+        countPlay();
+    const int index = indexOfCurrentItem();
+    if (index < 0) {
+        qCWarning(log).noquote() << QStringLiteral("current track not found! %1\n%2")
+                                        .arg(nowplayingTrackIndex())
+                                        .arg(snapshot_ ? namesOf(snapshot_->playlistItems) : QString());
+        return;
+    }
+    playFrom(index + 1, 1);
+}
+
+void PlaybackQueue::backTrack()
+{
+    if (!player_.hasMedia())
+        return;
+    if (player_.currentTime() < secondsThatGoBack) {
+        const int index = indexOfCurrentItem();
+        if (index < 0) {
+            qCWarning(log, "current track not found!");
+            return;
+        }
+        if (index > 0) {
+            playFrom(index - 1, -1);
+            return;
+        }
+    }
+    player_.backTrack();
+}
+
+void PlaybackQueue::playFrom(int index, int step)
+{
+    // A copy: starting a song may end in stop, which drops the snapshot.
+    const QList<Record> items = snapshot_->playlistItems;
+    for (; index >= 0 && index < items.size(); index += step) {
+        if (canPlayNow(items[index])) {
+            playTrack(items[index]);
+            return;
+        }
+    }
+    stop();
+}
+
+bool PlaybackQueue::canPlayNow(const Record& track) const
+{
+    if (track.boolean(keys::BrokenLink))
+        return false;
+    return context_.connectedToInternet || !track.utf8(keys::Location).starts_with("http://") ||
+           track.boolean(keys::Downloaded);
+}
+
+int PlaybackQueue::indexOfCurrentItem() const
+{
+    if (!snapshot_)
+        return -1;
+    const qint64 current = nowplayingTrackIndex();
+    for (int row = 0; row < snapshot_->playlistItems.size(); ++row)
+        if (snapshot_->playlistItems[row].integer(keys::Index) == current)
+            return row;
+    return -1;
+}
+
+void PlaybackQueue::countPlay()
+{
+    const Record track = nowplayingTrack();
+    if (!track)
+        return;
+    const QString id = track.string(keys::Id);
+    // The same song can be several objects: what is shown are copies of what the library holds.
+    QList<Record> holders{track, context_.dataManager.library().find(id)};
+    for (const Record& item : context_.dataManager.items())
+        if (item.utf8(keys::Id) == track.utf8(keys::Id))
+            holders.append(item);
+    const PropertyValue count(track.integer(keys::PlayCount) + 1);
+    const PropertyValue date(clock_.now());
+    for (Record& holder : holders) {
+        if (!holder)
+            continue;
+        holder.set(keys::PlayCount, count);
+        holder.set(keys::PlayDate, date);
+    }
+    reloadTracks();
+    context_.dataManager.saveLibrary();
+}
+
+// Position and loudness
+
+void PlaybackQueue::scanTrack(double percent)
+{
+    player_.seekToTime(percent);
+}
+
+void PlaybackQueue::setSoundLevel(float level)
+{
+    player_.setVolume(level);
+}
+
+// A step can leave the range by less than a step; the next one in that direction is refused.
+
+void PlaybackQueue::volumeUp()
+{
+    const auto level = float(context_.defaults.real(settings::SoundLevel));
+    if (level >= 1.0F)
+        return;
+    player_.setVolume(level + volumeStep);
+    context_.defaults.setValue(settings::SoundLevel, level + volumeStep);
+}
+
+void PlaybackQueue::volumeDown()
+{
+    const auto level = float(context_.defaults.real(settings::SoundLevel));
+    if (level <= 0.0F)
+        return;
+    player_.setVolume(level - volumeStep);
+    context_.defaults.setValue(settings::SoundLevel, level - volumeStep);
+}
+
+// Love
+
+void PlaybackQueue::addCurrentFavorite(bool on)
+{
+    Record track = nowplayingTrack();
+    if (!track)
+        return;
+    context_.dataManager.addFavorite(track);
+    track.set(keys::Favorite, on);
+    if (on)
+        noticeLove();
+}
+
+void PlaybackQueue::addFavorite(int row)
+{
+    const Record track = context_.dataManager.items().value(row);
+    if (!track)
+        return;
+    const bool loved = !track.boolean(keys::Favorite);
+    if (track.string(keys::Id) == nowplayingTrackID())
+        context_.window.setFavorite(loved);
+    context_.dataManager.markFavoriteAtIndex(row);
+    if (loved)
+        noticeLove();
+}
+
+void PlaybackQueue::noticeLove()
+{
+    context_.notices.runSuppressibleNotice(
+        translated("You just loved a song. This is a good thing! The more songs you love, the better "
+                   "recommendations you get."),
+        settings::SupressDialogFavorites);
+}
+
+// What the player reports
+
+void PlaybackQueue::updateProgress()
+{
+    const int current = player_.currentTime();
+    const int duration = player_.duration();
+    const int remaining = duration - current;
+    context_.window.setElapsedText(timeString(current));
+    if (remaining < 1) {
+        context_.window.setRemainingText({});
+        context_.window.setProgressEnabled(false);
+        return;
+    }
+    context_.window.setRemainingText(QLatin1Char('-') + timeString(remaining));
+    context_.window.setProgress(int(qint64(current) * 100 / duration));
+    context_.window.setProgressEnabled(true);
+}
+
+void PlaybackQueue::playbackStateChanged(AudioStreamer& streamer)
+{
+    MainWindowView& window = context_.window;
+    if (streamer.isWaiting()) {
+        window.setStreamingMarkVisible(false);
+        window.setLoaderAnimating(context_.connectedToInternet);
+        if (context_.connectedToInternet)
+            setStatus(translated("Buffering..."));
+        else
+            endOfSong();
+    } else if (streamer.isPlaying()) {
+        window.setLoaderAnimating(false);
+        player_.setVolume(float(context_.defaults.real(settings::SoundLevel)));
+        window.setStreamingMarkVisible(true);
+        setArtworkForCurrentTrack();
+        window.setPlaying(true);
+        if (snapshot_ && snapshot_->track.boolean(keys::BrokenLink)) {
+            setNowplayingTrack(context_.dataManager.fileRefound(snapshot_->track));
+            reloadTracks();
+        }
+    } else if (streamer.isIdle()) {
+        setStatus(translated("Idle"));
+        window.setStreamingMarkVisible(false);
+        window.setLoaderAnimating(false);
+        endOfSong();
+    }
+}
+
+void PlaybackQueue::movieDidEnd(Movie&)
+{
+    endOfSong();
+}
+
+void PlaybackQueue::endOfSong()
+{
+    const bool goesOn = (snapshot_ && RVDataManager::sourceIsContinuos(snapshot_->sourceType)) ||
+                        context_.defaults.boolean(settings::PlayAllSourcesContinuously);
+    if (goesOn)
+        nextTrack();
+    else
+        stop();
+}
+
+// What the window shows of it
+
+void PlaybackQueue::setArtworkForCurrentTrack()
+{
+    showTitles();
+    setStatus(player_.isStreaming() ? translated("Streaming...") : translated("Playing from disk"));
+}
+
+void PlaybackQueue::showTitles()
+{
+    context_.window.setArtwork(Artwork::Standard);
+    context_.window.setTickerHeader(translated("Now Playing"));
+    context_.window.setTickerText(artistAndName(nowplayingTrack()));
+}
+
+void PlaybackQueue::setNowplayingTrack(const Record& track)
+{
+    if (snapshot_)
+        snapshot_->track = withIndex(track, snapshot_->track);
+}
+
+void PlaybackQueue::updateNowplayingTrack(const Record& track)
+{
+    setNowplayingTrack(track);
+    if (snapshot_)
+        context_.window.setTickerText(artistAndName(track));
+}
+
+void PlaybackQueue::reloadTracks()
+{
+    context_.dataManager.playlistsTableView().reloadData();
+}
+
+void PlaybackQueue::setStatus(const QString& text)
+{
+    context_.defaults.setValue(settings::BriefStatusMessage, text);
+}
+
+// The snapshot
+
+Record PlaybackQueue::nowplayingTrack() const
+{
+    return snapshot_ ? snapshot_->track : Record();
+}
+
+QString PlaybackQueue::nowplayingTrackID() const
+{
+    return nowplayingTrack().string(keys::Id);
+}
+
+int PlaybackQueue::nowplayingTrackIndex() const
+{
+    return snapshot_ ? int(snapshot_->track.integer(keys::Index)) : -1;
+}
+
+int PlaybackQueue::nowplayingSourceType() const
+{
+    return snapshot_ ? int(snapshot_->sourceType) : -1;
+}
+
+int PlaybackQueue::nowplayingPlaylistIndex() const
+{
+    return snapshot_ ? snapshot_->playlistIndex : -1;
+}
+
+qint64 PlaybackQueue::nowplayingPlaylistUID() const
+{
+    return snapshot_ ? snapshot_->playlistUid : -1;
+}
+
+void PlaybackQueue::setNowplayingPlaylistIndex(int index)
+{
+    if (snapshot_)
+        snapshot_->playlistIndex = index;
+}
+
+} // namespace zib

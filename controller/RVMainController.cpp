@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "controller/RVMainController.h"
+
+#include "controller/MainWindowView.h"
+#include "library/RVDataManager.h"
+#include "platform/TableView.h"
+
+namespace zib {
+
+RVMainController::RVMainController(RVDataManager& dataManager, RVPlayer& player, const WebServices& services,
+                                   UserDefaults& defaults, Alerts& alerts, Desktop& desktop,
+                                   MainWindowView& window)
+    : player_(player)
+    , notices_(defaults, alerts, desktop)
+    , context_{.dataManager = dataManager, .defaults = defaults, .window = window, .notices = notices_}
+    , playback_(context_, player, services.clock)
+    , search_(context_, playback_, services)
+{
+    dataManager.setDelegate(this);
+    player.setDelegate(&playback_);
+}
+
+RVMainController::~RVMainController()
+{
+    player_.stop();
+    player_.setDelegate(nullptr);
+    context_.dataManager.setDelegate(nullptr);
+}
+
+void RVMainController::windowDidLoad()
+{
+    search_.showSearchType();
+    playback_.stop();
+    if (context_.dataManager.searches().isEmpty())
+        showLibrary(FilterType::All);
+    else
+        showSearch(0);
+}
+
+void RVMainController::showLibrary(FilterType filter)
+{
+    context_.dataManager.setCurrentFilterType(filter);
+    context_.dataManager.setSource(SourceType::Library);
+    context_.window.reloadSources();
+}
+
+void RVMainController::showSearch(int index)
+{
+    context_.dataManager.setSource(SourceType::RecentSearches);
+    context_.dataManager.setCurrentPlaylistIndex(index);
+    context_.window.reloadSources();
+}
+
+void RVMainController::connectedToInternetNotification()
+{
+    connectivityChanged(true);
+}
+
+void RVMainController::disconnectedFromInternetNotification()
+{
+    connectivityChanged(false);
+}
+
+void RVMainController::connectivityChanged(bool connected)
+{
+    context_.connectedToInternet = connected;
+    context_.window.setConnected(connected);
+    // Which songs can be played now shows in the rows.
+    context_.dataManager.playlistsTableView().reloadData();
+}
+
+} // namespace zib

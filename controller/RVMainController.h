@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "controller/ControllerContext.h"
+#include "controller/Notices.h"
+#include "controller/PlaybackQueue.h"
+#include "controller/SearchFlow.h"
+#include "library/RVDataManagerDelegate.h"
+#include "services/PKNetwork.h"
+
+namespace zib {
+
+class Alerts;
+class Desktop;
+
+/// The main window's controller: what a control of the window does is one call here. Its parts do the work.
+/// It is the delegate of the library manager and the player from its construction on; the connectivity
+/// monitor is made with it as delegate. Main thread.
+class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate {
+  public:
+    /// All of them outlive the controller.
+    RVMainController(RVDataManager& dataManager, RVPlayer& player, const WebServices& services,
+                     UserDefaults& defaults, Alerts& alerts, Desktop& desktop, MainWindowView& window);
+    ~RVMainController() override;
+
+    /// Fills the window: search type, idle banner, and the most recent search or else the library.
+    void windowDidLoad();
+
+    [[nodiscard]] RVDataManager& dataManager() { return context_.dataManager; }
+    [[nodiscard]] PlaybackQueue& playback() { return playback_; }
+    [[nodiscard]] const PlaybackQueue& playback() const { return playback_; }
+    [[nodiscard]] SearchFlow& search() { return search_; }
+    [[nodiscard]] Notices& notices() { return notices_; }
+
+    /// Shows the library's songs that pass the filter.
+    void showLibrary(FilterType filter);
+    /// Shows a recent search; 0 is the newest.
+    void showSearch(int index);
+
+    // For the library manager
+    [[nodiscard]] Record nowplayingTrack() const override { return playback_.nowplayingTrack(); }
+    void setNowplayingTrack(const Record& track) override { playback_.setNowplayingTrack(track); }
+    [[nodiscard]] bool connectedToInternet() const override { return context_.connectedToInternet; }
+
+    // From the connectivity monitor
+    void connectedToInternetNotification() override;
+    void disconnectedFromInternetNotification() override;
+    void pause() override { playback_.pause(); }
+
+  private:
+    void connectivityChanged(bool connected);
+
+    RVPlayer& player_;
+    Notices notices_;
+    ControllerContext context_;
+    PlaybackQueue playback_;
+    SearchFlow search_;
+};
+
+} // namespace zib

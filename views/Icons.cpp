@@ -1,0 +1,105 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "views/Icons.h"
+
+#include "views/Theme.h"
+
+#include <QFile>
+#include <QIconEngine>
+#include <QPainter>
+#include <QPixmapCache>
+#include <QSvgRenderer>
+
+namespace zib {
+
+namespace {
+
+QColor colourOf(Tint tint)
+{
+    const Theme& theme = Theme::current();
+    switch (tint) {
+    case Tint::Text:
+        return theme.text;
+    case Tint::Secondary:
+        return theme.secondary;
+    case Tint::Accent:
+        return theme.accent;
+    case Tint::Loved:
+        return theme.loved;
+    case Tint::Error:
+        return theme.error;
+    case Tint::OnAccent:
+        return theme.onAccent;
+    }
+    return theme.text;
+}
+
+class TintedIcon : public QIconEngine {
+  public:
+    TintedIcon(QString name, Tint tint)
+        : name_(std::move(name))
+        , tint_(tint)
+    {
+    }
+
+    QIconEngine* clone() const override { return new TintedIcon(name_, tint_); }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
+    {
+        return scaledPixmap(size, mode, state, 1);
+    }
+
+    QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State state, qreal) override
+    {
+        QPixmap pixmap(size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        paint(&painter, pixmap.rect(), mode, state);
+        return pixmap;
+    }
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override
+    {
+        const QColor colour = mode == QIcon::Disabled   ? Theme::current().outline
+                              : mode == QIcon::Selected ? Theme::current().onAccent
+                                                        : colourOf(tint_);
+        const qreal ratio = painter->device()->devicePixelRatio();
+        const QString key = QStringLiteral("zib-%1-%2-%3-%4")
+                                .arg(name_, colour.name())
+                                .arg(rect.width() * ratio)
+                                .arg(rect.height() * ratio);
+        QPixmap pixmap;
+        if (!QPixmapCache::find(key, &pixmap)) {
+            pixmap = draw(colour, rect.size() * ratio);
+            QPixmapCache::insert(key, pixmap);
+        }
+        pixmap.setDevicePixelRatio(ratio);
+        painter->drawPixmap(rect.topLeft(), pixmap);
+    }
+
+  private:
+    [[nodiscard]] QPixmap draw(const QColor& colour, const QSize& size) const
+    {
+        QPixmap pixmap(size);
+        pixmap.fill(Qt::transparent);
+        QFile file(QStringLiteral(":/zib/icons/%1.svg").arg(name_));
+        if (!file.open(QIODevice::ReadOnly))
+            return pixmap;
+        QSvgRenderer renderer(file.readAll().replace("currentColor", colour.name().toLatin1()));
+        renderer.setAspectRatioMode(Qt::KeepAspectRatio);
+        QPainter painter(&pixmap);
+        renderer.render(&painter);
+        return pixmap;
+    }
+
+    QString name_;
+    Tint tint_;
+};
+
+} // namespace
+
+QIcon icon(const QString& name, Tint tint)
+{
+    return QIcon(new TintedIcon(name, tint));
+}
+
+} // namespace zib

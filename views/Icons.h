@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QIcon>
+#include <QString>
+
+namespace zib {
+
+enum class Tint { Text, Secondary, Accent, Loved, Error, OnAccent };
+
+/// The line drawing resources/icons/NAME.svg in a colour of the theme in use, sharp at any size and ratio.
+/// A change of theme recolours it at its next painting.
+QIcon icon(const QString& name, Tint tint = Tint::Text);
+
+} // namespace zib

@@ -1,0 +1,388 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "views/MainWindow.h"
+
+#include "controller/RVMainController.h"
+#include "library/RVDataManager.h"
+#include "platform/SettingsKeys.h"
+#include "platform/UserDefaults.h"
+#include "views/EmptyPlace.h"
+#include "views/Icons.h"
+#include "views/NowPlayingPanel.h"
+#include "views/SearchBar.h"
+#include "views/SongTable.h"
+#include "views/SourceListView.h"
+#include "views/TextLabel.h"
+#include "views/Theme.h"
+#include "views/ValueSlider.h"
+
+#include <QApplication>
+#include <QBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QShortcut>
+#include <QSplitter>
+#include <QStackedWidget>
+#include <QToolButton>
+
+namespace zib {
+
+namespace {
+
+constexpr QSize smallestWindow(960, 600);
+constexpr QSize comfortableWindow(1280, 800);
+constexpr int sourceListWidth = 200;
+
+QToolButton* makeButton(const QString& iconName, int iconSize, const QString& accessibleName,
+                        const QString& tip, QWidget* parent)
+{
+    auto* button = new QToolButton(parent);
+    button->setIcon(icon(iconName));
+    button->setIconSize(QSize(iconSize, iconSize));
+    button->setAccessibleName(accessibleName);
+    button->setToolTip(tip);
+    button->setFocusPolicy(Qt::StrongFocus);
+    return button;
+}
+
+} // namespace
+
+MainWindow::MainWindow(UserDefaults& defaults)
+    : defaults_(defaults)
+{
+    setWindowTitle(QStringLiteral("Zib"));
+    setMinimumSize(smallestWindow);
+    auto* content = new QWidget(this);
+    auto* layout = new QVBoxLayout(content);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(makeBar());
+    layout->addWidget(makeMainArea(), 1);
+    layout->addWidget(makeStatusLine());
+    setCentralWidget(content);
+    restorePlace();
+    showVolume();
+    status_->setShownText(defaults_.string(settings::BriefStatusMessage));
+    connect(&defaults_, &UserDefaults::changed, this, [this](const QString& key) {
+        if (key == settings::SoundLevel)
+            showVolume();
+        else if (key == settings::BriefStatusMessage)
+            status_->setShownText(defaults_.string(key));
+    });
+    qApp->installEventFilter(this);
+}
+
+MainWindow::~MainWindow() = default;
+
+TableView& MainWindow::songTable()
+{
+    return *table_;
+}
+
+// The parts
+
+QWidget* MainWindow::makeBar()
+{
+    auto* bar = new QWidget(this);
+    bar->setObjectName(QStringLiteral("bar"));
+    bar->setAttribute(Qt::WA_StyledBackground);
+    back_ = makeButton(QStringLiteral("back"), 20, tr("Back"), tr("Previous song (Ctrl+Left)"), bar);
+    playPause_ =
+        makeButton(QStringLiteral("play"), 28, tr("Play or pause"), tr("Play or pause (Space)"), bar);
+    playPause_->setCheckable(true);
+    next_ = makeButton(QStringLiteral("next"), 20, tr("Next"), tr("Next song (Ctrl+Right)"), bar);
+    panel_ = new NowPlayingPanel(bar);
+    love_ = makeButton(QStringLiteral("heart"), 20, tr("Love"), tr("Love this song (Ctrl+L)"), bar);
+    love_->setCheckable(true);
+    love_->setEnabled(false);
+    speaker_ = new QLabel(bar);
+    volume_ = new VolumeSlider(bar);
+    volume_->setFixedWidth(88);
+    search_ = new SearchBar(bar);
+    search_->setMaximumWidth(440);
+
+    auto* layout = new QHBoxLayout(bar);
+    layout->setContentsMargins(Theme::between, Theme::between, Theme::between, Theme::between);
+    layout->setSpacing(Theme::within);
+    layout->addWidget(back_);
+    layout->addWidget(playPause_);
+    layout->addWidget(next_);
+    layout->addSpacing(Theme::between);
+    layout->addWidget(panel_, 3);
+    layout->addSpacing(Theme::within);
+    layout->addWidget(love_);
+    layout->addSpacing(Theme::between);
+    layout->addWidget(speaker_);
+    layout->addWidget(volume_);
+    layout->addSpacing(Theme::between);
+    layout->addWidget(search_, 2);
+    return bar;
+}
+
+QWidget* MainWindow::makeMainArea()
+{
+    auto* splitter = new QSplitter(this);
+    splitter->setHandleWidth(1);
+    splitter->setChildrenCollapsible(false);
+    sources_ = new SourceListView(splitter);
+    sources_->setMinimumWidth(140);
+
+    auto* right = new QWidget(splitter);
+    auto* layout = new QVBoxLayout(right);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    offline_ = new QLabel(
+        tr("You are offline. Songs on this computer still play; those on the web are shown in grey."), right);
+    offline_->setObjectName(QStringLiteral("offline"));
+    offline_->hide();
+    songs_ = new QStackedWidget(right);
+    table_ = new SongTable(defaults_, songs_);
+    empty_ = new EmptyPlace(songs_);
+    songs_->addWidget(table_);
+    songs_->addWidget(empty_);
+    layout->addWidget(offline_);
+    layout->addWidget(songs_, 1);
+
+    splitter->addWidget(sources_);
+    splitter->addWidget(right);
+    splitter->setStretchFactor(0, 0);
+    splitter->setStretchFactor(1, 1);
+    splitter->setSizes({sourceListWidth, comfortableWindow.width() - sourceListWidth});
+    return splitter;
+}
+
+QWidget* MainWindow::makeStatusLine()
+{
+    auto* line = new QWidget(this);
+    line->setObjectName(QStringLiteral("statusLine"));
+    line->setAttribute(Qt::WA_StyledBackground);
+    status_ = new TextLabel(tr("Status"), line);
+    auto* layout = new QHBoxLayout(line);
+    layout->setContentsMargins(12, Theme::within, 12, Theme::within);
+    layout->addWidget(status_, 1);
+    return line;
+}
+
+void MainWindow::restorePlace()
+{
+    const auto geometry = QByteArray::fromBase64(defaults_.string(settings::WindowGeometry).toLatin1());
+    if (geometry.isEmpty() || !restoreGeometry(geometry))
+        resize(comfortableWindow);
+}
+
+// What the user does
+
+void MainWindow::attach(RVMainController& controller)
+{
+    controller_ = &controller;
+    table_->setController(&controller);
+    panel_->setDurationSource([&controller] { return controller.playback().duration(); });
+    connectControls();
+    makeShortcuts();
+    controller.windowDidLoad();
+    search_->focusField();
+}
+
+void MainWindow::detach()
+{
+    controller_ = nullptr;
+    table_->setController(nullptr);
+    panel_->setDurationSource({});
+}
+
+void MainWindow::connectControls()
+{
+    // A click also switches a checkable button; the controller then shows what is the case.
+    connect(back_, &QToolButton::clicked, this, [this] { playback().backTrack(); });
+    connect(playPause_, &QToolButton::clicked, this, [this] { playback().playPause(); });
+    connect(next_, &QToolButton::clicked, this, [this] { playback().nextTrack(); });
+    connect(love_, &QToolButton::clicked, this, [this](bool on) {
+        setFavorite(on);
+        playback().addCurrentFavorite(on);
+    });
+    connect(panel_, &NowPlayingPanel::scanRequested, this,
+            [this](double percent) { playback().scanTrack(percent); });
+    connect(volume_, &VolumeSlider::chosen, this, [this](double percent) {
+        defaults_.setValue(settings::SoundLevel, percent / 100);
+        playback().setSoundLevel(float(percent / 100));
+    });
+    connect(search_, &SearchBar::searchTypeChosen, this,
+            [this](int type) { controller_->search().radioTypeSelected(type); });
+    connect(search_, &SearchBar::searchRequested, this,
+            [this](const QString& text) { controller_->search().performSearchAction(text); });
+    connect(sources_, &SourceListView::libraryChosen, this,
+            [this](FilterType filter) { controller_->showLibrary(filter); });
+    connect(sources_, &SourceListView::searchChosen, this,
+            [this](int index) { controller_->showSearch(index); });
+    connect(table_, &SongTable::activated, this, [this] { playback().songSelected(); });
+    connect(table_, &SongTable::loveToggled, this, [this](int row) { playback().addFavorite(row); });
+    connect(table_, &SongTable::reloaded, this, &MainWindow::updateEmptyPlace);
+}
+
+PlaybackQueue& MainWindow::playback()
+{
+    return controller_->playback();
+}
+
+void MainWindow::makeShortcuts()
+{
+    const auto add = [this](const QKeySequence& keys, auto action) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, action);
+    };
+    add(Qt::CTRL | Qt::Key_F, [this] { search_->focusField(); });
+    add(Qt::CTRL | Qt::Key_Left, [this] { playback().backTrack(); });
+    add(Qt::CTRL | Qt::Key_Right, [this] { playback().nextTrack(); });
+    add(Qt::CTRL | Qt::Key_Up, [this] { playback().volumeUp(); });
+    add(Qt::CTRL | Qt::Key_Down, [this] { playback().volumeDown(); });
+    // The songs selected where the table has the focus, else the one that plays.
+    add(Qt::CTRL | Qt::Key_L, [this] {
+        const QList<int> rows = table_->selectedRows();
+        if (table_->hasFocus() && !rows.isEmpty())
+            playback().addFavorite(rows.first());
+        else
+            love_->click();
+    });
+    add(QKeySequence::Quit, [] { QApplication::quit(); });
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    // The space key plays or pauses where a list has the focus.
+    if (event->type() == QEvent::KeyRelease && controller_ && (watched == table_ || watched == sources_)) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() == Qt::Key_Space && !key->isAutoRepeat()) {
+            playback().playPause();
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    defaults_.setValue(settings::WindowGeometry, QString::fromLatin1(saveGeometry().toBase64()));
+    QMainWindow::closeEvent(event);
+}
+
+// What the controller shows
+
+void MainWindow::setPlaying(bool playing)
+{
+    playPause_->setChecked(playing);
+    playPause_->setIcon(icon(playing ? QStringLiteral("pause") : QStringLiteral("play")));
+    playPause_->setToolTip(playing ? tr("Pause (Space)") : tr("Play (Space)"));
+}
+
+void MainWindow::setFavorite(bool loved)
+{
+    love_->setChecked(loved);
+    love_->setIcon(loved ? icon(QStringLiteral("heart-filled"), Tint::Loved) : icon(QStringLiteral("heart")));
+    love_->setToolTip(loved ? tr("Love this song no more (Ctrl+L)") : tr("Love this song (Ctrl+L)"));
+}
+
+void MainWindow::setFavoriteEnabled(bool enabled)
+{
+    love_->setEnabled(enabled);
+}
+
+void MainWindow::setArtwork(Artwork artwork)
+{
+    panel_->setArtwork(artwork);
+}
+
+void MainWindow::setTickerHeader(const QString& text)
+{
+    panel_->setHeader(text);
+}
+
+void MainWindow::setTickerText(const QString& text)
+{
+    panel_->setTickerText(text);
+}
+
+void MainWindow::setProgress(int percent)
+{
+    panel_->setProgress(percent);
+}
+
+void MainWindow::setProgressEnabled(bool enabled)
+{
+    panel_->setProgressEnabled(enabled);
+}
+
+void MainWindow::setElapsedText(const QString& text)
+{
+    panel_->setElapsedText(text);
+}
+
+void MainWindow::setRemainingText(const QString& text)
+{
+    panel_->setRemainingText(text);
+}
+
+void MainWindow::setStreamingMarkVisible(bool visible)
+{
+    panel_->setStreamingMarkVisible(visible);
+}
+
+void MainWindow::setSearchType(int type)
+{
+    search_->setSearchType(type);
+}
+
+void MainWindow::setSearchPlaceholder(const QString& text)
+{
+    search_->setPlaceholder(text);
+}
+
+void MainWindow::setLoaderAnimating(bool animating)
+{
+    search_->setBusy(animating);
+}
+
+void MainWindow::setConnected(bool connected)
+{
+    offline_->setVisible(!connected);
+}
+
+void MainWindow::reloadSources()
+{
+    const RVDataManager& library = controller_->dataManager();
+    sources_->showSearches(library.searches());
+    sources_->markCurrent(library.currentSourceType(), library.currentFilterType(),
+                          library.currentPlaylistIndex());
+    updateEmptyPlace();
+}
+
+void MainWindow::showVolume()
+{
+    const double level = defaults_.real(settings::SoundLevel);
+    volume_->showValue(qRound(level * 100));
+    const QString name = level <= 0    ? QStringLiteral("volume-off")
+                         : level < 0.5 ? QStringLiteral("volume-low")
+                                       : QStringLiteral("volume-high");
+    speaker_->setPixmap(icon(name, Tint::Secondary).pixmap(QSize(20, 20), devicePixelRatioF()));
+}
+
+void MainWindow::updateEmptyPlace()
+{
+    if (!controller_)
+        return;
+    const RVDataManager& library = controller_->dataManager();
+    if (!library.items().isEmpty()) {
+        songs_->setCurrentWidget(table_);
+        return;
+    }
+    if (library.currentSourceType() == SourceType::RecentSearches)
+        empty_->say(tr("No songs found"), tr("Try another spelling, a well-known artist, or a tag such as "
+                                             "“jazz” with the search type Tags."));
+    else if (library.currentFilterType() == FilterType::Favorites)
+        empty_->say(tr("No loved songs yet"),
+                    tr("Press the heart beside a song, and it is kept here and in Music."));
+    else
+        empty_->say(tr("Your library is empty"),
+                    tr("Type an artist into the search field and press Return. Play what you find, and press "
+                       "the heart beside a song to keep it here."));
+    songs_->setCurrentWidget(empty_);
+}
+
+} // namespace zib

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "controller/MainWindowView.h"
+
+#include <QMainWindow>
+
+class QLabel;
+class QStackedWidget;
+class QToolButton;
+
+namespace zib {
+
+class EmptyPlace;
+class NowPlayingPanel;
+class PlaybackQueue;
+class RVMainController;
+class SearchBar;
+class SongTable;
+class SourceListView;
+class TableView;
+class TextLabel;
+class UserDefaults;
+class VolumeSlider;
+
+/// The main window: shows what the controller tells it and calls the controller for what the user does.
+///
+/// It is made before the library manager, which needs its song table, and shows nothing until attach().
+class MainWindow : public QMainWindow, public MainWindowView {
+    Q_OBJECT
+
+  public:
+    /// The settings outlive the window.
+    explicit MainWindow(UserDefaults& defaults);
+    ~MainWindow() override;
+
+    /// The table to make the library manager with.
+    [[nodiscard]] TableView& songTable();
+    /// Connects the controls and lets the controller fill the window. Once.
+    void attach(RVMainController& controller);
+    /// To be called before the controller goes, with the event loop ended.
+    void detach();
+
+    // From the controller
+    void setPlaying(bool playing) override;
+    void setFavorite(bool loved) override;
+    void setFavoriteEnabled(bool enabled) override;
+    void setArtwork(Artwork artwork) override;
+    void setTickerHeader(const QString& text) override;
+    void setTickerText(const QString& text) override;
+    void setProgress(int percent) override;
+    void setProgressEnabled(bool enabled) override;
+    void setElapsedText(const QString& text) override;
+    void setRemainingText(const QString& text) override;
+    void setStreamingMarkVisible(bool visible) override;
+    void setSearchType(int type) override;
+    void setSearchPlaceholder(const QString& text) override;
+    void setLoaderAnimating(bool animating) override;
+    void reloadSources() override;
+    void setConnected(bool connected) override;
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    QWidget* makeBar();
+    QWidget* makeMainArea();
+    QWidget* makeStatusLine();
+    void connectControls();
+    [[nodiscard]] PlaybackQueue& playback();
+    void makeShortcuts();
+    void restorePlace();
+    void showVolume();
+    void updateEmptyPlace();
+
+    UserDefaults& defaults_;
+    RVMainController* controller_ = nullptr;
+
+    QToolButton* back_ = nullptr;
+    QToolButton* playPause_ = nullptr;
+    QToolButton* next_ = nullptr;
+    QToolButton* love_ = nullptr;
+    QLabel* speaker_ = nullptr;
+    VolumeSlider* volume_ = nullptr;
+    NowPlayingPanel* panel_ = nullptr;
+    SearchBar* search_ = nullptr;
+    SourceListView* sources_ = nullptr;
+    QStackedWidget* songs_ = nullptr;
+    SongTable* table_ = nullptr;
+    EmptyPlace* empty_ = nullptr;
+    QLabel* offline_ = nullptr;
+    TextLabel* status_ = nullptr;
+};
+
+} // namespace zib

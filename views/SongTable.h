@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/TableView.h"
+
+#include <QTableView>
+#include <QTimer>
+
+namespace zib {
+
+class RVMainController;
+class SongTableModel;
+class UserDefaults;
+
+/// The table of the shown songs.
+class SongTable : public QTableView, public TableView {
+    Q_OBJECT
+
+  public:
+    /// The settings keep the column layouts.
+    explicit SongTable(UserDefaults& defaults, QWidget* parent = nullptr);
+    ~SongTable() override;
+
+    /// Whose items it shows; null for none.
+    void setController(RVMainController* controller);
+
+    // From the library manager
+    void reloadData() override;
+    void scrollRowToVisible(int row) override;
+    [[nodiscard]] QList<int> selectedRows() const override;
+    void selectRows(const QList<int>& rows) override;
+    void deselectAll() override;
+    void setAutosaveName(const QString& name) override;
+
+  Q_SIGNALS:
+    /// The selected song is to be played.
+    void activated();
+    /// The heart of that row was pressed.
+    void loveToggled(int row);
+    void reloaded();
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+  private:
+    void applyLayout();
+    void saveLayout();
+    void setColumnShown(int column, bool shown);
+    /// Gives the columns of text the width that is left.
+    void fitColumns();
+    void showColumnMenu(const QPoint& position);
+
+    UserDefaults& defaults_;
+    SongTableModel* model_;
+    QString autosaveName_;
+    QTimer saveSoon_;
+    bool arranging_ = false; ///< widths change because the program sets them
+};
+
+} // namespace zib

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "records/RecordKeys.h"
+
+#include <QAbstractTableModel>
+#include <QList>
+
+namespace zib {
+
+class Record;
+class RVMainController;
+
+/// The shown songs as rows: a view of the library manager's items that holds nothing itself.
+class SongTableModel : public QAbstractTableModel {
+    Q_OBJECT
+
+  public:
+    enum Column {
+        Speaker,
+        Index,
+        Love,
+        Name,
+        Artist,
+        Album,
+        Duration,
+        Genre,
+        Year,
+        PlayCount,
+        PlayDate,
+        Hotness,
+        Familiarity,
+        FoundDate,
+        ColumnCount
+    };
+    enum Role {
+        LovedRole = Qt::UserRole, ///< whether the song is loved
+        PlayingRole,              ///< whether this row is the one now playing
+        BrokenRole,
+        UnplayableRole, ///< whether the song can't be played because the machine is offline
+    };
+
+    using QAbstractTableModel::QAbstractTableModel;
+
+    void setController(RVMainController* controller);
+    /// The items have changed. Selection and scrolling stay by row number.
+    void reload();
+    /// Whether the source shown now has that column.
+    [[nodiscard]] bool hasColumn(int column) const;
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+  private:
+    [[nodiscard]] QString text(const Record& track, int row, int column) const;
+    [[nodiscard]] QString spokenText(const Record& track, const QModelIndex& index) const;
+    [[nodiscard]] QString toolTip(const Record& track) const;
+    [[nodiscard]] bool isPlaying(const Record& track) const;
+    [[nodiscard]] bool isUnplayable(const Record& track) const;
+
+    RVMainController* controller_ = nullptr;
+    int rows_ = 0; ///< as last reported to the views
+};
+
+} // namespace zib

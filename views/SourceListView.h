@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "library/SourceTypes.h"
+#include "records/Record.h"
+
+#include <QListView>
+
+class QStandardItemModel;
+
+namespace zib {
+
+/// The list at the left: the library and the recent searches.
+class SourceListView : public QListView {
+    Q_OBJECT
+
+  public:
+    explicit SourceListView(QWidget* parent = nullptr);
+
+    /// Lists these searches, the newest first.
+    void showSearches(const QList<Record>& searches);
+    /// Marks the source that is shown. @param searchIndex of a recent search.
+    void markCurrent(SourceType source, FilterType filter, int searchIndex);
+
+  Q_SIGNALS:
+    void libraryChosen(zib::FilterType filter);
+    void searchChosen(int index);
+
+  protected:
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
+  private:
+    void addHeading(const QString& title);
+    void addSource(const QString& title, const QString& iconName, SourceType source, int number);
+
+    QStandardItemModel* model_;
+    bool quiet_ = false; ///< the current row changes because the program sets it
+};
+
+} // namespace zib

@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/Desktop.h"
+
+#include <QPointer>
+#include <QWidget>
+
+namespace zib {
+
+/// The desktop, as Qt reaches it.
+class WidgetDesktop : public Desktop {
+  public:
+    /// The window that is brought to the front; none until then.
+    void setMainWindow(QWidget* window) { window_ = window; }
+
+    bool openUrl(const QUrl& url) override;
+    void beep() override;
+    void bringToFront() override;
+
+  private:
+    QPointer<QWidget> window_;
+};
+
+} // namespace zib
