@@ -1,0 +1,257 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/desktop/AudioDecoder.h"
+
+extern "C" {
+#include <libavcodec/avcodec.h>
+#include <libavutil/channel_layout.h>
+#include <libavutil/log.h>
+#include <libswresample/swresample.h>
+}
+
+#include <algorithm>
+#include <cstring>
+
+namespace zib {
+
+namespace {
+
+constexpr int kLowestRate = 1000;
+constexpr int kHighestRate = 384000;
+constexpr int kMostChannels = 8;
+/// A packet that yields more than this is not music: about 24 s at 44,100 frames a second.
+constexpr int kMostFrames = 1 << 20;
+
+AVCodecID pcmCodec(const AudioStreamDescription& format)
+{
+    if (format.channelsPerFrame == 0 || format.bytesPerFrame % format.channelsPerFrame != 0)
+        return AV_CODEC_ID_NONE;
+    // The container's bytes count: 20 bits in 3 bytes stand in their upper part.
+    const auto bytes = format.bytesPerFrame > 0 ? format.bytesPerFrame / format.channelsPerFrame
+                                                : (format.bitsPerChannel + 7) / 8;
+    const bool big = format.formatFlags & audioformat::IsBigEndian;
+    const bool isSigned = format.formatFlags & audioformat::IsSignedInteger;
+    if (format.formatFlags & audioformat::IsFloat) {
+        switch (bytes) {
+        case 4:
+            return big ? AV_CODEC_ID_PCM_F32BE : AV_CODEC_ID_PCM_F32LE;
+        case 8:
+            return big ? AV_CODEC_ID_PCM_F64BE : AV_CODEC_ID_PCM_F64LE;
+        default:
+            return AV_CODEC_ID_NONE;
+        }
+    }
+    switch (bytes) {
+    case 1:
+        return isSigned ? AV_CODEC_ID_PCM_S8 : AV_CODEC_ID_PCM_U8;
+    case 2:
+        if (isSigned)
+            return big ? AV_CODEC_ID_PCM_S16BE : AV_CODEC_ID_PCM_S16LE;
+        return big ? AV_CODEC_ID_PCM_U16BE : AV_CODEC_ID_PCM_U16LE;
+    case 3:
+        if (isSigned)
+            return big ? AV_CODEC_ID_PCM_S24BE : AV_CODEC_ID_PCM_S24LE;
+        return big ? AV_CODEC_ID_PCM_U24BE : AV_CODEC_ID_PCM_U24LE;
+    case 4:
+        if (isSigned)
+            return big ? AV_CODEC_ID_PCM_S32BE : AV_CODEC_ID_PCM_S32LE;
+        return big ? AV_CODEC_ID_PCM_U32BE : AV_CODEC_ID_PCM_U32LE;
+    default:
+        return AV_CODEC_ID_NONE;
+    }
+}
+
+AVCodecID codecOf(const AudioStreamDescription& format)
+{
+    switch (format.formatId) {
+    case audioformat::LinearPcm:
+        return pcmCodec(format);
+    case audioformat::MpegLayer1:
+        return AV_CODEC_ID_MP1;
+    case audioformat::MpegLayer2:
+        return AV_CODEC_ID_MP2;
+    case audioformat::MpegLayer3:
+        return AV_CODEC_ID_MP3;
+    case audioformat::Aac:
+    case audioformat::HeAac:
+        return AV_CODEC_ID_AAC;
+    case audioformat::AppleLossless:
+        return AV_CODEC_ID_ALAC;
+    default:
+        return AV_CODEC_ID_NONE;
+    }
+}
+
+} // namespace
+
+void AvFree::operator()(AVCodecContext* context) const
+{
+    avcodec_free_context(&context);
+}
+
+void AvFree::operator()(AVCodecParameters* parameters) const
+{
+    avcodec_parameters_free(&parameters);
+}
+
+void AvFree::operator()(AVFrame* frame) const
+{
+    av_frame_free(&frame);
+}
+
+void AvFree::operator()(AVPacket* packet) const
+{
+    av_packet_free(&packet);
+}
+
+void AvFree::operator()(SwrContext* converter) const
+{
+    swr_free(&converter);
+}
+
+void quietenDecoders()
+{
+    av_log_set_level(AV_LOG_QUIET);
+}
+
+SoundFormat soundFormatOf(const AVFrame& frame)
+{
+    const int channels = frame.ch_layout.nb_channels;
+    if (frame.sample_rate < kLowestRate || frame.sample_rate > kHighestRate || channels < 1)
+        return {};
+    return {frame.sample_rate, channels <= kMostChannels ? channels : 2};
+}
+
+bool FrameConverter::prepare(const AVFrame& frame)
+{
+    const SoundFormat input{frame.sample_rate, frame.ch_layout.nb_channels};
+    const SoundFormat wanted = soundFormatOf(frame);
+    if (wanted.rate == 0)
+        return false;
+    if (format_.rate == 0)
+        format_ = wanted;
+    if (resampler_ && input == inputFormat_ && frame.format == inputSampleFormat_)
+        return true;
+
+    resampler_.reset();
+    AVChannelLayout from{};
+    if (frame.ch_layout.order == AV_CHANNEL_ORDER_UNSPEC)
+        av_channel_layout_default(&from, input.channels);
+    else if (av_channel_layout_copy(&from, &frame.ch_layout) < 0)
+        return false;
+    AVChannelLayout to{};
+    if (input.channels == format_.channels)
+        av_channel_layout_copy(&to, &from); // as it is, never a mix
+    else
+        av_channel_layout_default(&to, format_.channels);
+    SwrContext* made = nullptr;
+    const int status = swr_alloc_set_opts2(&made, &to, AV_SAMPLE_FMT_FLT, format_.rate, &from,
+                                           static_cast<AVSampleFormat>(frame.format), input.rate, 0, nullptr);
+    av_channel_layout_uninit(&from);
+    av_channel_layout_uninit(&to);
+    resampler_.reset(made);
+    if (status < 0 || swr_init(made) < 0) {
+        resampler_.reset();
+        return false;
+    }
+    inputFormat_ = input;
+    inputSampleFormat_ = frame.format;
+    return true;
+}
+
+void FrameConverter::convert(const AVFrame& frame, std::vector<float>& samples)
+{
+    if (frame.nb_samples <= 0 || frame.nb_samples > kMostFrames || !prepare(frame))
+        return;
+    const int most = swr_get_out_samples(resampler_.get(), frame.nb_samples);
+    if (most <= 0)
+        return;
+    const auto channels = static_cast<std::size_t>(format_.channels);
+    const auto before = samples.size();
+    samples.resize(before + static_cast<std::size_t>(most) * channels);
+    auto* out = reinterpret_cast<std::uint8_t*>(samples.data() + before);
+    const int made = swr_convert(resampler_.get(), &out, most,
+                                 const_cast<const std::uint8_t**>(frame.extended_data), frame.nb_samples);
+    samples.resize(before + static_cast<std::size_t>(std::max(0, made)) * channels);
+}
+
+bool PacketDecoder::canDecode(const AudioStreamDescription& format)
+{
+    const auto codec = codecOf(format);
+    return codec != AV_CODEC_ID_NONE && avcodec_find_decoder(codec) && format.sampleRate >= kLowestRate &&
+           format.sampleRate <= kHighestRate && format.channelsPerFrame >= 1 && format.channelsPerFrame <= 64;
+}
+
+PacketDecoder::PacketDecoder(const AudioStreamDescription& format)
+    : format_(format)
+    , packet_(av_packet_alloc())
+    , frame_(av_frame_alloc())
+{
+}
+
+void PacketDecoder::setCookie(std::span<const std::byte> cookie)
+{
+    cookie_.assign(cookie.begin(), cookie.end());
+    context_.reset();
+}
+
+bool PacketDecoder::open()
+{
+    if (context_)
+        return true;
+    const AVCodec* codec = avcodec_find_decoder(codecOf(format_));
+    std::unique_ptr<AVCodecContext, AvFree> context(codec ? avcodec_alloc_context3(codec) : nullptr);
+    if (!context)
+        return false;
+    context->sample_rate = static_cast<int>(format_.sampleRate);
+    av_channel_layout_default(&context->ch_layout, static_cast<int>(format_.channelsPerFrame));
+    context->thread_count = 1;
+    if (!cookie_.empty()) {
+        context->extradata =
+            static_cast<std::uint8_t*>(av_mallocz(cookie_.size() + AV_INPUT_BUFFER_PADDING_SIZE));
+        if (!context->extradata)
+            return false;
+        std::memcpy(context->extradata, cookie_.data(), cookie_.size());
+        context->extradata_size = static_cast<int>(cookie_.size());
+    }
+    if (avcodec_open2(context.get(), codec, nullptr) < 0)
+        return false;
+    context_ = std::move(context);
+    return true;
+}
+
+void PacketDecoder::decode(std::span<const std::byte> packet, const Receiver& receiver)
+{
+    // The copy gives the decoder the zeros that it reads past the end.
+    if (packet.empty() || !open() || av_new_packet(packet_.get(), static_cast<int>(packet.size())) < 0)
+        return;
+    std::memcpy(packet_->data, packet.data(), packet.size());
+    const int status = avcodec_send_packet(context_.get(), packet_.get());
+    av_packet_unref(packet_.get());
+    if (status >= 0)
+        receive(receiver);
+}
+
+void PacketDecoder::finish(const Receiver& receiver)
+{
+    if (!context_)
+        return;
+    if (avcodec_send_packet(context_.get(), nullptr) >= 0)
+        receive(receiver);
+    avcodec_flush_buffers(context_.get());
+}
+
+void PacketDecoder::reset()
+{
+    if (context_)
+        avcodec_flush_buffers(context_.get());
+}
+
+void PacketDecoder::receive(const Receiver& receiver)
+{
+    while (avcodec_receive_frame(context_.get(), frame_.get()) >= 0) {
+        receiver(*frame_);
+        av_frame_unref(frame_.get());
+    }
+}
+
+} // namespace zib

@@ -1,0 +1,398 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/desktop/PulseOutput.h"
+
+#include <QCoreApplication>
+#include <QLoggingCategory>
+
+#include <pulse/pulseaudio.h>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+Q_LOGGING_CATEGORY(lcSound, "zib.sound", QtInfoMsg)
+
+namespace zib {
+
+namespace {
+
+/// What the server holds of a song. Long enough that a busy machine does not starve it, and short enough for
+/// the ring of a streamer that keeps little. A pause and a new volume do not wait for it.
+constexpr pa_usec_t kBuffered = 250'000;
+/// The piece it asks for at a time: each costs a wake-up of the feeder.
+constexpr pa_usec_t kPiece = 50'000;
+/// Frames this close to being heard are not replaced any more.
+constexpr pa_usec_t kTooLate = 10'000;
+
+} // namespace
+
+class PulseStream;
+
+/// The mainloop with its thread, and the context on it. Its lock is the mainloop's, and callbacks run under
+/// it.
+class PulseConnection {
+  public:
+    PulseConnection();
+    PulseConnection(const PulseConnection&) = delete;
+    PulseConnection& operator=(const PulseConnection&) = delete;
+    ~PulseConnection();
+
+    void connect(SoundOutput::Search search);
+    SoundOutput::Presence presence();
+
+    /// Holds the mainloop's lock.
+    class Guard {
+      public:
+        explicit Guard(PulseConnection& connection)
+            : loop_(connection.loop_)
+        {
+            pa_threaded_mainloop_lock(loop_);
+        }
+        Guard(const Guard&) = delete;
+        Guard& operator=(const Guard&) = delete;
+        ~Guard() { pa_threaded_mainloop_unlock(loop_); }
+
+      private:
+        pa_threaded_mainloop* loop_;
+    };
+
+    // These under the lock.
+    pa_context* readyContext() { return presence_ == SoundOutput::Presence::Ready ? context_ : nullptr; }
+    void addWaiting(PulseStream& stream) { waiting_.push_back(&stream); }
+    void removeWaiting(PulseStream& stream) { std::erase(waiting_, &stream); }
+    [[nodiscard]] bool absent() const { return presence_ == SoundOutput::Presence::Absent; }
+
+  private:
+    void contextChanged();
+    void leave();
+    void settleWaiting();
+
+    pa_threaded_mainloop* loop_;
+    pa_context* context_ = nullptr;
+    pa_context_flags_t flags_ = PA_CONTEXT_NOFLAGS;
+    SoundOutput::Presence presence_ = SoundOutput::Presence::Absent;
+    std::vector<PulseStream*> waiting_; ///< to be opened once the context is ready
+};
+
+class PulseStream : public SoundStream {
+  public:
+    PulseStream(std::shared_ptr<PulseConnection> connection, const SoundFormat& format,
+                std::shared_ptr<WakeSignal> feeder);
+    PulseStream(const PulseStream&) = delete;
+    PulseStream& operator=(const PulseStream&) = delete;
+    ~PulseStream() override;
+
+    State state() override;
+    std::size_t room() override;
+    void write(std::span<const float> samples) override;
+    std::size_t takeBack(std::size_t frames) override;
+    void setRunning(bool running) override;
+    void drain() override;
+    bool drained() override;
+    std::int64_t heard() override;
+    std::optional<std::chrono::milliseconds> nextLook() override { return std::nullopt; }
+
+    /// Under the lock: the context is ready, or has failed.
+    void settle();
+
+  private:
+    void open(pa_context* context);
+    void stateChanged();
+    [[nodiscard]] std::int64_t heardNow();
+
+    const std::shared_ptr<PulseConnection> connection_;
+    const std::shared_ptr<WakeSignal> feeder_;
+    const pa_sample_spec shape_;
+    const std::size_t frameSize_;
+    // Guarded by the mainloop's lock.
+    pa_stream* stream_ = nullptr;
+    State state_ = State::Opening;
+    bool running_ = false;
+    bool drained_ = false;
+    std::int64_t written_ = 0;  ///< frames
+    std::int64_t heard_ = 0;    ///< frames, as last told
+    std::size_t takenBack_ = 0; ///< frames that the next write replaces
+};
+
+PulseConnection::PulseConnection()
+    : loop_(pa_threaded_mainloop_new())
+{
+    pa_threaded_mainloop_set_name(loop_, "zib-sound");
+    pa_threaded_mainloop_start(loop_);
+}
+
+PulseConnection::~PulseConnection()
+{
+    {
+        const Guard guard(*this);
+        leave();
+    }
+    pa_threaded_mainloop_stop(loop_);
+    pa_threaded_mainloop_free(loop_);
+}
+
+void PulseConnection::leave()
+{
+    if (!context_)
+        return;
+    pa_context_set_state_callback(context_, nullptr, nullptr);
+    pa_context_disconnect(context_);
+    pa_context_unref(std::exchange(context_, nullptr));
+}
+
+void PulseConnection::connect(SoundOutput::Search search)
+{
+    const Guard guard(*this);
+    if (presence_ != SoundOutput::Presence::Absent)
+        return;
+    leave();
+    auto* api = pa_threaded_mainloop_get_api(loop_);
+    pa_proplist* properties = pa_proplist_new();
+    pa_proplist_sets(properties, PA_PROP_APPLICATION_NAME,
+                     QCoreApplication::applicationName().toUtf8().constData());
+    context_ = pa_context_new_with_proplist(api, nullptr, properties);
+    pa_proplist_free(properties);
+    if (!context_)
+        return;
+    presence_ = SoundOutput::Presence::Connecting;
+    flags_ = search == SoundOutput::Search::Start ? PA_CONTEXT_NOFLAGS : PA_CONTEXT_NOAUTOSPAWN;
+    pa_context_set_state_callback(
+        context_, [](pa_context*, void* self) { static_cast<PulseConnection*>(self)->contextChanged(); },
+        this);
+    // On the mainloop's thread, because starting a server takes its time.
+    pa_mainloop_api_once(
+        api,
+        [](pa_mainloop_api*, void* self) {
+            auto& connection = *static_cast<PulseConnection*>(self);
+            if (connection.context_ &&
+                pa_context_connect(connection.context_, nullptr, connection.flags_, nullptr) < 0)
+                connection.contextChanged();
+        },
+        this);
+}
+
+SoundOutput::Presence PulseConnection::presence()
+{
+    const Guard guard(*this);
+    return presence_;
+}
+
+void PulseConnection::contextChanged()
+{
+    const auto state = pa_context_get_state(context_);
+    if (state == PA_CONTEXT_READY) {
+        presence_ = SoundOutput::Presence::Ready;
+        qCInfo(lcSound) << "connected to the sound server" << pa_context_get_server(context_);
+    } else if (!PA_CONTEXT_IS_GOOD(state) || state == PA_CONTEXT_UNCONNECTED) {
+        if (presence_ == SoundOutput::Presence::Ready)
+            qCWarning(lcSound) << "the sound server is gone:" << pa_strerror(pa_context_errno(context_));
+        presence_ = SoundOutput::Presence::Absent;
+    } else {
+        return;
+    }
+    settleWaiting();
+}
+
+void PulseConnection::settleWaiting()
+{
+    for (PulseStream* stream : std::exchange(waiting_, {}))
+        stream->settle();
+}
+
+PulseStream::PulseStream(std::shared_ptr<PulseConnection> connection, const SoundFormat& format,
+                         std::shared_ptr<WakeSignal> feeder)
+    : connection_(std::move(connection))
+    , feeder_(std::move(feeder))
+    , shape_{PA_SAMPLE_FLOAT32NE, static_cast<std::uint32_t>(format.rate),
+             static_cast<std::uint8_t>(format.channels)}
+    , frameSize_(pa_frame_size(&shape_))
+{
+    const PulseConnection::Guard guard(*connection_);
+    if (connection_->readyContext() || connection_->absent())
+        settle();
+    else
+        connection_->addWaiting(*this);
+}
+
+PulseStream::~PulseStream()
+{
+    const PulseConnection::Guard guard(*connection_);
+    connection_->removeWaiting(*this);
+    if (!stream_)
+        return;
+    pa_stream_set_state_callback(stream_, nullptr, nullptr);
+    pa_stream_set_write_callback(stream_, nullptr, nullptr);
+    pa_stream_disconnect(stream_); // cancels a drain too
+    pa_stream_unref(stream_);
+}
+
+void PulseStream::settle()
+{
+    if (auto* context = connection_->readyContext())
+        open(context);
+    else
+        state_ = State::Failed;
+    feeder_->wake();
+}
+
+void PulseStream::open(pa_context* context)
+{
+    pa_channel_map map;
+    pa_proplist* properties = pa_proplist_new();
+    pa_proplist_sets(properties, PA_PROP_MEDIA_ROLE, "music");
+    if (pa_channel_map_init_extend(&map, shape_.channels, PA_CHANNEL_MAP_WAVEEX))
+        stream_ = pa_stream_new_with_proplist(context, "Music", &shape_, &map, properties);
+    pa_proplist_free(properties);
+    if (!stream_) {
+        qCWarning(lcSound) << "no stream of" << shape_.rate << "Hz and" << shape_.channels
+                           << "channels:" << pa_strerror(pa_context_errno(context));
+        state_ = State::Failed;
+        return;
+    }
+    pa_stream_set_state_callback(
+        stream_, [](pa_stream*, void* self) { static_cast<PulseStream*>(self)->stateChanged(); }, this);
+    pa_stream_set_write_callback(
+        stream_,
+        [](pa_stream*, std::size_t, void* self) { static_cast<PulseStream*>(self)->feeder_->wake(); }, this);
+    constexpr auto byDefault = static_cast<std::uint32_t>(-1);
+    const pa_buffer_attr buffer{
+        .maxlength = byDefault,
+        .tlength = static_cast<std::uint32_t>(pa_usec_to_bytes(kBuffered, &shape_)),
+        .prebuf = static_cast<std::uint32_t>(frameSize_), // sounds from the first frame, and after a gap too
+        .minreq = static_cast<std::uint32_t>(pa_usec_to_bytes(kPiece, &shape_)),
+        .fragsize = byDefault,
+    };
+    const auto flags =
+        static_cast<pa_stream_flags_t>(PA_STREAM_INTERPOLATE_TIMING | PA_STREAM_AUTO_TIMING_UPDATE |
+                                       PA_STREAM_ADJUST_LATENCY | (running_ ? 0 : PA_STREAM_START_CORKED));
+    if (pa_stream_connect_playback(stream_, nullptr, &buffer, flags, nullptr, nullptr) < 0)
+        state_ = State::Failed;
+}
+
+void PulseStream::stateChanged()
+{
+    switch (pa_stream_get_state(stream_)) {
+    case PA_STREAM_READY:
+        state_ = State::Ready;
+        break;
+    case PA_STREAM_FAILED:
+    case PA_STREAM_TERMINATED:
+        state_ = State::Failed;
+        break;
+    default:
+        return;
+    }
+    feeder_->wake();
+}
+
+SoundStream::State PulseStream::state()
+{
+    const PulseConnection::Guard guard(*connection_);
+    return state_;
+}
+
+std::size_t PulseStream::room()
+{
+    const PulseConnection::Guard guard(*connection_);
+    if (state_ != State::Ready)
+        return 0;
+    const auto bytes = pa_stream_writable_size(stream_);
+    return (bytes == static_cast<std::size_t>(-1) ? 0 : bytes / frameSize_) + takenBack_;
+}
+
+void PulseStream::write(std::span<const float> samples)
+{
+    const PulseConnection::Guard guard(*connection_);
+    if (state_ != State::Ready)
+        return;
+    const auto back = -static_cast<std::int64_t>(std::exchange(takenBack_, 0) * frameSize_);
+    const auto bytes = samples.size_bytes();
+    if (pa_stream_write(stream_, samples.data(), bytes, nullptr, back, PA_SEEK_RELATIVE) < 0)
+        state_ = State::Failed;
+    else
+        written_ += static_cast<std::int64_t>(bytes / frameSize_);
+}
+
+std::size_t PulseStream::takeBack(std::size_t frames)
+{
+    const PulseConnection::Guard guard(*connection_);
+    if (state_ != State::Ready || takenBack_ > 0)
+        return 0;
+    const auto late = static_cast<std::int64_t>(pa_usec_to_bytes(kTooLate, &shape_) / frameSize_);
+    const auto unheard = std::max<std::int64_t>(0, written_ - heardNow() - (running_ ? late : 0));
+    takenBack_ = std::min(frames, static_cast<std::size_t>(unheard));
+    written_ -= static_cast<std::int64_t>(takenBack_);
+    return takenBack_;
+}
+
+void PulseStream::setRunning(bool running)
+{
+    const PulseConnection::Guard guard(*connection_);
+    if (std::exchange(running_, running) == running || !stream_)
+        return;
+    if (auto* operation = pa_stream_cork(stream_, running ? 0 : 1, nullptr, nullptr))
+        pa_operation_unref(operation);
+}
+
+void PulseStream::drain()
+{
+    const PulseConnection::Guard guard(*connection_);
+    if (state_ != State::Ready)
+        return;
+    auto* operation = pa_stream_drain(
+        stream_,
+        [](pa_stream*, int, void* self) {
+            auto& stream = *static_cast<PulseStream*>(self);
+            stream.drained_ = true;
+            stream.feeder_->wake();
+        },
+        this);
+    if (operation)
+        pa_operation_unref(operation);
+    else
+        drained_ = true;
+}
+
+bool PulseStream::drained()
+{
+    const PulseConnection::Guard guard(*connection_);
+    return drained_;
+}
+
+std::int64_t PulseStream::heard()
+{
+    const PulseConnection::Guard guard(*connection_);
+    return heardNow();
+}
+
+std::int64_t PulseStream::heardNow()
+{
+    pa_usec_t time = 0;
+    if (state_ == State::Ready && pa_stream_get_time(stream_, &time) == 0)
+        heard_ = std::min(static_cast<std::int64_t>(pa_usec_to_bytes(time, &shape_) / frameSize_), written_);
+    return heard_;
+}
+
+PulseOutput::PulseOutput()
+    : connection_(std::make_shared<PulseConnection>())
+{
+}
+
+PulseOutput::~PulseOutput() = default;
+
+void PulseOutput::connect(Search search)
+{
+    connection_->connect(search);
+}
+
+SoundOutput::Presence PulseOutput::presence()
+{
+    return connection_->presence();
+}
+
+std::unique_ptr<SoundStream> PulseOutput::open(const SoundFormat& format, std::shared_ptr<WakeSignal> feeder)
+{
+    return std::make_unique<PulseStream>(connection_, format, std::move(feeder));
+}
+
+} // namespace zib
