@@ -4,6 +4,7 @@
 #include "controller/ControllerContext.h"
 #include "controller/MainWindowView.h"
 #include "controller/Notices.h"
+#include "controller/SongPlaces.h"
 #include "library/RVDataManager.h"
 #include "platform/Clock.h"
 #include "platform/SettingsKeys.h"
@@ -27,11 +28,6 @@ constexpr float volumeStep = 0.1F;
 QString translated(const char* text)
 {
     return QCoreApplication::translate("PlaybackQueue", text);
-}
-
-bool isLocalFile(const Record& track)
-{
-    return track.utf8(keys::Location).starts_with("file://");
 }
 
 QString artistAndName(const Record& track)
@@ -240,10 +236,7 @@ void PlaybackQueue::playFrom(int index, int step)
 
 bool PlaybackQueue::canPlayNow(const Record& track) const
 {
-    if (track.boolean(keys::BrokenLink))
-        return false;
-    return context_.connectedToInternet || !track.utf8(keys::Location).starts_with("http://") ||
-           track.boolean(keys::Downloaded);
+    return !track.boolean(keys::BrokenLink) && (context_.connectedToInternet || !needsConnection(track));
 }
 
 int PlaybackQueue::indexOfCurrentItem() const
@@ -266,7 +259,7 @@ void PlaybackQueue::countPlay()
     // The same song can be several objects: what is shown are copies of what the library holds.
     QList<Record> holders{track, context_.dataManager.library().find(id)};
     for (const Record& item : context_.dataManager.items())
-        if (item.utf8(keys::Id) == track.utf8(keys::Id))
+        if (item.string(keys::Id) == id)
             holders.append(item);
     const PropertyValue count(track.integer(keys::PlayCount) + 1);
     const PropertyValue date(clock_.now());

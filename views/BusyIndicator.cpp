@@ -53,6 +53,7 @@ void BusyIndicator::paintEvent(QPaintEvent*)
     const Theme& theme = Theme::current();
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(rect(), theme.window);
     const QRectF ring = QRectF(rect()).adjusted(3, 3, -3, -3);
     painter.setPen(QPen(theme.border, 2));
     painter.drawEllipse(ring);

@@ -6,8 +6,8 @@
 
 namespace zib {
 
-/// A small turning ring for what has been going on for half a second. It keeps its place when it is not seen.
-/// Where motion is not wanted the ring stands.
+/// A small turning ring for what has been going on for half a second, on the ground of a text field; nothing
+/// is seen of it before. Where motion is not wanted the ring stands.
 class BusyIndicator : public QWidget {
     Q_OBJECT
 

@@ -8,6 +8,12 @@
 
 namespace zib {
 
+namespace {
+
+constexpr int textWidth = 400;
+
+} // namespace
+
 EmptyPlace::EmptyPlace(QWidget* parent)
     : QWidget(parent)
     , title_(new QLabel(this))
@@ -20,7 +26,7 @@ EmptyPlace::EmptyPlace(QWidget* parent)
     text_->setObjectName(QStringLiteral("emptyText"));
     text_->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     text_->setWordWrap(true);
-    text_->setFixedWidth(380);
+    text_->setFixedWidth(textWidth);
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(Theme::between);
     layout->addStretch(2);
@@ -33,6 +39,7 @@ void EmptyPlace::say(const QString& title, const QString& text)
 {
     title_->setText(title);
     text_->setText(text);
+    text_->setFixedHeight(text_->heightForWidth(textWidth));
 }
 
 } // namespace zib

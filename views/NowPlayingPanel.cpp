@@ -23,8 +23,8 @@ TextLabel* makeTime(const QString& accessibleName, Qt::Alignment alignment, QWid
     auto* label = new TextLabel(accessibleName, parent);
     label->setProperty("role", QStringLiteral("time"));
     label->setAlignment(alignment | Qt::AlignVCenter);
-    // Wide enough for an hour and more, so that nothing moves when a digit joins.
-    label->setFixedWidth(label->fontMetrics().horizontalAdvance(QStringLiteral("-0:00:00")));
+    // So that nothing moves from one second to the next.
+    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(QStringLiteral("-00:00")));
     return label;
 }
 
@@ -36,8 +36,8 @@ NowPlayingPanel::NowPlayingPanel(QWidget* parent)
     , header_(new TextLabel(tr("Now playing header"), this))
     , streaming_(new QLabel(this))
     , ticker_(new Ticker(this))
-    , elapsed_(makeTime(tr("Elapsed time"), Qt::AlignRight, this))
-    , remaining_(makeTime(tr("Remaining time"), Qt::AlignLeft, this))
+    , elapsed_(makeTime(tr("Elapsed time"), Qt::AlignLeft, this))
+    , remaining_(makeTime(tr("Remaining time"), Qt::AlignRight, this))
     , progress_(new ProgressSlider(this))
 {
     setObjectName(QStringLiteral("nowPlaying"));

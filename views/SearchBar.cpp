@@ -13,11 +13,17 @@
 
 namespace zib {
 
+namespace {
+
+constexpr QPoint busyPlace(6, 3);
+
+} // namespace
+
 SearchBar::SearchBar(QWidget* parent)
     : QWidget(parent)
     , types_(new QButtonGroup(this))
     , field_(new QLineEdit(this))
-    , busy_(new BusyIndicator(this))
+    , busy_(new BusyIndicator(field_))
 {
     field_->setObjectName(QStringLiteral("searchField"));
     field_->setAccessibleName(tr("Search"));
@@ -27,14 +33,14 @@ SearchBar::SearchBar(QWidget* parent)
     if (auto* clear = field_->findChild<QAction*>(QStringLiteral("_q_qlineeditclearaction")))
         clear->setIcon(icon(QStringLiteral("clear"), Tint::Secondary));
     field_->setMinimumWidth(140);
+    busy_->move(busyPlace); // over the magnifying glass
     connect(field_, &QLineEdit::returnPressed, this, [this] { Q_EMIT searchRequested(field_->text()); });
 
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(Theme::between);
-    layout->addWidget(makeSegments());
+    layout->addWidget(makeSegments(), 0, Qt::AlignVCenter);
     layout->addWidget(field_, 1);
-    layout->addWidget(busy_);
 }
 
 QWidget* SearchBar::makeSegments()

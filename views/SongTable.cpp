@@ -12,6 +12,9 @@
 #include <QMenu>
 #include <QScopedValueRollback>
 
+#include <algorithm>
+#include <array>
+
 namespace zib {
 
 namespace {
@@ -27,7 +30,7 @@ int defaultWidth(int column)
     case Model::Love:
         return 28;
     case Model::Index:
-        return 40;
+        return 36;
     case Model::Name:
         return 220;
     case Model::Artist:
@@ -36,10 +39,10 @@ int defaultWidth(int column)
     case Model::Genre:
     case Model::PlayDate:
     case Model::FoundDate:
-        return 92;
+        return 102;
     case Model::Hotness:
     case Model::Familiarity:
-        return 78;
+        return 80;
     default:
         return 60;
     }
@@ -50,9 +53,12 @@ bool isShownAtFirst(int column)
     return column != Model::Genre && column != Model::Year;
 }
 
+/// The columns that share the width which the others leave.
+constexpr std::array flexibleColumns{int(Model::Name), int(Model::Artist), int(Model::Album)};
+
 bool isFlexible(int column)
 {
-    return column == Model::Name || column == Model::Artist || column == Model::Album;
+    return std::find(flexibleColumns.begin(), flexibleColumns.end(), column) != flexibleColumns.end();
 }
 
 } // namespace
@@ -99,7 +105,11 @@ SongTable::SongTable(UserDefaults& defaults, QWidget* parent)
         if (!arranging_)
             saveSoon_.start();
     };
-    connect(header, &QHeaderView::sectionResized, this, changed);
+    connect(header, &QHeaderView::sectionResized, this, [this, changed](int column) {
+        if (!arranging_ && isFlexible(column))
+            takeShares();
+        changed();
+    });
     connect(header, &QHeaderView::sectionMoved, this, changed);
     applyLayout();
 }
@@ -184,6 +194,7 @@ void SongTable::applyLayout()
     }
     for (const int column : {Model::Speaker, Model::Love})
         header->setSectionResizeMode(column, QHeaderView::Fixed);
+    takeShares();
     fitColumns();
 }
 
@@ -200,7 +211,7 @@ void SongTable::setColumnShown(int column, bool shown)
     {
         const QScopedValueRollback arranging(arranging_, true);
         setColumnHidden(column, !shown);
-        if (shown && columnWidth(column) < defaultWidth(column))
+        if (shown && !isFlexible(column) && columnWidth(column) < defaultWidth(column))
             setColumnWidth(column, defaultWidth(column));
         fitColumns();
     }
@@ -209,31 +220,35 @@ void SongTable::setColumnShown(int column, bool shown)
 
 void SongTable::fitColumns()
 {
+    if (!isVisible()) // the width is not the one to come
+        return;
     const QScopedValueRollback arranging(arranging_, true);
     int free = viewport()->width();
-    int flexible = 0; // the width of the text columns together
-    QList<int> columns;
+    double shares = 0;
     for (int column = 0; column < Model::ColumnCount; ++column) {
         if (isColumnHidden(column))
             continue;
-        if (isFlexible(column)) {
-            columns.append(column);
-            flexible += columnWidth(column);
-        } else {
+        if (isFlexible(column))
+            shares += shares_.value(column);
+        else
             free -= columnWidth(column);
-        }
     }
-    if (columns.isEmpty() || flexible == 0)
-        return;
-    for (const int column : columns) {
-        // Each keeps its share; rounding goes to the last.
-        const int width = qMax(smallestTextColumn, columnWidth(column) * qMax(0, free) / flexible);
-        flexible -= columnWidth(column);
-        free -= width;
+    for (const int column : flexibleColumns) {
+        if (isColumnHidden(column))
+            continue;
+        const double share = shares_.value(column);
+        const int width = qMax(smallestTextColumn, qRound(free * share / shares));
         setColumnWidth(column, width);
-        if (flexible <= 0)
-            break;
+        // What is left over by rounding or taken by a smallest width is the others' to share.
+        free -= width;
+        shares -= share;
     }
+}
+
+void SongTable::takeShares()
+{
+    for (const int column : flexibleColumns)
+        shares_[column] = qMax(1, columnWidth(column));
 }
 
 void SongTable::showColumnMenu(const QPoint& position)

@@ -3,6 +3,7 @@
 
 #include "platform/TableView.h"
 
+#include <QHash>
 #include <QTableView>
 #include <QTimer>
 
@@ -52,13 +53,16 @@ class SongTable : public QTableView, public TableView {
     void setColumnShown(int column, bool shown);
     /// Gives the columns of text the width that is left.
     void fitColumns();
+    /// The text columns' widths of now are the proportions to keep.
+    void takeShares();
     void showColumnMenu(const QPoint& position);
 
     UserDefaults& defaults_;
     SongTableModel* model_;
     QString autosaveName_;
     QTimer saveSoon_;
-    bool arranging_ = false; ///< widths change because the program sets them
+    QHash<int, double> shares_; ///< of the text columns, by column
+    bool arranging_ = false;    ///< widths change because the program sets them
 };
 
 } // namespace zib

@@ -2,6 +2,7 @@
 #include "views/SongTableModel.h"
 
 #include "controller/RVMainController.h"
+#include "controller/SongPlaces.h"
 #include "library/RVDataManager.h"
 #include "services/utilities/StringUtilities.h"
 
@@ -199,8 +200,7 @@ bool SongTableModel::isPlaying(const Record& track) const
 
 bool SongTableModel::isUnplayable(const Record& track) const
 {
-    return !controller_->connectedToInternet() && !track.boolean(keys::Downloaded) &&
-           track.utf8(keys::Location).starts_with("http://");
+    return !controller_->connectedToInternet() && needsConnection(track);
 }
 
 QVariant SongTableModel::headerData(int section, Qt::Orientation orientation, int role) const

@@ -59,6 +59,8 @@ void ValueSlider::paintEvent(QPaintEvent*)
 
     const QRectF track(knob / 2.0, (height() - groove) / 2.0, width() - knob, groove);
     const double filled = track.width() * value() / 100.0;
+    if (!isEnabled() && value() == 0) // nothing to show the progress of
+        return;
     painter.setBrush(isEnabled() ? theme.outline : theme.border);
     painter.drawRoundedRect(track, groove / 2.0, groove / 2.0);
     if (!isEnabled())
