@@ -147,7 +147,121 @@ class AudioStreamer final : public QObject, private AudioFileStreamClient {
     void ASStatusChangedNotification(zib::AudioStreamer* streamer);
 
   private:
+    class Lock;
+    class QueueClient;
+    class CallbackGate;
+
     AudioStreamer(const Record& dict, AudioStreamerDelegate* delegate, const AudioStreamerPorts& ports);
+
+    // State, errors and messages (AudioStreamer.cpp). All but isOnMainThread with the lock held.
+    [[nodiscard]] bool isOnMainThread() const { return std::this_thread::get_id() == mainThread_; }
+    void setState(State state);
+    void failWithErrorCode(ErrorCode code);
+    void publish(int stateChanges);
+    void tellDelegate(void (AudioStreamerDelegate::*message)(const Record&));
+    void presentAlertWithTitle(const QString& title, const QString& message);
+    void wakeStreamingThread();
+    [[nodiscard]] bool runLoopShouldExit() const;
+
+    // The streaming thread (AudioStreamerThread.cpp), which calls these without the lock unless they say so.
+    enum class LoopEnd { CleanUp, LeaveAtOnce };
+    void startInternal();
+    bool prepareInternal(RunLoop& loop);
+    LoopEnd runInternal(RunLoop& loop);
+    bool openReadStream();                   // lock held
+    void closeReadStream();                  // lock held
+    void internalSeekToTime(double seconds); // lock held
+    void cleanUp();                          // also on the main thread, once the thread is gone
+    bool releaseStreaming();                 // lock held
+    void recordStream();
+    void handleReadFromStream(HttpReadStream& stream, HttpReadStream::Event eventType);
+    void handleBytesAvailable(HttpReadStream& stream);
+    void handleEnd();
+    void takeResponseHeaders(const HttpReadStream& stream); // lock held
+    bool openAudioFileStream();
+
+    // From bytes to the output queue (AudioStreamerPackets.cpp): the streaming thread, without the lock.
+    void propertyFound(AudioFileStream& stream, AudioFileStreamProperty property) override;
+    void handlePropertyChangeForFileStream(AudioFileStream& stream, AudioFileStreamProperty property);
+    [[nodiscard]] AudioStatus takeHeAacFormat(const AudioFileStream& stream);
+    void packetsProduced(std::span<const std::byte> bytes, std::uint32_t packetCount,
+                         std::span<const AudioPacketDescription> descriptions) override;
+    void handleAudioPackets(std::span<const std::byte> bytes,
+                            std::span<const AudioPacketDescription> packetDescriptions);
+    bool handlePacket(std::span<const std::byte> packet, std::uint32_t variableFrames);
+    void handleConstantBitRateBytes(std::span<const std::byte> bytes);
+    void createQueue();                   // lock held
+    [[nodiscard]] bool allocateBuffers(); // lock held
+    void copyMagicCookie();               // lock held
+    void enqueueBuffer();
+    [[nodiscard]] bool startsQueueWithBuffer() const; // lock held
+    bool startQueue();                                // lock held
+
+    // The output queue's callbacks, on any thread.
+    void handleBufferCompleteForQueue(const QueueClient& client, const AudioQueueBuffer& buffer);
+    void handlePropertyChangeForQueue(const QueueClient& client, bool running);
+
+    const AudioStreamerPorts ports_;
+    const Record trackDict_; // the record itself, for messages only: the main thread may be changing it
+    const Record track_;     // as it was at the beginning, for the streaming thread
+    const QString location_; // of the track
+    AudioStreamerDelegate* const delegate_;
+    const std::thread::id mainThread_ = std::this_thread::get_id();
+    const std::shared_ptr<CallbackGate> callbackGate_;
+
+    // Locks. lock_ guards every field below it but those that say otherwise. It is recursive, since an output
+    // queue calls back from within a call. It is never held while waiting, nor while slots run, and it comes
+    // before the mutex of the ring. On the main thread slots run once the last hold is let go.
+    mutable std::recursive_mutex lock_;
+    int lockDepth_ = 0;
+    int unpublishedStateChanges_ = 0; // made on the main thread under the current hold
+
+    BufferRing ring_; // has a mutex of its own
+    std::thread internalThread_;
+    std::mutex idleMutex_; // for the condition alone: whoever waits looks at the state in steps
+    std::condition_variable idleCondition_;
+
+    State state_ = State::Initialized;
+    StopReason stopReason_ = StopReason::None;
+    ErrorCode errorCode_ = ErrorCode::None;
+    AudioStatus err_ = kAudioOk;
+    bool leftWithoutCleanUp_ = false; // by the streaming thread
+
+    RunLoop* runLoop_ = nullptr;                       // while the streaming thread may be woken
+    std::unique_ptr<HttpReadStream> stream_;           // made and closed by the streaming thread
+    std::unique_ptr<AudioFileStream> audioFileStream_; // the streaming thread's, which takes no lock for it
+    std::unique_ptr<AudioQueue> audioQueue_;
+    std::shared_ptr<QueueClient> queueClient_;
+
+    QHash<QByteArray, QByteArray> httpHeaders_;
+    bool hasHttpHeaders_ = false; // those of the current request
+    QByteArray receivedData_;     // every byte read, for the recording
+
+    AudioStreamDescription asbd_;
+    double sampleRate_ = 0;
+    double packetDuration_ = 0; // seconds
+    bool discontinuous_ = false;
+
+    // The buffer being filled. The streaming thread's, which reads them without the lock while it copies.
+    std::array<AudioPacketDescription, 512> packetDescs_{};
+    std::size_t fillBufferIndex_ = 0;
+    std::uint32_t packetBufferSize_ = 0;
+    std::size_t bytesFilled_ = 0;
+    std::size_t packetsFilled_ = 0;
+
+    quint32 bitRate_ = 0;
+    std::int64_t dataOffset_ = 0;
+    std::int64_t fileLength_ = 0; // 0 while unknown
+    std::uint64_t audioDataByteCount_ = 0;
+    std::uint64_t processedPacketsCount_ = 0;
+    std::uint64_t processedPacketsSizeTotal_ = 0;
+
+    std::int64_t seekByteOffset_ = 0; // where the current request begins
+    double seekTime_ = 0;             // and the time there
+    bool seekWasRequested_ = false;
+    bool didSeekDuringPlayback_ = false; // since start
+    double requestedSeekTime_ = 0;
+    double lastProgress_ = 0;
 };
 
 } // namespace zib

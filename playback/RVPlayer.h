@@ -9,7 +9,6 @@
 #include <QTimer>
 
 #include <memory>
-#include <optional>
 
 namespace zib {
 
@@ -70,6 +69,17 @@ class RVPlayer final : public QObject {
     void setProgressUpdateTimer(std::unique_ptr<QTimer> timer);
 
   private:
+    // Both tell whether the song has begun.
+    bool playFile(const Record& track, const QString& path);
+    bool playStream(const Record& track);
+    void scheduleProgressUpdates();
+    void runAlert(const QString& message, const QString& informativeText);
+    [[nodiscard]] AudioStreamerDelegate* dataManager() const;
+
+    const AudioStreamerPorts ports_;
+    Movies& movies_;
+    Desktop& desktop_;
+    // At most one of the two, streamer and movie, is there.
     std::unique_ptr<AudioStreamer> streamer_;
     std::unique_ptr<Movie> qtMovie_;
     RVPlayerDelegate* delegate_;
