@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "catalogue/ArtistService.h"
+#include "catalogue/HttpServer.h"
+#include "catalogue/SongFiles.h"
+
+#include <QThreadPool>
+
+#include <chrono>
+#include <condition_variable>
+#include <thread>
+
+namespace zib {
+
+/// The whole service: says which part answers which address, and keeps the index up to date.
+class CatalogueService final : public HttpHandler {
+  public:
+    /// @param demo must outlive the service
+    CatalogueService(DemoSongs& demo, Database database);
+    /// Stop the demo songs first: requests may wait for them.
+    ~CatalogueService() override;
+
+    /// Indexes these folders in the background, now and again after each pause.
+    /// @param makeReader called on the indexing thread
+    void keepIndexed(const QList<QByteArray>& folders,
+                     std::function<std::unique_ptr<TagReader>(std::stop_token)> makeReader,
+                     std::chrono::seconds pause);
+
+    void answer(const HttpRequest& request, Respond respond) override;
+
+    [[nodiscard]] const SongIndex& index() const { return index_; }
+
+  private:
+    void answerNow(const HttpRequest& request, const Respond& respond);
+    HttpReply answeredPage(const HttpRequest& request) const;
+
+    SongIndex index_;
+    MusicCatalogue catalogue_;
+    ArtistService artists_;
+    SongFiles files_;
+    QThreadPool answering_;
+    std::jthread indexing_;
+};
+
+} // namespace zib

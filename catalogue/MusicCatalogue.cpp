@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "catalogue/MusicCatalogue.h"
+
+#include "catalogue/TextMatching.h"
+
+#include <algorithm>
+
+namespace zib {
+
+namespace {
+
+CatalogueSong announced(const IndexedSong& song)
+{
+    const QString extension = songExtension(song.path);
+    return {song.id,
+            extension,
+            mediaType(extension),
+            song.tags.artist,
+            song.tags.album,
+            song.tags.title,
+            song.tags.seconds,
+            QDateTime::fromMSecsSinceEpoch(song.modified / 1000000, Qt::UTC)};
+}
+
+} // namespace
+
+MusicCatalogue::MusicCatalogue(const DemoSongs& demo, const SongIndex& index)
+    : index_(index)
+{
+    for (const auto& artist : demo.artists()) {
+        const QString key = folded(artist.name);
+        demoArtists_.append({key, artist.name, artist.tags, artist.hotness, artist.familiarity});
+        for (const auto& album : artist.albums) {
+            const QDateTime date(QDate(album.year, 1, 1), QTime(0, 0), Qt::UTC);
+            for (const auto& track : album.tracks) {
+                demoSongIds_[key].append(track.id);
+                demoSongs_.insert(track.id,
+                                  {track.id, track.extension, track.mediaType.toLatin1(), artist.name,
+                                   album.title, track.title, track.seconds, date, true});
+            }
+        }
+    }
+}
+
+Artists MusicCatalogue::artists() const
+{
+    const auto own = index_.artists();
+    {
+        const std::lock_guard lock(mutex_);
+        if (own == own_)
+            return artists_;
+    }
+    QHash<QString, qsizetype> places;
+    QList<Artist> all = demoArtists_;
+    for (qsizetype i = 0; i < all.size(); ++i)
+        places.insert(all.at(i).key, i);
+    for (const auto& artist : *own) {
+        const auto place = places.constFind(artist.key);
+        if (place == places.constEnd()) {
+            all.append(artist);
+            continue;
+        }
+        auto& both = all[*place];
+        both.tags += artist.tags;
+        both.tags.removeDuplicates();
+        both.hotness = std::max(both.hotness, artist.hotness);
+        both.familiarity = std::max(both.familiarity, artist.familiarity);
+    }
+    const auto merged = std::make_shared<const QList<Artist>>(std::move(all));
+    const std::lock_guard lock(mutex_);
+    own_ = own;
+    artists_ = merged;
+    return merged;
+}
+
+QList<CatalogueSong> MusicCatalogue::songs(const QString& artistKey, int most) const
+{
+    QList<CatalogueSong> songs;
+    for (const auto& id : demoSongIds_.value(artistKey))
+        songs.append(demoSongs_.value(id));
+    for (const auto& song : index_.songs(artistKey, most))
+        songs.append(announced(song));
+    return songs.mid(0, most);
+}
+
+std::optional<CatalogueSong> MusicCatalogue::song(const QString& id) const
+{
+    if (const auto demo = demoSongs_.constFind(id); demo != demoSongs_.constEnd())
+        return *demo;
+    if (const auto own = index_.song(id))
+        return announced(*own);
+    return std::nullopt;
+}
+
+int MusicCatalogue::songCount() const
+{
+    return int(demoSongs_.size()) + index_.songCount();
+}
+
+} // namespace zib

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "catalogue/DemoCatalogue.h"
+#include "catalogue/SongIndex.h"
+
+#include <QDateTime>
+#include <QHash>
+
+namespace zib {
+
+/// A song as it is announced to clients.
+struct CatalogueSong {
+    QString id;
+    QString extension;
+    QByteArray mediaType;
+    QString artist;
+    QString album;
+    QString title;
+    int seconds = 0;
+    QDateTime date; ///< UTC
+    bool isDemo = false;
+};
+
+/// The demo songs and the user's own as one catalogue. Usable on any thread.
+class MusicCatalogue {
+  public:
+    MusicCatalogue(const DemoSongs& demo, const SongIndex& index);
+
+    /// Every artist once: who is in both has the tags of both.
+    [[nodiscard]] Artists artists() const;
+    /// The artist's songs in the order of an artist page.
+    [[nodiscard]] QList<CatalogueSong> songs(const QString& artistKey, int most) const;
+    [[nodiscard]] std::optional<CatalogueSong> song(const QString& id) const;
+    [[nodiscard]] int songCount() const;
+
+  private:
+    const SongIndex& index_;
+    QList<Artist> demoArtists_;
+    QHash<QString, CatalogueSong> demoSongs_;
+    QHash<QString, QStringList> demoSongIds_; ///< by artist key
+
+    mutable std::mutex mutex_; ///< guards what follows
+    mutable Artists own_;      ///< what artists_ was made from
+    mutable Artists artists_;
+};
+
+} // namespace zib

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "catalogue/SongFiles.h"
+
+#include <microhttpd.h>
+
+#include <QFile>
+
+namespace zib {
+
+namespace {
+
+/// As many files as may be waited for at once; threads that wait cost little.
+constexpr int mostRenderings = 128;
+
+HttpReply openedReply(const HttpRequest& request, const QByteArray& path, const QByteArray& type)
+{
+    auto file = OpenFile::open(path);
+    return file ? fileReply(request, std::move(file), type) : plainReply(MHD_HTTP_NOT_FOUND);
+}
+
+HttpReply notRendered()
+{
+    auto reply = plainReply(MHD_HTTP_SERVICE_UNAVAILABLE);
+    reply.headers.emplaceBack("Retry-After", "10");
+    return reply;
+}
+
+} // namespace
+
+SongFiles::SongFiles(DemoSongs& demo, const MusicCatalogue& catalogue, const SongIndex& index)
+    : demo_(demo)
+    , catalogue_(catalogue)
+    , index_(index)
+{
+    renderings_.setMaxThreadCount(mostRenderings);
+    renderings_.setExpiryTimeout(2000);
+}
+
+SongFiles::~SongFiles()
+{
+    renderings_.waitForDone();
+}
+
+void SongFiles::answerAudio(const QString& name, const HttpRequest& request,
+                            const HttpHandler::Respond& respond)
+{
+    const auto dot = name.indexOf(u'.');
+    const auto song = dot < 0 ? std::nullopt : catalogue_.song(name.left(dot));
+    if (!song || name.mid(dot + 1) != song->extension)
+        return respond(plainReply(MHD_HTTP_NOT_FOUND));
+    if (song->isDemo) {
+        whenRendered(song->id, false, [request, respond, type = song->mediaType](const auto& path) {
+            respond(path ? openedReply(request, QFile::encodeName(*path), type) : notRendered());
+        });
+    } else {
+        const auto own = index_.song(song->id); // it may have gone in between
+        respond(own ? openedReply(request, own->path, song->mediaType) : plainReply(MHD_HTTP_NOT_FOUND));
+    }
+}
+
+void SongFiles::answerCover(const QString& songId, const HttpRequest& request,
+                            const HttpHandler::Respond& respond)
+{
+    const auto song = catalogue_.song(songId);
+    if (!song || !song->isDemo)
+        return respond(plainReply(MHD_HTTP_NOT_FOUND));
+    whenRendered(song->id, true, [request, respond](const auto& path) {
+        if (!path)
+            return respond(notRendered());
+        const bool png = path->endsWith(u".png");
+        respond(openedReply(request, QFile::encodeName(*path), png ? "image/png" : "image/jpeg"));
+    });
+}
+
+void SongFiles::whenRendered(const QString& songId, bool cover, Ready ready)
+{
+    const QString what = (cover ? u'c' : u'a') + songId;
+    {
+        const std::lock_guard lock(mutex_);
+        auto& waiting = waiting_[what];
+        waiting.append(std::move(ready));
+        if (waiting.size() > 1)
+            return;
+    }
+    renderings_.start([this, songId, cover, what] {
+        const auto path = cover ? demo_.cover(songId) : demo_.file(songId);
+        QList<Ready> waiting;
+        {
+            const std::lock_guard lock(mutex_);
+            waiting = waiting_.take(what);
+        }
+        for (const auto& each : waiting)
+            each(path);
+    });
+}
+
+} // namespace zib

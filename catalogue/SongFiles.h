@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "catalogue/HttpServer.h"
+#include "catalogue/MusicCatalogue.h"
+
+#include <QHash>
+#include <QThreadPool>
+
+#include <mutex>
+
+namespace zib {
+
+/// Serves the audio files and covers by the song's id, never by a path. A demo song that is still to be
+/// rendered keeps only the requests for that song waiting.
+class SongFiles {
+  public:
+    SongFiles(DemoSongs& demo, const MusicCatalogue& catalogue, const SongIndex& index);
+    /// Waits for the requests at work; stop the demo songs first.
+    ~SongFiles();
+
+    /// @param name "ID.EXTENSION". Blocks for the index at most, so not for a server's thread.
+    void answerAudio(const QString& name, const HttpRequest& request, const HttpHandler::Respond& respond);
+    void answerCover(const QString& songId, const HttpRequest& request, const HttpHandler::Respond& respond);
+
+  private:
+    /// Called with the path, or with nothing when the file cannot be made.
+    using Ready = std::function<void(const std::optional<QString>&)>;
+
+    void whenRendered(const QString& songId, bool cover, Ready ready);
+
+    DemoSongs& demo_;
+    const MusicCatalogue& catalogue_;
+    const SongIndex& index_;
+
+    std::mutex mutex_;                     ///< guards what follows
+    QHash<QString, QList<Ready>> waiting_; ///< one thread renders for all who wait for the same file
+    QThreadPool renderings_;               ///< last: its threads use all of the above
+};
+
+} // namespace zib

@@ -1,0 +1,289 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "catalogue/SongIndex.h"
+
+#include "catalogue/TextMatching.h"
+
+#include <QCryptographicHash>
+#include <QLoggingCategory>
+#include <QMap>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QVariant>
+
+#include <algorithm>
+
+namespace zib {
+
+namespace {
+
+Q_LOGGING_CATEGORY(log, "zib.catalogue.index")
+
+constexpr int batchSize = 100;
+constexpr qsizetype mostTags = 12;
+const QChar genreSeparator = u'\n';
+
+bool succeeded(QSqlQuery& query)
+{
+    if (query.exec())
+        return true;
+    qCWarning(log).noquote() << query.lastError().text();
+    return false;
+}
+
+QSqlQuery prepared(const QSqlDatabase& database, const char* statement)
+{
+    QSqlQuery query(database);
+    query.setForwardOnly(true);
+    query.prepare(QLatin1String(statement));
+    return query;
+}
+
+constexpr const char* songColumns = "id, path, modified, artist, album, title, year, track, seconds";
+
+IndexedSong songAt(const QSqlQuery& query)
+{
+    IndexedSong song;
+    song.id = query.value(0).toString();
+    song.path = query.value(1).toByteArray();
+    song.modified = query.value(2).toLongLong();
+    song.tags.artist = query.value(3).toString();
+    song.tags.album = query.value(4).toString();
+    song.tags.title = query.value(5).toString();
+    song.tags.year = query.value(6).toInt();
+    song.tags.track = query.value(7).toInt();
+    song.tags.seconds = query.value(8).toInt();
+    return song;
+}
+
+QStringList mostFrequent(const QHash<QString, int>& counts)
+{
+    QStringList names = counts.keys();
+    std::sort(names.begin(), names.end(), [&counts](const QString& a, const QString& b) {
+        return counts[a] != counts[b] ? counts[a] > counts[b] : a < b;
+    });
+    return names.mid(0, mostTags);
+}
+
+/// What the songs of one artist say together.
+struct Gathered {
+    QHash<QString, int> names;
+    QHash<QString, int> genres;
+    int songs = 0;
+};
+
+Artist madeArtist(const QString& key, const Gathered& gathered)
+{
+    // Nobody counts plays here: an artist whom the user has much music of is one whom the user likes.
+    const double share = double(gathered.songs) / (gathered.songs + 5.0);
+    return {key, mostFrequent(gathered.names).value(0), mostFrequent(gathered.genres), share, share};
+}
+
+} // namespace
+
+SongIndex::SongIndex(Database database)
+    : database_(std::move(database))
+{
+}
+
+QString SongIndex::songId(const QByteArray& path)
+{
+    return QString::fromLatin1(QCryptographicHash::hash(path, QCryptographicHash::Sha256).toHex().left(32));
+}
+
+QHash<QByteArray, SongIndex::Known> SongIndex::knownFiles() const
+{
+    QHash<QByteArray, Known> known;
+    auto query = prepared(database_.connection(), "SELECT path, size, modified FROM songs");
+    succeeded(query);
+    while (query.next())
+        known.insert(query.value(0).toByteArray(),
+                     {query.value(1).toLongLong(), query.value(2).toLongLong()});
+    return known;
+}
+
+void SongIndex::keepOnly(const QList<QByteArray>& folders)
+{
+    QList<QByteArray> gone;
+    auto query = prepared(database_.connection(), "SELECT DISTINCT folder FROM songs");
+    succeeded(query);
+    while (query.next()) {
+        if (!folders.contains(query.value(0).toByteArray()))
+            gone.append(query.value(0).toByteArray());
+    }
+    for (const auto& folder : gone) {
+        auto removal = prepared(database_.connection(), "DELETE FROM songs WHERE folder = ?");
+        removal.addBindValue(folder);
+        succeeded(removal);
+    }
+    changed();
+}
+
+SongIndex::Update SongIndex::update(const QList<QByteArray>& folders, TagReader& reader,
+                                    const Progress& progress, const std::stop_token& stop)
+{
+    Update update;
+    const auto files = musicFiles(folders, stop);
+    if (stop.stop_requested())
+        return update;
+    auto known = knownFiles();
+    QList<MusicFile> unread;
+    for (const auto& file : files) {
+        const auto old = known.constFind(file.path);
+        if (old == known.constEnd() || old->size != file.size || old->modified != file.modified)
+            unread.append(file);
+        known.remove(file.path);
+    }
+    if (!drop(known.keys()))
+        return update;
+    update.removed = int(known.size());
+
+    for (qsizetype i = 0; i < unread.size(); i += batchSize) {
+        if (!store(unread.mid(i, batchSize), reader, update, stop) || stop.stop_requested())
+            return update;
+        if (progress)
+            progress(update.read, int(unread.size()));
+    }
+    update.complete = true;
+    return update;
+}
+
+bool SongIndex::drop(const QList<QByteArray>& paths)
+{
+    if (paths.isEmpty())
+        return true;
+    Transaction transaction(database_.connection());
+    auto removal = prepared(database_.connection(), "DELETE FROM songs WHERE path = ?");
+    for (const auto& path : paths) {
+        removal.bindValue(0, path);
+        if (!succeeded(removal))
+            return false;
+    }
+    const bool committed = transaction.commit();
+    changed();
+    return committed;
+}
+
+// A file that cannot be played is remembered too, so that it is not read again each time.
+bool SongIndex::store(const QList<MusicFile>& files, TagReader& reader, Update& update,
+                      const std::stop_token& stop)
+{
+    QList<std::pair<MusicFile, std::optional<SongTags>>> songs;
+    for (const auto& file : files) {
+        if (stop.stop_requested())
+            break;
+        songs.emplaceBack(file, reader.read(file.path)); // slow, so before the database is locked
+    }
+    Transaction transaction(database_.connection());
+    auto insertion =
+        prepared(database_.connection(),
+                 "INSERT OR REPLACE INTO songs (id, path, folder, size, modified, playable, artist,"
+                 " artist_key, album, title, genres, year, track, seconds)"
+                 " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+    for (const auto& [file, read] : songs) {
+        const auto tags = completedTags(read.value_or(SongTags()), file.path, file.folder);
+        const QVariantList values{songId(file.path),
+                                  file.path,
+                                  file.folder,
+                                  file.size,
+                                  file.modified,
+                                  read.has_value(),
+                                  tags.artist,
+                                  folded(tags.artist),
+                                  tags.album.isNull() ? QLatin1String("") : tags.album,
+                                  tags.title.isNull() ? QLatin1String("") : tags.title,
+                                  tags.genres.isEmpty() ? QLatin1String("")
+                                                        : tags.genres.join(genreSeparator),
+                                  tags.year,
+                                  tags.track,
+                                  tags.seconds};
+        for (int i = 0; i < values.size(); ++i)
+            insertion.bindValue(i, values.at(i));
+        if (!succeeded(insertion))
+            return false;
+        ++update.read;
+        update.unplayable += read ? 0 : 1;
+    }
+    const bool committed = transaction.commit();
+    changed();
+    return committed;
+}
+
+void SongIndex::changed()
+{
+    const std::lock_guard lock(mutex_);
+    artists_.reset();
+    ++version_;
+}
+
+Artists SongIndex::artists() const
+{
+    quint64 version = 0;
+    {
+        const std::lock_guard lock(mutex_);
+        if (artists_)
+            return artists_;
+        version = version_;
+    }
+    auto gathered = gatheredArtists();
+    const std::lock_guard lock(mutex_);
+    if (version == version_)
+        artists_ = gathered;
+    return gathered;
+}
+
+Artists SongIndex::gatheredArtists() const
+{
+    QMap<QString, Gathered> gathered;
+    auto query = prepared(database_.connection(),
+                          "SELECT artist_key, artist, genres, COUNT(*) FROM songs WHERE playable"
+                          " GROUP BY artist_key, artist, genres");
+    succeeded(query);
+    while (query.next()) {
+        auto& artist = gathered[query.value(0).toString()];
+        const int songs = query.value(3).toInt();
+        artist.names[query.value(1).toString()] += songs;
+        for (const auto& genre : query.value(2).toString().split(genreSeparator, Qt::SkipEmptyParts))
+            artist.genres[genre] += songs;
+        artist.songs += songs;
+    }
+    QList<Artist> artists;
+    for (auto entry = gathered.cbegin(); entry != gathered.cend(); ++entry)
+        artists.append(madeArtist(entry.key(), entry.value()));
+    return std::make_shared<const QList<Artist>>(std::move(artists));
+}
+
+QList<IndexedSong> SongIndex::songs(const QString& artistKey, int most) const
+{
+    QList<IndexedSong> songs;
+    auto query = QSqlQuery(database_.connection());
+    query.setForwardOnly(true);
+    query.prepare(QStringLiteral("SELECT %1 FROM songs WHERE artist_key = ? AND playable"
+                                 " ORDER BY year, album, track, title, id LIMIT ?")
+                      .arg(QLatin1String(songColumns)));
+    query.addBindValue(artistKey);
+    query.addBindValue(most);
+    succeeded(query);
+    while (query.next())
+        songs.append(songAt(query));
+    return songs;
+}
+
+std::optional<IndexedSong> SongIndex::song(const QString& id) const
+{
+    auto query = QSqlQuery(database_.connection());
+    query.setForwardOnly(true);
+    query.prepare(
+        QStringLiteral("SELECT %1 FROM songs WHERE id = ? AND playable").arg(QLatin1String(songColumns)));
+    query.addBindValue(id);
+    if (!succeeded(query) || !query.next())
+        return std::nullopt;
+    return songAt(query);
+}
+
+int SongIndex::songCount() const
+{
+    auto query = prepared(database_.connection(), "SELECT COUNT(*) FROM songs WHERE playable");
+    return succeeded(query) && query.next() ? query.value(0).toInt() : 0;
+}
+
+} // namespace zib

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "catalogue/XmlReply.h"
+
+#include <string>
+
+namespace zib {
+
+namespace {
+
+class ByteWriter final : public pugi::xml_writer {
+  public:
+    void write(const void* data, size_t size) override
+    {
+        bytes.append(static_cast<const char*>(data), qsizetype(size));
+    }
+    QByteArray bytes;
+};
+
+bool fitsXml(char32_t c)
+{
+    return c == U'\t' || c == U'\n' || c == U'\r' || (c >= 0x20 && c < 0xd800) ||
+           (c >= 0xe000 && c < 0xfffe) || (c >= 0x10000 && c < 0x110000);
+}
+
+} // namespace
+
+void addText(pugi::xml_node parent, const char* name, const QString& text)
+{
+    QString clean;
+    clean.reserve(text.size());
+    for (const char32_t c : text.toUcs4()) {
+        if (fitsXml(c))
+            clean += QStringView(QChar::fromUcs4(c));
+    }
+    parent.append_child(name).text().set(clean.toUtf8().constData());
+}
+
+XmlReply::XmlReply()
+    : XmlReply(ServiceStatus::Success, QStringLiteral("Success"))
+{
+}
+
+XmlReply::XmlReply(ServiceStatus status, const QString& message)
+    : status_(status)
+{
+    auto declaration = document_.append_child(pugi::node_declaration);
+    declaration.append_attribute("version").set_value("1.0");
+    declaration.append_attribute("encoding").set_value("UTF-8");
+    auto element = document_.append_child("response").append_child("status");
+    addText(element, "version", QStringLiteral("4.2"));
+    addText(element, "code", QString::number(int(status)));
+    addText(element, "message", message);
+}
+
+HttpReply XmlReply::http() const
+{
+    ByteWriter writer;
+    document_.save(writer, "", pugi::format_raw, pugi::encoding_utf8);
+    return {.status = status_ == ServiceStatus::Success ? 200 : 400,
+            .contentType = "text/xml; charset=utf-8",
+            .body = writer.bytes,
+            .headers = {{"Cache-Control", "no-store"}}};
+}
+
+} // namespace zib

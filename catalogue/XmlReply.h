@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "catalogue/HttpMessage.h"
+
+#include <pugixml.hpp>
+
+#include <QString>
+
+namespace zib {
+
+/// The status codes that replies carry.
+enum class ServiceStatus {
+    Success = 0,
+    MissingKey = 1,
+    MissingParameter = 4,
+    InvalidParameter = 5,
+};
+
+/// An element with that text; characters that XML cannot carry are left out.
+void addText(pugi::xml_node parent, const char* name, const QString& text);
+
+/// A reply that begins with response/status.
+class XmlReply {
+  public:
+    XmlReply();
+    /// A refusal.
+    XmlReply(ServiceStatus status, const QString& message);
+
+    /// The response element.
+    [[nodiscard]] pugi::xml_node response() const { return document_.document_element(); }
+    [[nodiscard]] HttpReply http() const;
+
+  private:
+    pugi::xml_document document_;
+    ServiceStatus status_;
+};
+
+} // namespace zib
