@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/Application.h"
+
+#include "app/AppDelegate.h"
+#include "app/CatalogueProcess.h"
+#include "controller/DefaultSettings.h"
+#include "controller/RVMainController.h"
+#include "library/RVDataManager.h"
+#include "platform/SettingsKeys.h"
+#include "platform/desktop/AudioFileStreamParsers.h"
+#include "platform/desktop/CurlReadStreams.h"
+#include "platform/desktop/CurlUrlLoader.h"
+#include "platform/desktop/DesktopAudioQueue.h"
+#include "platform/desktop/DesktopMovie.h"
+#include "platform/desktop/DesktopSound.h"
+#include "platform/desktop/LoginPowerEvents.h"
+#include "platform/desktop/NetworkReachability.h"
+#include "platform/desktop/SettingsFile.h"
+#include "platform/desktop/SystemClock.h"
+#include "playback/RVPlayer.h"
+#include "services/PKNetwork.h"
+#include "services/ServiceHosts.h"
+#include "services/WebServiceClient.h"
+#include "services/utilities/StringUtilities.h"
+#include "views/MainWindow.h"
+#include "views/WidgetAlerts.h"
+#include "views/WidgetDesktop.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QMenu>
+#include <QStandardPaths>
+
+#include <algorithm>
+
+namespace zib {
+namespace {
+
+QString below(QStandardPaths::StandardLocation location, const QString& name)
+{
+    return QDir(QStandardPaths::writableLocation(location)).filePath(name);
+}
+
+bool anyHostIsConfigured(const UserDefaults& defaults)
+{
+    return std::ranges::any_of(serviceHostKeys(),
+                               [&defaults](const QString& key) { return !defaults.string(key).isEmpty(); });
+}
+
+QString loopbackBase(int port)
+{
+    return QStringLiteral("http://127.0.0.1:%1").arg(port);
+}
+
+} // namespace
+
+Places Places::standard()
+{
+    const QDir programs(QCoreApplication::applicationDirPath());
+    Places places;
+    places.library = QDir::homePath() + QStringLiteral("/Music/Zib/Zib Music Library.zib");
+    places.settings = below(QStandardPaths::GenericConfigLocation, QStringLiteral("zib/settings.json"));
+    places.cache = below(QStandardPaths::GenericCacheLocation, QStringLiteral("zib"));
+    places.catalogueData = below(QStandardPaths::GenericDataLocation, QStringLiteral("zib/catalogue"));
+    places.music = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
+    places.readMe = programs.filePath(QStringLiteral("../share/zib/ReadMe.txt"));
+    places.catalogue = programs.filePath(QStringLiteral("zib-catalogue"));
+    places.meetingPlace =
+        below(QStandardPaths::RuntimeLocation, QStringLiteral("zib-") + md5HexDigest(places.library).left(8));
+    return places;
+}
+
+// Destroyed in the reverse order: first what calls others, then what they call.
+struct Application::Parts {
+    Parts(Places where, const QVariantMap& overrides)
+        : places(std::move(where))
+        , defaults(places.settings, overrides)
+        , loader(places.cache)
+        , queues(sound)
+        , movies(sound)
+        , window(defaults)
+        , dataManager((prepareSettings(), defaults), alerts, clock, window.songTable(), places.library)
+        , player(nullptr, {readStreams, fileStreams, queues, alerts, defaults}, movies, desktop)
+        , controller(dataManager, player, {loader, defaults, clock}, defaults, alerts, desktop, window)
+        , network(reachability, powerEvents, defaults, &controller)
+        , delegate(window, dataManager, defaults, alerts, desktop, places.readMe)
+    {
+    }
+
+    void prepareSettings();
+    void startCatalogue();
+    void fillApplicationMenu();
+
+    Places places;
+    SystemClock clock;
+    SettingsFile defaults;
+    std::unique_ptr<CatalogueProcess> catalogue;
+    CurlUrlLoader loader;
+    CurlReadStreams readStreams;
+    AudioFileStreamParsers fileStreams;
+    DesktopSound sound;
+    DesktopAudioQueues queues;
+    DesktopMovies movies;
+    NetworkReachability reachability;
+    LoginPowerEvents powerEvents;
+    WidgetAlerts alerts;
+    WidgetDesktop desktop;
+    MainWindow window;
+    RVDataManager dataManager;
+    RVPlayer player;
+    RVMainController controller;
+    PKNetwork network;
+    AppDelegate delegate;
+};
+
+void Application::Parts::prepareSettings()
+{
+    registerDefaultSettings(defaults);
+    if (!anyHostIsConfigured(defaults))
+        startCatalogue();
+}
+
+void Application::Parts::startCatalogue()
+{
+    CatalogueProcess::Options options;
+    options.program = places.catalogue;
+    options.dataFolder = places.catalogueData;
+    options.musicFolders = {places.music};
+    options.preferredPort = quint16(defaults.integer(settings::CataloguePort));
+    catalogue = std::make_unique<CatalogueProcess>(options);
+    if (!catalogue->start())
+        return;
+    QObject::connect(catalogue.get(), &CatalogueProcess::failed, &defaults, [this](const QString& message) {
+        defaults.setValue(settings::BriefStatusMessage, message);
+    });
+    defaults.registerDefaults(*hostsAtBase(loopbackBase(catalogue->port())));
+}
+
+Application::Application(Places places, const QVariantMap& overrides)
+    : parts_(std::make_unique<Parts>(std::move(places), overrides))
+{
+    Parts& parts = *parts_;
+    if (parts.catalogue && parts.catalogue->port() != 0) {
+        const int before = parts.defaults.integer(settings::CataloguePort);
+        const int now = parts.catalogue->port();
+        if (before != 0 && before != now)
+            parts.dataManager.relocate(loopbackBase(before) + QLatin1Char('/'),
+                                       loopbackBase(now) + QLatin1Char('/'));
+        parts.defaults.setValue(settings::CataloguePort, now);
+    }
+    QObject::connect(
+        &parts.sound, &DesktopSound::noSoundServer, &parts.defaults,
+        [&parts](const QString& line) { parts.defaults.setValue(settings::BriefStatusMessage, line); });
+    QObject::connect(qApp, &QApplication::aboutToQuit, &parts.delegate,
+                     &AppDelegate::applicationWillTerminate);
+    parts.fillApplicationMenu();
+    parts.window.attach(parts.controller);
+}
+
+Application::~Application() = default;
+
+void Application::start()
+{
+    parts_->delegate.applicationDidFinishLaunching();
+    parts_->sound.warmUp();
+}
+
+void Application::reopen()
+{
+    // A visible window is brought to the front by the one thing that a second start can want.
+    if (!parts_->delegate.applicationShouldHandleReopen(parts_->window.isVisible()))
+        parts_->desktop.bringToFront();
+}
+
+void Application::Parts::fillApplicationMenu()
+{
+    QMenu& menu = window.applicationMenu();
+    const auto add = [&menu](const QString& text, const QKeySequence& keys, auto action) {
+        QAction* item = menu.addAction(text, action);
+        item->setShortcut(keys);
+        return item;
+    };
+    const auto text = [](const char* english) {
+        return QCoreApplication::translate("ApplicationMenu", english);
+    };
+    add(text("Preferences…"), QKeySequence(Qt::CTRL | Qt::Key_Comma), [this] { delegate.openPreferences(); });
+    menu.addSeparator();
+    add(text("Read me"), QKeySequence(QKeySequence::HelpContents), [this] { delegate.openReadMe(); });
+    add(text("Website"), {}, [this] { delegate.goToWebsite(0); });
+    add(text("Support"), {}, [this] { delegate.goToWebsite(AppDelegate::Support); });
+    add(text("Shared playlists"), {}, [this] { delegate.goToWebsite(AppDelegate::SharedPlaylists); });
+    add(text("About Zib"), {}, [this] { delegate.openAboutWindow(); });
+    menu.addSeparator();
+    add(text("Close window"), QKeySequence(QKeySequence::Close), [this] { delegate.openCloseMainWindow(); });
+    add(text("Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), [] { QCoreApplication::quit(); });
+}
+
+} // namespace zib

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/Application.h"
+#include "app/SingleInstance.h"
+#include "app/TerminationSignals.h"
+#include "library/LibraryFile.h"
+#include "services/ServiceHosts.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QTextStream>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+
+namespace {
+
+constexpr int kUsageError = 2;
+
+int fail(const QString& message, int code)
+{
+    QTextStream(stderr) << "zib: " << message << '\n';
+    return code;
+}
+
+void nameApplication()
+{
+    QCoreApplication::setApplicationName(QStringLiteral("zib"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(ZIB_VERSION));
+}
+
+struct Options {
+    QCommandLineOption services{
+        QStringLiteral("services"),
+        QCoreApplication::translate("main",
+                                    "Speak to the services at this base address (http://HOST[:PORT])."),
+        QStringLiteral("URL")};
+    QCommandLineOption exportLibrary{
+        QStringLiteral("export-library"),
+        QCoreApplication::translate("main",
+                                    "Write the library as a property list to FILE (- for standard output) "
+                                    "and end."),
+        QStringLiteral("FILE")};
+};
+
+void parse(QCommandLineParser& parser, const Options& options)
+{
+    parser.setApplicationDescription(QCoreApplication::translate("main", "Finds, plays and keeps music."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addOption(options.services);
+    parser.addOption(options.exportLibrary);
+    parser.process(*QCoreApplication::instance());
+}
+
+/// Needs no window, so it must not need a display either.
+int exportLibrary(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    nameApplication();
+    const Options options;
+    QCommandLineParser parser;
+    parse(parser, options);
+    const auto exported =
+        zib::LibraryFile(zib::Places::standard().library).exportTo(parser.value(options.exportLibrary));
+    return exported ? 0 : fail(exported.error(), 1);
+}
+
+int runProgram(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    nameApplication();
+    QApplication::setApplicationDisplayName(QStringLiteral("Zib"));
+    // The window's button closes the window; the music plays on.
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    const Options options;
+    QCommandLineParser parser;
+    parse(parser, options);
+    if (!parser.positionalArguments().isEmpty())
+        return fail(QCoreApplication::translate("main", "unexpected argument “%1”")
+                        .arg(parser.positionalArguments().constFirst()),
+                    kUsageError);
+    QVariantMap overrides;
+    if (parser.isSet(options.services)) {
+        const auto hosts = zib::hostsAtBase(parser.value(options.services));
+        if (!hosts)
+            return fail(
+                QCoreApplication::translate("main", "“%1” is no address such as http://127.0.0.1:8080")
+                    .arg(parser.value(options.services)),
+                kUsageError);
+        overrides = *hosts;
+    }
+
+    const zib::Places places = zib::Places::standard();
+    zib::SingleInstance instance(places.meetingPlace);
+    if (!instance.claim())
+        return 0;
+    zib::Application program(places, overrides);
+    QObject::connect(&instance, &zib::SingleInstance::reopenRequested, &application,
+                     [&] { program.reopen(); });
+    const zib::TerminationSignals signalHandler([] { QCoreApplication::quit(); });
+    program.start();
+    return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const bool exports = std::any_of(argv + 1, argv + argc, [](const char* argument) {
+        return std::strncmp(argument, "--export-library", 16) == 0;
+    });
+    return exports ? exportLibrary(argc, argv) : runProgram(argc, argv);
+}

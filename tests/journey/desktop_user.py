@@ -1,0 +1,95 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+"""A person at the desktop: sees the window through its accessibility tree, acts with the mouse and the keyboard."""
+
+import os
+
+import gi
+
+gi.require_version("Atspi", "2.0")
+from gi.repository import Atspi, GLib  # noqa: E402
+
+from environment import wait_until  # noqa: E402
+
+
+class DesktopUser:
+    def __init__(self, environment):
+        self._environment = environment
+        # The accessibility library of this process is to look at the journey's own bus and display.
+        for key in ("DBUS_SESSION_BUS_ADDRESS", "DISPLAY", "XDG_RUNTIME_DIR"):
+            os.environ[key] = environment.env[key]
+        Atspi.init()
+        # A program that is busy for long is a fault that shows as a failed step, not as a hang here.
+        Atspi.set_timeout(3000, 15000)
+        self._name = None
+
+    def look_at(self, program_name):
+        self._name = program_name
+
+    def _application(self):
+        desktop = Atspi.get_desktop(0)
+        for i in range(desktop.get_child_count()):
+            application = desktop.get_child_at_index(i)
+            if application is not None and application.get_name() == self._name:
+                return application
+        return None
+
+    def find(self, name, role=None):
+        """The showing control of that name, or none."""
+        application = self._application()
+        return _search(application, name, role, 12) if application is not None else None
+
+    def wait_for(self, name, role=None, seconds=15):
+        return wait_until(lambda: self.find(name, role), seconds, f"the control “{name}”")
+
+    def text_of(self, name):
+        control = self.wait_for(name)
+        text = control.get_text_iface()
+        shown = Atspi.Text.get_text(text, 0, -1) if text is not None else ""
+        return shown or control.get_description() or control.get_name()
+
+    def click(self, control, times=1, across=0.5):
+        """Clicks into the control, at that fraction of its width."""
+        box = _extents(control)
+        x, y = int(box.x + box.width * across), box.y + box.height // 2
+        self._xdotool("mousemove", str(x), str(y), "click", "--repeat", str(times), "--delay", "60", "1")
+
+    def type(self, text):
+        self._xdotool("type", "--delay", "15", text)
+
+    def press(self, *keys):
+        self._xdotool("key", *keys)
+
+    def rows(self, table_name):
+        table = self.wait_for(table_name)
+        return Atspi.Table.get_n_rows(table.get_table_iface()) if table.get_table_iface() else 0
+
+    def cell(self, table_name, row, column):
+        table = self.wait_for(table_name)
+        return Atspi.Table.get_accessible_at(table.get_table_iface(), row, column)
+
+    def double_click_row(self, table_name, row):
+        self.click(self.cell(table_name, row, 1), times=2)
+
+    def _xdotool(self, *arguments):
+        self._environment.run(["xdotool", *arguments])
+
+
+def _extents(control):
+    return Atspi.Component.get_extents(control.get_component_iface(), Atspi.CoordType.SCREEN)
+
+
+def _search(control, name, role, depth):
+    try:
+        if (control.get_name() == name and (role is None or control.get_role() == role)
+                and control.get_state_set().contains(Atspi.StateType.SHOWING)):
+            return control
+        if depth == 0 or control.get_role() in (Atspi.Role.TABLE, Atspi.Role.LIST):
+            return None
+        for i in range(control.get_child_count()):
+            child = control.get_child_at_index(i)
+            found = _search(child, name, role, depth - 1) if child is not None else None
+            if found is not None:
+                return found
+    except GLib.Error:
+        pass  # the control went away while it was looked at
+    return None
