@@ -38,7 +38,7 @@ class FakeHttpExchange {
     void send(const QByteArray& bytes)
     {
         change([&] {
-            bytesDue_ = bytesDue_ || bytes_.isEmpty();
+            bytesDue_ = bytesDue_ || (bytes_.isEmpty() && !bytes.isEmpty());
             bytes_ += bytes;
         });
     }
@@ -165,6 +165,8 @@ class FakeHttpReadStream final : public HttpReadStream {
         const std::scoped_lock lock(exchange_->mutex_);
         if (exchange_->readAnswer_)
             return *exchange_->readAnswer_;
+        if (exchange_->closed_)
+            return 0;
         const qint64 count = std::min<qint64>(maximum, exchange_->bytes_.size());
         std::memcpy(bytes, exchange_->bytes_.constData(), static_cast<std::size_t>(count));
         exchange_->bytes_.remove(0, count);
