@@ -1,0 +1,246 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Hunts for frames lost, invented or misplaced in MPEG audio: tags full of frames, garbage, lies in headers,
+// and pieces that end anywhere.
+#include "platform/desktop/parsers/AudioFileStreamParsers.h"
+#include "tests/desktop/AudioFiles.h"
+
+namespace zib {
+namespace {
+
+using namespace audiofiles;
+
+struct Parsing {
+    explicit Parsing(const QByteArray& file, qsizetype pieceBytes = 2048)
+        : stream(AudioFileStreamParsers().open(AudioFileType::Mp3, listener, openStatus))
+        , status(feed(*stream, file, pieceBytes))
+    {
+    }
+
+    Listener listener;
+    AudioStatus openStatus = kAudioOk;
+    std::unique_ptr<AudioFileStream> stream;
+    AudioStatus status;
+};
+
+/// Frames that can be told apart.
+QList<QByteArray> frames(int count, int rateIndex = 9)
+{
+    QList<QByteArray> frames;
+    for (int i = 0; i < count; ++i)
+        frames.append(mp3Frame(rateIndex, i % 3 == 1, static_cast<char>('a' + i % 26)));
+    return frames;
+}
+
+TEST(MpegAudioParserTest, FindsTheFramesAndNothingElse)
+{
+    const QList<QByteArray> song = frames(40);
+    const QByteArray bytes = song.join();
+    const auto size = static_cast<quint32>(bytes.size());
+    struct Case {
+        const char* name;
+        QByteArray before;
+        QByteArray after;
+    };
+    const Case cases[] = {
+        {"bare", {}, {}},
+        {"tag", id3Tag(5000), {}},
+        {"empty tag", id3Tag(0), {}},
+        {"tag of one byte", id3Tag(1), {}},
+        {"large tag", id3Tag(700'000), {}},
+        {"tag with footer, then another", id3Tag(3000, true) + id3Tag(400), {}},
+        {"zeros after the tag", id3Tag(100) + QByteArray(5000, '\0'), {}},
+        {"garbage", noise(20'000), {}},
+        {"a lone header in garbage", noise(50) + mp3Frame().left(4) + noise(900), {}},
+        {"info frame", infoFrame("Info", 40, size + 417), {}},
+        {"variable rate", id3Tag(300) + infoFrame("Xing", 40, size + 417), {}},
+        {"the other info frame", infoFrame("VBRI", 40, size + 417), {}},
+        {"tags at the end", {}, "APETAGEX" + noise(300) + "TAG" + noise(125)},
+        {"cut off", {}, mp3Frame().left(200)},
+    };
+    for (const Case& one : cases) {
+        for (const qsizetype piece : {1, 7, 2048, 10'000'000}) {
+            SCOPED_TRACE(testing::Message() << one.name << ", pieces of " << piece);
+            const Parsing parsing(one.before + bytes + one.after, piece);
+            EXPECT_EQ(parsing.status, kAudioOk);
+            EXPECT_EQ(parsing.listener.packets, song);
+            EXPECT_EQ(parsing.listener.dataOffset, one.before.size());
+        }
+    }
+}
+
+TEST(MpegAudioParserTest, TellsTheFormatOfEveryKind)
+{
+    struct Case {
+        const char* header;
+        std::uint32_t formatId;
+        double sampleRate;
+        std::uint32_t framesPerPacket;
+        std::uint32_t channels;
+        int frameBytes;
+    };
+    const Case cases[] = {
+        {"\xff\xfb\x90\x40", audioformat::MpegLayer3, 44100, 1152, 2, 417},
+        {"\xff\xfb\xe4\xc0", audioformat::MpegLayer3, 48000, 1152, 1, 960},
+        {"\xff\xf3\x88\xc0", audioformat::MpegLayer3, 16000, 576, 1, 288},
+        {"\xff\xe3\x18\x40", audioformat::MpegLayer3, 8000, 576, 2, 72},
+        {"\xff\xfd\xa4\x40", audioformat::MpegLayer2, 48000, 1152, 2, 576},
+        {"\xff\xf5\x80\x40", audioformat::MpegLayer2, 22050, 1152, 2, 417},
+        {"\xff\xff\x92\x40", audioformat::MpegLayer1, 44100, 384, 2, 316},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(testing::PrintToString(QByteArray(one.header)));
+        const QByteArray frame = QByteArray(one.header) + QByteArray(one.frameBytes - 4, 'x');
+        const Parsing parsing(frame.repeated(5));
+        EXPECT_EQ(parsing.listener.packets, QList<QByteArray>(5, frame));
+        EXPECT_EQ(parsing.listener.format, (AudioStreamDescription{.sampleRate = one.sampleRate,
+                                                                   .formatId = one.formatId,
+                                                                   .framesPerPacket = one.framesPerPacket,
+                                                                   .channelsPerFrame = one.channels}));
+    }
+}
+
+TEST(MpegAudioParserTest, GoesOnAfterGarbage)
+{
+    const QList<QByteArray> first = frames(10);
+    const QList<QByteArray> second = frames(12, 11);
+    for (const QByteArray& garbage : {noise(1), noise(30'000), mp3Frame().left(100), id3Tag(9000)}) {
+        SCOPED_TRACE(garbage.size());
+        const Parsing parsing(first.join() + garbage + second.join());
+        EXPECT_EQ(parsing.listener.packets.last(), second.last());
+        // A frame whose end was cut away may take its neighbour along, and no more.
+        EXPECT_GE(parsing.listener.packets.size(), 21);
+        EXPECT_LE(parsing.listener.packets.size(), 22);
+    }
+}
+
+TEST(MpegAudioParserTest, TheBoundIsTightWhereTheRateIsConstant)
+{
+    const QByteArray song = frames(100).join();
+    const auto size = static_cast<quint32>(song.size()) + 417;
+    const QByteArray loud = mp3Frame(14);
+    struct Case {
+        const char* name;
+        QByteArray file;
+        std::uint32_t bound;
+        qsizetype packets;
+    };
+    const Case cases[] = {
+        {"constant", infoFrame("Info", 100, size) + song, 419, 100},
+        {"constant after a larger info frame", infoFrame("Info", 100, size, 13) + song, 419, 100},
+        {"variable", infoFrame("Xing", 100, size) + song, 1046, 100},
+        {"unknown", song, 1046, 100},
+        {"calls itself constant; its figures deny it", infoFrame("Info", 100, 2 * size) + song, 1046, 100},
+        {"calls itself constant and is not", infoFrame("Info", 100, size) + song + loud + mp3Frame(), 419,
+         101},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.name);
+        const Parsing parsing(one.file);
+        EXPECT_EQ(parsing.listener.bound, one.bound);
+        EXPECT_EQ(parsing.listener.packets.size(), one.packets);
+        std::uint32_t maximum = 0;
+        EXPECT_EQ(parsing.stream->maximumPacketSize(maximum), kAudioOk);
+        EXPECT_EQ(maximum, one.bound - 1);
+    }
+}
+
+TEST(MpegAudioParserTest, TellsTheByteCountOnlyWhereTheFileDoes)
+{
+    const QByteArray song = frames(100).join();
+    const auto size = static_cast<quint32>(song.size()) + 417;
+    EXPECT_EQ(Parsing(infoFrame("Xing", 100, size) + song).listener.audioDataByteCount, song.size());
+    EXPECT_EQ(Parsing(infoFrame("VBRI", 100, size) + song).listener.audioDataByteCount, song.size());
+    EXPECT_EQ(Parsing(infoFrame("Xing", 100, 3) + song).listener.audioDataByteCount, std::nullopt);
+    EXPECT_EQ(Parsing(song).listener.audioDataByteCount, std::nullopt);
+}
+
+TEST(MpegAudioParserTest, SeeksExactlyWhereTheRateIsConstant)
+{
+    // As encoders pad: whenever the running total falls behind the exact rate.
+    QList<QByteArray> song;
+    qint64 total = 0;
+    for (qint64 i = 1; i <= 3000; ++i) {
+        const bool padded = total + 418 <= i * 144 * 128'000 / 44'100;
+        song.append(mp3Frame(9, padded, static_cast<char>('a' + i % 26)));
+        total += song.last().size();
+    }
+    const QByteArray bytes = song.join();
+    Parsing parsing(id3Tag(70) + bytes);
+    for (const qint64 packet : {0, 1, 2, 777, 2990}) {
+        SCOPED_TRACE(packet);
+        std::int64_t offset = -1;
+        bool estimated = true;
+        ASSERT_EQ(parsing.stream->seek(packet, offset, estimated), kAudioOk);
+        EXPECT_FALSE(estimated);
+        EXPECT_EQ(offset, song.first(packet).join().size());
+        parsing.listener.packets.clear();
+        EXPECT_EQ(feed(*parsing.stream, bytes.mid(offset), 2048, true), kAudioOk);
+        EXPECT_EQ(parsing.listener.packets, song.mid(packet));
+    }
+    std::int64_t offset = 0;
+    bool estimated = false;
+    EXPECT_NE(parsing.stream->seek(-1, offset, estimated), kAudioOk);
+    EXPECT_NE(parsing.stream->seek(std::numeric_limits<std::int64_t>::max(), offset, estimated), kAudioOk);
+}
+
+TEST(MpegAudioParserTest, SeeksByTheAverageWhereTheRateVaries)
+{
+    const QByteArray song = (frames(50, 7).join() + frames(50, 11).join());
+    Parsing parsing(infoFrame("Xing", 100, static_cast<quint32>(song.size()) + 417) + song.left(9000));
+    std::int64_t offset = 0;
+    bool estimated = false;
+    ASSERT_EQ(parsing.stream->seek(50, offset, estimated), kAudioOk);
+    EXPECT_TRUE(estimated);
+    EXPECT_EQ(offset, song.size() / 2);
+}
+
+TEST(MpegAudioParserTest, ADiscontinuityRepeatedUntilPacketsComeIsOne)
+{
+    const QList<QByteArray> song = frames(20);
+    Parsing parsing(song.join());
+    parsing.listener.packets.clear();
+    const QByteArray rest = song.mid(5).join().mid(100); // from within a frame
+    qsizetype at = 0;
+    for (; parsing.listener.packets.isEmpty() && at < rest.size(); at += 100)
+        EXPECT_EQ(feed(*parsing.stream, rest.mid(at, 100), 100, true), kAudioOk);
+    EXPECT_EQ(feed(*parsing.stream, rest.mid(at), 2048), kAudioOk);
+    EXPECT_EQ(parsing.listener.packets, song.mid(6));
+}
+
+TEST(MpegAudioParserTest, GivesUpOnWhatIsNoAudioWithinBounds)
+{
+    const QByteArray page = QByteArray("<!DOCTYPE html><html><p>Not found</p>").repeated(20'000);
+    for (const QByteArray& file : {page, QByteArray(300'000, '\0'), QByteArray(300'000, '\xff')}) {
+        Parsing parsing(file.left(1000));
+        EXPECT_EQ(parsing.status, kAudioOk) << "too early to tell";
+        EXPECT_NE(feed(*parsing.stream, file, 2048), kAudioOk);
+        EXPECT_NE(feed(*parsing.stream, frames(9).join(), 2048), kAudioOk) << "a failure stays one";
+        EXPECT_TRUE(parsing.listener.found.empty());
+    }
+    for (const QByteArray& head : {QByteArray("fLaC\0\0\0\x22", 8),
+                                   QByteArray("\0\0\0\x20"
+                                              "ftypM4A ",
+                                              12),
+                                   QByteArray("OggS")})
+        EXPECT_NE(Parsing(head + noise(100)).status, kAudioOk);
+}
+
+TEST(MpegAudioParserTest, NothingIsKnownBeforeTheFirstPacket)
+{
+    const Parsing parsing(id3Tag(10) + mp3Frame().left(300));
+    AudioStreamDescription format;
+    std::uint32_t bytes = 0;
+    std::int64_t offset = 0;
+    std::uint64_t count = 0;
+    bool estimated = false;
+    std::vector<AudioFormatListItem> formats;
+    EXPECT_NE(parsing.stream->dataFormat(format), kAudioOk);
+    EXPECT_NE(parsing.stream->packetSizeUpperBound(bytes), kAudioOk);
+    EXPECT_NE(parsing.stream->dataOffset(offset), kAudioOk);
+    EXPECT_NE(parsing.stream->audioDataByteCount(count), kAudioOk);
+    EXPECT_NE(parsing.stream->formatList(formats), kAudioOk);
+    EXPECT_NE(parsing.stream->seek(0, offset, estimated), kAudioOk);
+}
+
+} // namespace
+} // namespace zib
