@@ -1,0 +1,420 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Hunts for web requests that never end, grow without bound, speak after they were cancelled, or are answered
+// by the wrong reply of the cache.
+#include "platform/desktop/CurlUrlLoader.h"
+#include "tests/fakes/FakeUrlLoader.h"
+#include "tests/support/TestHttpServer.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QEventLoop>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace zib {
+namespace {
+
+using std::chrono::milliseconds;
+using testing::IsEmpty;
+using testing::Not;
+
+/// What a delegate was told, and what it does when it is.
+struct Recorder : UrlConnectionDelegate {
+    enum class Told { Response, Data, Failure, Finish };
+
+    void didReceiveResponse(const UrlResponse& received) override
+    {
+        response = received;
+        body.clear();
+        note(Told::Response);
+    }
+    void didReceiveData(QByteArrayView data) override
+    {
+        body += data;
+        note(Told::Data);
+    }
+    void didFailWithError(const QString& description) override
+    {
+        failure = description;
+        note(Told::Failure);
+    }
+    void didFinishLoading() override { note(Told::Finish); }
+
+    void note(Told event)
+    {
+        if (told.empty() || told.back() != event || event != Told::Data)
+            told.push_back(event); // how the body is cut is not ours to say
+        if (cancelsAt == event)
+            connection.reset();
+    }
+    [[nodiscard]] bool ended() const
+    {
+        return !told.empty() && (told.back() == Told::Failure || told.back() == Told::Finish);
+    }
+    /// Runs the event loop until the end came; a minute is for machines under load.
+    void wait() const
+    {
+        const QDeadlineTimer limit(std::chrono::minutes(1));
+        while (connection && !ended() && !limit.hasExpired())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+    }
+
+    std::optional<Told> cancelsAt;
+    std::unique_ptr<UrlConnection> connection;
+    std::vector<Told> told;
+    UrlResponse response;
+    QByteArray body;
+    QString failure;
+};
+using Told = Recorder::Told;
+
+UrlRequest get(const QByteArray& url)
+{
+    UrlRequest request;
+    request.url = url;
+    return request;
+}
+
+/// Lets everything happen that is due.
+void settle(milliseconds time = milliseconds(50))
+{
+    QEventLoop loop;
+    QTimer::singleShot(time, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+/// A web with one page, real or faked.
+class Web {
+  public:
+    virtual ~Web() = default;
+    virtual std::unique_ptr<UrlConnection>
+    start(const QByteArray& body, int status, const UrlRequest& options, UrlConnectionDelegate& delegate) = 0;
+    virtual std::unique_ptr<UrlConnection> startFailing(UrlConnectionDelegate& delegate) = 0;
+    virtual std::unique_ptr<UrlConnection> startImpossible(UrlConnectionDelegate& delegate) = 0;
+};
+
+class RealWeb : public Web {
+  public:
+    std::unique_ptr<UrlConnection> start(const QByteArray& body, int status, const UrlRequest& options,
+                                         UrlConnectionDelegate& delegate) override
+    {
+        UrlRequest request = options;
+        const QByteArray path = "/page" + QByteArray::number(++pages_); // the cache knows none of them
+        request.url = server_.serve(path, {.body = body, .status = status});
+        return loader_.start(request, delegate);
+    }
+    std::unique_ptr<UrlConnection> startFailing(UrlConnectionDelegate& delegate) override
+    {
+        return loader_.start(get(server_.serve("/bad", {.body = "half", .announcedLength = 8})), delegate);
+    }
+    std::unique_ptr<UrlConnection> startImpossible(UrlConnectionDelegate& delegate) override
+    {
+        return loader_.start(get("nowhere"), delegate);
+    }
+
+  private:
+    TestHttpServer server_;
+    QTemporaryDir folder_;
+    CurlUrlLoader loader_{folder_.path()};
+    int pages_ = 0;
+};
+
+class FakedWeb : public Web {
+  public:
+    std::unique_ptr<UrlConnection> start(const QByteArray& body, int status, const UrlRequest& options,
+                                         UrlConnectionDelegate& delegate) override
+    {
+        auto connection = loader_.start(options, delegate);
+        QTimer::singleShot(0, &timers_, [exchange = loader_.exchanges.back(), body, status] {
+            exchange->reply(body, status);
+        });
+        return connection;
+    }
+    std::unique_ptr<UrlConnection> startFailing(UrlConnectionDelegate& delegate) override
+    {
+        auto connection = loader_.start(get("http://fake/"), delegate);
+        QTimer::singleShot(0, &timers_, [exchange = loader_.exchanges.back()] {
+            exchange->respond();
+            exchange->send("half");
+            exchange->fail(QStringLiteral("The reply was cut off"));
+        });
+        return connection;
+    }
+    std::unique_ptr<UrlConnection> startImpossible(UrlConnectionDelegate& delegate) override
+    {
+        loader_.refuses = true;
+        return loader_.start(get("nowhere"), delegate);
+    }
+
+  private:
+    QObject timers_;
+    FakeUrlLoader loader_;
+};
+
+template <typename Kind>
+std::unique_ptr<Web> make()
+{
+    return std::make_unique<Kind>();
+}
+
+class UrlConnectionContract : public testing::TestWithParam<std::unique_ptr<Web> (*)()> {
+  protected:
+    std::unique_ptr<Web> web = GetParam()();
+    Recorder recorder;
+};
+INSTANTIATE_TEST_SUITE_P(RealAndFake, UrlConnectionContract, testing::Values(&make<RealWeb>, &make<FakedWeb>),
+                         [](const auto& kind) { return kind.index == 0 ? "Real" : "Fake"; });
+
+TEST_P(UrlConnectionContract, TellsResponseThenDataThenTheEndAndNeverAtOnce)
+{
+    for (const int status : {200, 404, 500}) {
+        SCOPED_TRACE(status);
+        Recorder each;
+        each.connection = web->start("a page", status, {}, each);
+        ASSERT_TRUE(each.connection);
+        EXPECT_THAT(each.told, IsEmpty()) << "from within start()";
+        each.wait();
+        EXPECT_EQ(each.told, (std::vector{Told::Response, Told::Data, Told::Finish}));
+        EXPECT_EQ(each.response.status, status);
+        EXPECT_EQ(each.response.expectedContentLength, 6);
+        EXPECT_EQ(each.body, "a page");
+    }
+}
+
+TEST_P(UrlConnectionContract, AFailureIsTheLastEvent)
+{
+    recorder.connection = web->startFailing(recorder);
+    recorder.wait();
+    settle();
+    EXPECT_EQ(recorder.told.back(), Told::Failure);
+    EXPECT_EQ(std::count(recorder.told.begin(), recorder.told.end(), Told::Finish), 0);
+    EXPECT_FALSE(recorder.failure.isEmpty());
+}
+
+TEST_P(UrlConnectionContract, ALongerBodyThanAllowedFails)
+{
+    UrlRequest request;
+    request.maximumBytes = 1000;
+    recorder.connection = web->start(QByteArray(1001, 'x'), 200, request, recorder);
+    recorder.wait();
+    EXPECT_EQ(recorder.told.back(), Told::Failure);
+    EXPECT_LE(recorder.body.size(), 1000);
+}
+
+TEST_P(UrlConnectionContract, DestroyingItCancels)
+{
+    for (const Told event : {Told::Response, Told::Data, Told::Finish}) {
+        Recorder each;
+        each.cancelsAt = event;
+        each.connection = web->start("a page", 200, {}, each);
+        each.wait();
+        settle();
+        EXPECT_EQ(each.told.back(), event);
+    }
+    recorder.connection = web->start("a page", 200, {}, recorder);
+    recorder.connection.reset();
+    settle();
+    EXPECT_THAT(recorder.told, IsEmpty());
+}
+
+TEST_P(UrlConnectionContract, WhatCantBeRequestedIsNoConnection)
+{
+    EXPECT_EQ(web->startImpossible(recorder), nullptr);
+    settle();
+    EXPECT_THAT(recorder.told, IsEmpty());
+}
+
+class CurlUrlLoaderTest : public testing::Test {
+  protected:
+    /// Asks and waits for the end.
+    std::unique_ptr<Recorder> load(const UrlRequest& request)
+    {
+        auto recorder = std::make_unique<Recorder>();
+        recorder->connection = loader->start(request, *recorder);
+        recorder->wait();
+        recorder->connection.reset();
+        return recorder;
+    }
+    std::unique_ptr<Recorder> load(const QByteArray& path, const TestReply& reply)
+    {
+        return load(get(server.serve(path, reply)));
+    }
+    [[nodiscard]] QStringList cachedFiles() const { return QDir(folder.path()).entryList(QDir::Files); }
+
+    TestHttpServer server;
+    QTemporaryDir folder;
+    std::unique_ptr<CurlUrlLoader> loader = std::make_unique<CurlUrlLoader>(folder.path(), 80'000);
+};
+
+TEST_F(CurlUrlLoaderTest, FaultsOfServersFail)
+{
+    struct Case {
+        const char* name;
+        TestReply reply;
+    };
+    const Case cases[] = {
+        {"never answers", {.neverAnswers = true}},
+        {"stalls", {.body = QByteArray(100, 'x'), .stallAt = 50}},
+        {"closed half-way", {.body = QByteArray(100, 'x'), .closeAt = 50}},
+        {"redirects to itself", TestReply::redirect("/page")},
+        {"redirects to a file", TestReply::redirect("file:///etc/hostname")},
+        {"no HTTP", {.rawHead = "hello\r\n\r\n"}},
+        {"a length that lies low",
+         {.body = QByteArray(90'000, 'x'), .announcedLength = TestReply::kNoLength}},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.name);
+        UrlRequest request = get(server.serve("/page", one.reply));
+        request.timeout = milliseconds(300);
+        request.maximumBytes = 60'000;
+        const auto recorder = load(request);
+        ASSERT_TRUE(recorder->ended());
+        EXPECT_EQ(recorder->told.back(), Told::Failure);
+        EXPECT_FALSE(recorder->failure.isEmpty());
+    }
+    EXPECT_THAT(cachedFiles(), IsEmpty());
+}
+
+TEST_F(CurlUrlLoaderTest, SlowIsNotSilent)
+{
+    UrlRequest request = get(server.serve(
+        "/page", {.body = QByteArray(10, 'x'), .pieceBytes = 1, .piecePause = milliseconds(200)}));
+    request.timeout = milliseconds(1500); // less than the whole reply takes
+    EXPECT_EQ(load(request)->body, QByteArray(10, 'x'));
+}
+
+TEST_F(CurlUrlLoaderTest, TheAddressGoesOutAsItStands)
+{
+    const QByteArray target = "/a/../%2D%7e?name=%C3%A9+b&x=a%2Fb";
+    load(target, {.body = "x", .headers = {{"X-Mood", "Calm"}}});
+    EXPECT_EQ(server.requests().back().target, target);
+}
+
+TEST_F(CurlUrlLoaderTest, TheCacheAnswersFirstAndAcrossRuns)
+{
+    const TestHeaders headers{{"X-Mood", "Calm"}};
+    const auto first = load("/page", {.body = "old", .headers = headers});
+    loader = std::make_unique<CurlUrlLoader>(folder.path(), 80'000);
+    const auto second = load("/page", {.body = "new"});
+    EXPECT_EQ(second->body, "old");
+    EXPECT_EQ(second->told, first->told);
+    EXPECT_EQ(second->response.status, 200);
+    EXPECT_EQ(second->response.headers, first->response.headers);
+    EXPECT_THAT(second->response.headers,
+                testing::Contains(std::pair<QByteArray, QByteArray>("x-mood", "Calm")));
+    EXPECT_EQ(server.requests().size(), 1U);
+
+    UrlRequest fresh = get(server.url("/page"));
+    fresh.returnCacheDataElseLoad = false;
+    EXPECT_EQ(load(fresh)->body, "new");
+    EXPECT_EQ(load(get(fresh.url))->body, "new") << "the newer reply is the one that stays";
+    EXPECT_EQ(server.requests().size(), 2U);
+}
+
+TEST_F(CurlUrlLoaderTest, OnlyGoodRepliesAreKept)
+{
+    load("/missing", {.body = "x", .status = 404});
+    load("/private", {.body = "x", .headers = {{"cache-control", "private, No-Store"}}});
+    load("/cut", {.body = "x", .announcedLength = 2});
+    load("/huge", {.body = QByteArray(20'000, 'x')});
+    EXPECT_THAT(cachedFiles(), IsEmpty());
+}
+
+TEST_F(CurlUrlLoaderTest, WhatTheServerNoLongerLetsUsKeepIsForgotten)
+{
+    load("/page", {.body = "old"});
+    UrlRequest fresh = get(server.serve("/page", {.body = "x", .headers = {{"Cache-Control", "no-store"}}}));
+    fresh.returnCacheDataElseLoad = false;
+    load(fresh);
+    EXPECT_THAT(cachedFiles(), IsEmpty());
+}
+
+TEST_F(CurlUrlLoaderTest, DamagedEntriesWereNeverThere)
+{
+    for (const int damage : {0, 1, 2}) {
+        SCOPED_TRACE(damage);
+        load("/page", {.body = "old"});
+        ASSERT_EQ(cachedFiles().size(), 1);
+        QFile file(folder.filePath(cachedFiles().first()));
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        if (damage == 0)
+            file.resize(0);
+        else if (damage == 1)
+            file.resize(file.size() - 1);
+        else
+            file.write("XXXX");
+        file.close();
+        EXPECT_EQ(load("/page", {.body = "new"})->body, "new");
+        EXPECT_EQ(load("/page", {.body = "newer"})->body, "new") << "kept again";
+        QDir(folder.path()).remove(cachedFiles().first());
+    }
+}
+
+TEST_F(CurlUrlLoaderTest, TheRepliesUsedLongestAgoLeave)
+{
+    const QByteArray body(9000, 'x');
+    for (const char* path : {"/0", "/1", "/2", "/3", "/4", "/5", "/6", "/7"})
+        load(path, {.body = body});
+    load("/0", {}); // used again
+    load("/8", {.body = body});
+    qint64 bytes = 0;
+    for (const QFileInfo& file : QDir(folder.path()).entryInfoList(QDir::Files))
+        bytes += file.size();
+    EXPECT_LE(bytes, 80'000);
+    const auto asked = server.requests().size();
+    load(get(server.url("/0")));
+    load(get(server.url("/8")));
+    EXPECT_EQ(server.requests().size(), asked) << "both were kept";
+    load(get(server.url("/1")));
+    EXPECT_EQ(server.requests().size(), asked + 1) << "the oldest was not";
+}
+
+TEST_F(CurlUrlLoaderTest, AConnectionMayOutliveItsLoader)
+{
+    Recorder recorder;
+    recorder.connection = loader->start(get(server.serve("/page", {.body = "late"})), recorder);
+    loader.reset();
+    recorder.wait();
+    EXPECT_EQ(recorder.body, "late");
+}
+
+TEST_F(CurlUrlLoaderTest, ManyAtOnceDoNotMix)
+{
+    std::vector<std::unique_ptr<Recorder>> recorders;
+    for (int i = 0; i < 30; ++i) {
+        const QByteArray number = QByteArray::number(i);
+        recorders.push_back(std::make_unique<Recorder>());
+        recorders.back()->connection = loader->start(
+            get(server.serve("/" + number, {.body = number.repeated(5000)})), *recorders.back());
+    }
+    for (int i = 0; i < 30; ++i) {
+        recorders[static_cast<std::size_t>(i)]->wait();
+        EXPECT_EQ(recorders[static_cast<std::size_t>(i)]->body, QByteArray::number(i).repeated(5000));
+    }
+}
+
+TEST_F(CurlUrlLoaderTest, ADelegateMayRunAnEventLoopOfItsOwn)
+{
+    struct Modal : Recorder {
+        void didReceiveResponse(const UrlResponse& received) override
+        {
+            settle(milliseconds(200)); // as an alert does, while the rest arrives
+            EXPECT_THAT(told, IsEmpty());
+            Recorder::didReceiveResponse(received);
+        }
+    } modal;
+    modal.connection = loader->start(
+        get(server.serve("/page",
+                         {.body = QByteArray(300, 'x'), .pieceBytes = 100, .piecePause = milliseconds(20)})),
+        modal);
+    modal.wait();
+    EXPECT_EQ(modal.told, (std::vector{Told::Response, Told::Data, Told::Finish}));
+    EXPECT_EQ(modal.body, QByteArray(300, 'x'));
+}
+
+} // namespace
+} // namespace zib
