@@ -2,24 +2,64 @@
 #include "records/Record.h"
 
 #include "records/PropertyValue.h"
+#include "records/RecordFields.h"
 
-#include <algorithm>
 #include <atomic>
+#include <limits>
 #include <mutex>
-#include <vector>
+#include <thread>
 
 namespace zib {
+namespace {
+
+/// Held for a few instructions, and one stands in every record: a byte in place of a mutex's forty.
+class TinyLock {
+  public:
+    void lock() noexcept
+    {
+        while (flag_.test_and_set(std::memory_order_acquire))
+            std::this_thread::yield();
+    }
+    void unlock() noexcept { flag_.clear(std::memory_order_release); }
+
+  private:
+    std::atomic_flag flag_;
+};
+
+RecordBuilder& sharedBuilder()
+{
+    thread_local RecordBuilder builder;
+    return builder;
+}
+
+} // namespace
 
 class RecordObject {
   public:
-    std::atomic<int> references{1};
-    mutable std::mutex mutex; // held to change the fields, and to read them away from the main thread
-    std::vector<Record::Field> fields;
+    static constexpr std::int32_t noIndex = -1;
 
-    const PropertyValue* find(RecordKey key) const
+    std::atomic<std::uint32_t> references{1};
+    // Held to change the members below, and to read them away from the main thread.
+    mutable TinyLock mutex;
+    // "Index" stands beside the fields: numbering the shown songs sets it on every one of them, on copies
+    // that can so go on sharing the fields. An index of another kind than a row's stands among the fields.
+    std::int32_t index = noIndex;
+    RecordFields fields;
+
+    RecordObject() = default;
+    RecordObject(RecordFields content, std::int32_t place)
+        : index(place)
+        , fields(std::move(content))
     {
-        const auto field = std::ranges::find(fields, key, &Record::Field::first);
-        return field == fields.end() ? nullptr : &field->second;
+    }
+
+    [[nodiscard]] bool hasIndex() const { return index != noIndex; }
+
+    void change(RecordFields content, std::int32_t place)
+    {
+        const std::scoped_lock lock(mutex);
+        std::swap(fields, content); // the old block is freed outside the lock
+        index = place;
     }
 };
 
@@ -60,60 +100,97 @@ Record Record::make(std::initializer_list<Field> fields)
     return record;
 }
 
+Record Record::make(const RecordFields& fields)
+{
+    const std::size_t place = fields.find(keys::Index);
+    if (place == RecordFields::absent)
+        return Record(new RecordObject(fields, RecordObject::noIndex));
+    RecordBuilder& builder = sharedBuilder();
+    builder.add(fields);
+    builder.remove(keys::Index);
+    Record record(new RecordObject(builder.build(), RecordObject::noIndex));
+    record.set(keys::Index, fields.value(place));
+    return record;
+}
+
 bool operator==(const Record& a, const Record& b)
 {
     if (a.isSame(b))
         return true;
-    if (a.isNull() || b.isNull() || a.object_->fields.size() != b.object_->fields.size())
-        return false;
-    return std::ranges::all_of(a.object_->fields, [&b](const Record::Field& field) {
-        const PropertyValue* other = b.object_->find(field.first);
-        return other != nullptr && *other == field.second;
-    });
+    return !a.isNull() && !b.isNull() && a.object_->index == b.object_->index &&
+           a.object_->fields == b.object_->fields;
+}
+
+bool Record::equalsButIndex(const Record& other) const
+{
+    if (isNull() || other.isNull())
+        return isSame(other);
+    return object_->fields == other.object_->fields;
 }
 
 Record Record::copy() const
 {
-    Record result = make();
-    if (object_ != nullptr)
-        result.object_->fields = object_->fields;
-    return result;
+    return object_ != nullptr ? Record(new RecordObject(object_->fields, object_->index)) : make();
 }
 
 bool Record::contains(RecordKey key) const
 {
-    return object_ != nullptr && object_->find(key) != nullptr;
+    if (object_ == nullptr)
+        return false;
+    return object_->fields.find(key) != RecordFields::absent || (key == keys::Index && object_->hasIndex());
 }
 
 QList<RecordKey> Record::keys() const
 {
     QList<RecordKey> result;
-    if (object_ != nullptr)
-        std::ranges::transform(object_->fields, std::back_inserter(result), &Field::first);
+    if (object_ == nullptr)
+        return result;
+    for (std::size_t place = 0; place < object_->fields.size(); ++place)
+        result.append(object_->fields.key(place));
+    if (object_->hasIndex())
+        result.append(keys::Index);
     return result;
 }
 
 PropertyValue Record::value(RecordKey key) const
 {
-    const PropertyValue* found = object_ != nullptr ? object_->find(key) : nullptr;
-    return found != nullptr ? *found : PropertyValue();
+    if (object_ == nullptr)
+        return {};
+    if (key == keys::Index && object_->hasIndex())
+        return object_->index;
+    const std::size_t place = object_->fields.find(key);
+    return place != RecordFields::absent ? object_->fields.value(place) : PropertyValue();
+}
+
+std::string_view Record::utf8(RecordKey key) const
+{
+    if (object_ == nullptr)
+        return {};
+    const RecordFields& fields = object_->fields;
+    const std::size_t place = fields.find(key);
+    const bool isText = place != RecordFields::absent && fields.type(place) == RecordFields::Type::String;
+    return isText ? fields.text(place) : std::string_view();
 }
 
 QString Record::string(RecordKey key) const
 {
-    const PropertyValue found = value(key);
-    const auto* text = found.get<QString>();
-    return text != nullptr ? *text : QString();
-}
-
-std::string_view Record::utf8(RecordKey) const
-{
-    return {};
+    const std::string_view text = utf8(key);
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 qint64 Record::integer(RecordKey key) const
 {
-    return static_cast<qint64>(real(key));
+    const PropertyValue found = value(key);
+    if (const auto* integer = found.get<qint64>())
+        return *integer;
+    const double real = this->real(key);
+    // Beyond the range a conversion would be undefined; a value that is no number counts nothing.
+    constexpr double limit = 9223372036854775808.0;
+    if (real >= limit)
+        return std::numeric_limits<qint64>::max();
+    if (real < -limit)
+        return std::numeric_limits<qint64>::min();
+    return real == real ? static_cast<qint64>(real) : 0;
 }
 
 double Record::real(RecordKey key) const
@@ -163,22 +240,37 @@ QList<Record> Record::records(RecordKey key) const
 
 void Record::set(RecordKey key, const PropertyValue& value)
 {
-    if (value.isNull()) {
-        remove(key);
-        return;
+    std::int32_t index = object_->index;
+    const bool hasField = object_->fields.find(key) != RecordFields::absent;
+    if (key == keys::Index) {
+        const auto* row = value.get<qint64>();
+        const bool isRow = row != nullptr && *row >= 0 && *row <= std::numeric_limits<std::int32_t>::max();
+        index = isRow ? static_cast<std::int32_t>(*row) : RecordObject::noIndex;
+        if (!hasField && (isRow || value.isNull())) {
+            object_->change(object_->fields, index);
+            return;
+        }
     }
-    const std::scoped_lock lock(object_->mutex);
-    const auto field = std::ranges::find(object_->fields, key, &Field::first);
-    if (field != object_->fields.end())
-        field->second = value;
-    else
-        object_->fields.emplace_back(key, value);
+    RecordBuilder& builder = sharedBuilder();
+    builder.add(object_->fields);
+    builder.remove(key);
+    if (key != keys::Index || index == RecordObject::noIndex)
+        builder.add(key, value);
+    object_->change(builder.build(), index);
 }
 
 void Record::remove(RecordKey key)
 {
+    if (contains(key))
+        set(key, {});
+}
+
+RecordFields Record::fields() const
+{
+    if (object_ == nullptr)
+        return {};
     const std::scoped_lock lock(object_->mutex);
-    std::erase_if(object_->fields, [key](const Field& field) { return field.first == key; });
+    return object_->fields;
 }
 
 Record Record::snapshot() const

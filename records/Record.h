@@ -15,6 +15,7 @@
 namespace zib {
 
 class PropertyValue;
+class RecordFields;
 class RecordObject;
 
 /// A string-keyed dictionary of property-list values that has identity: a handle to one shared object.
@@ -37,6 +38,8 @@ class Record {
 
     /// A new record with those fields; of a key that stands twice the last value holds.
     static Record make(std::initializer_list<Field> fields = {});
+    /// A new record that shares that block of fields.
+    static Record make(const RecordFields& fields);
 
     [[nodiscard]] bool isNull() const noexcept { return object_ == nullptr; }
     explicit operator bool() const noexcept { return object_ != nullptr; }
@@ -46,8 +49,11 @@ class Record {
     /// Content: whether both hold equal values under the same keys, in whatever order; no record equals no
     /// record.
     friend bool operator==(const Record& a, const Record& b);
+    /// Content but for "Index": whether both are the same song as it stands, wherever each is shown.
+    [[nodiscard]] bool equalsButIndex(const Record& other) const;
 
-    /// A new object of equal content. Nested records are shared, not copied.
+    /// A new object of equal content, which is shared until one of the two is changed. Nested records are
+    /// the same records, not copies.
     [[nodiscard]] Record copy() const;
 
     [[nodiscard]] bool contains(RecordKey key) const;
@@ -72,6 +78,10 @@ class Record {
     /// Sets a value on the shared object: every holder sees it. A null value removes the key.
     void set(RecordKey key, const PropertyValue& value);
     void remove(RecordKey key);
+
+    /// The fields as they are now, for reading and writing in bulk. Without a row's "Index", which belongs to
+    /// a shown list and is never stored. Callable on any thread while the main thread changes the record.
+    [[nodiscard]] RecordFields fields() const;
 
     /// A new object with the content as it is now, which no later change of this one touches. Callable on any
     /// thread while the main thread changes the record; the result is for the caller alone.

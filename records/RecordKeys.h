@@ -19,7 +19,7 @@ class RecordKey {
 
     /// The name, UTF-8; valid for the life of the process.
     [[nodiscard]] std::string_view name() const;
-    [[nodiscard]] std::uint32_t id() const { return id_; }
+    [[nodiscard]] constexpr std::uint32_t id() const { return id_; }
 
     friend constexpr auto operator<=>(RecordKey, RecordKey) = default;
 
