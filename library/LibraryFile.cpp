@@ -1,10 +1,37 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "library/LibraryFile.h"
 
+#include "library/AtomicFile.h"
+#include "library/LibraryEnvelope.h"
+#include "records/PropertyList.h"
+#include "records/PropertyListWriter.h"
+
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+#include <QLoggingCategory>
+
+#include <filesystem>
 
 namespace zib {
+namespace {
+
+Q_LOGGING_CATEGORY(log, "zib.library")
+
+const QString undecipherable = QStringLiteral("the file cannot be deciphered");
+const QString applicationVersion = QStringLiteral("1.0");
+
+/// The records of a collection of the file. False when it is anything but an array of records; a missing one
+/// is empty.
+bool takeRecords(const Record& root, RecordKey key, QList<Record>& records)
+{
+    records = root.records(key);
+    const PropertyValue value = root.value(key);
+    const auto* array = value.get<PropertyArray>();
+    return value.isNull() || (array != nullptr && array->size() == records.size());
+}
+
+} // namespace
 
 QString LibraryFile::standardPath()
 {
@@ -16,14 +43,99 @@ bool LibraryFile::exists() const
     return QFileInfo::exists(path_);
 }
 
-tl::expected<LibraryContents, QString> LibraryFile::load() const
+tl::expected<QByteArray, QString> LibraryFile::readBytes() const
 {
-    return LibraryContents();
+    QFile file(path_);
+    if (!file.open(QIODevice::ReadOnly))
+        return tl::unexpected(file.errorString());
+    QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        return tl::unexpected(file.errorString());
+    return bytes;
 }
 
-bool LibraryFile::save(const LibrarySnapshot& /*snapshot*/) const
+tl::expected<LibraryContents, QString> LibraryFile::load() const
 {
-    return false;
+    auto bytes = readBytes();
+    if (!bytes)
+        return tl::unexpected(bytes.error());
+    return parse(*bytes);
+}
+
+tl::expected<QByteArray, QString> LibraryFile::readPlain() const
+{
+    auto bytes = readBytes();
+    if (!bytes)
+        return bytes;
+    const auto content = openEnvelope(*bytes);
+    if (!content)
+        return tl::unexpected(undecipherable);
+    return content->toByteArray();
+}
+
+tl::expected<LibraryContents, QString> LibraryFile::parse(QByteArray& bytes)
+{
+    const auto content = openEnvelope(bytes);
+    if (!content)
+        return tl::unexpected(undecipherable);
+    auto document = readPropertyListWithTable(*content, keys::Library);
+    if (!document)
+        return tl::unexpected(document.error());
+    LibraryContents contents;
+    contents.library = std::move(document->table);
+    if (!takeRecords(document->root, keys::Playlists, contents.playlists) ||
+        !takeRecords(document->root, keys::RecentSearches, contents.searches))
+        return tl::unexpected(QStringLiteral("a collection is no array of dictionaries"));
+    const PropertyValue userInfo = document->root.value(keys::Data);
+    if (const auto* record = userInfo.get<Record>())
+        contents.userInfo = *record;
+    else if (!userInfo.isNull())
+        return tl::unexpected(QStringLiteral("the user information is no dictionary"));
+    return contents;
+}
+
+bool LibraryFile::save(const LibrarySnapshot& snapshot) const
+{
+    const QString folder = QFileInfo(path_).absolutePath();
+    std::error_code error;
+    std::filesystem::create_directories(std::filesystem::path(QFile::encodeName(folder).constData()), error);
+    if (error) {
+        qCWarning(log, "Failed creating directory at path %s\nError: %s", qUtf8Printable(folder),
+                  error.message().c_str());
+        return false;
+    }
+    // The attribute that hides a file's extension has no counterpart on Linux, so none is set.
+    AtomicFile file(path_);
+    EnvelopeWriter envelope([&file](std::string_view piece) { file.write(piece); });
+    // What lives only while a song is shown or downloads means nothing in the next run.
+    PropertyListWriter writer([&envelope](std::string_view piece) { envelope.write(piece); },
+                              {keys::Index, keys::Progress, keys::CanAbort, keys::Abort});
+    writer.beginDictionary();
+    writer.key(keys::ApplicationVersion);
+    writer.value(applicationVersion);
+    writer.key(keys::Data);
+    writer.value(snapshot.userInfo);
+    writer.key(keys::Library);
+    writer.table(snapshot.library);
+    writer.key(keys::Playlists);
+    writer.value(snapshot.playlists);
+    writer.key(keys::RecentSearches);
+    writer.value(snapshot.searches);
+    writer.endDictionary();
+    if (!writer.finish()) {
+        qCWarning(log, "Invalid property list format!");
+        return false;
+    }
+    if (!envelope.finish()) {
+        qCWarning(log, "Error: Failed serializing data %s", "the library cannot be enciphered");
+        return false;
+    }
+    if (!file.commit()) {
+        qCWarning(log, "Failed writing file at path %s\nError: %s", qUtf8Printable(path_),
+                  qUtf8Printable(file.error()));
+        return false;
+    }
+    return true;
 }
 
 } // namespace zib

@@ -4,6 +4,7 @@
 #include "records/Record.h"
 #include "records/RecordTable.h"
 
+#include <QByteArray>
 #include <QList>
 #include <QString>
 
@@ -48,7 +49,14 @@ class LibraryFile {
     /// folder when there is none. A failure is logged and leaves the old file. At most one call at a time.
     bool save(const LibrarySnapshot& snapshot) const;
 
+    /// The deciphered content of the file, an XML property list, or why there is none.
+    [[nodiscard]] tl::expected<QByteArray, QString> readPlain() const;
+    /// The contents of such bytes, which are deciphered where they stand.
+    static tl::expected<LibraryContents, QString> parse(QByteArray& bytes);
+
   private:
+    [[nodiscard]] tl::expected<QByteArray, QString> readBytes() const;
+
     QString path_;
 };
 

@@ -1,0 +1,253 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A library of 100,000 songs of 15 fields: what it takes in memory and in time to load, to change and to
+// save.
+#include "library/LibraryFile.h"
+#include "library/RVDataManager.h"
+#include "platform/Alerts.h"
+#include "platform/Clock.h"
+#include "platform/TableView.h"
+#include "platform/UserDefaults.h"
+#include "records/PropertyValue.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <pugixml.hpp>
+
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+#include <vector>
+
+#include <malloc.h>
+#include <unistd.h>
+
+namespace zib {
+namespace {
+
+constexpr int songCount = 100'000;
+constexpr int rounds = 5;
+
+Record makeSong(int number)
+{
+    const QString id = QStringLiteral("%1").arg(number * 2654435761U, 16, 16, QLatin1Char('0'));
+    const int artist = number % 2500;
+    const QDateTime found = QDateTime::fromSecsSinceEpoch(1'200'000'000 + number * 731, Qt::UTC);
+    return Record::make({
+        {keys::Id, id},
+        {keys::Name, QStringLiteral("A song of some length, number %1").arg(number)},
+        {keys::Artist, QStringLiteral("Artist & Friends %1").arg(artist)},
+        {keys::Album, QStringLiteral("The album called %1").arg(number / 12)},
+        {keys::Genre, QStringLiteral("Genre %1").arg(number % 40)},
+        {keys::Year, 1960 + number % 60},
+        {keys::Duration, 120 + number % 300},
+        {keys::Position, number % 12 + 1},
+        {keys::Location, QStringLiteral("http://127.0.0.1:8642/audio/%1/%2.mp3").arg(artist).arg(id)},
+        {keys::Info, QStringLiteral("http://127.0.0.1:8642/song/%1").arg(id)},
+        {keys::Hotness, number % 101},
+        {keys::Familiarity, number % 97},
+        {keys::FoundDate, found},
+        {keys::PlayCount, number % 50},
+        {keys::PlayDate, found.addDays(90)},
+    });
+}
+
+LibraryContents makeContents()
+{
+    LibraryContents contents;
+    for (int number = 0; number < songCount; ++number) {
+        const Record song = makeSong(number);
+        contents.library.insert(song.string(keys::Id), song);
+    }
+    return contents;
+}
+
+LibrarySnapshot snapshotOf(LibraryContents& contents)
+{
+    return {contents.library.snapshot(), contents.playlists, contents.searches, contents.userInfo};
+}
+
+double milliseconds(const std::function<void()>& work)
+{
+    QElapsedTimer timer;
+    timer.start();
+    work();
+    return double(timer.nsecsElapsed()) / 1e6;
+}
+
+double median(std::vector<double> values)
+{
+    std::ranges::sort(values);
+    return values[values.size() / 2];
+}
+
+qsizetype residentBytes()
+{
+    QFile statm(QStringLiteral("/proc/self/statm"));
+    if (!statm.open(QIODevice::ReadOnly))
+        return 0;
+    return statm.readAll().split(' ').value(1).toLongLong() * sysconf(_SC_PAGESIZE);
+}
+
+void report(const char* name, double ratio, double bar, const char* yardstick)
+{
+    std::printf("bench %s %.3f %.1f %s\n", name, ratio, bar, yardstick);
+}
+
+/// A library file of the size in question, and its content in plain.
+class Sample {
+  public:
+    Sample()
+    {
+        LibraryContents contents = makeContents();
+        file().save(snapshotOf(contents));
+        plain_ = file().readPlain().value();
+    }
+    [[nodiscard]] LibraryFile file() const
+    {
+        return LibraryFile(folder_.filePath(QStringLiteral("Zib Music Library.zib")));
+    }
+    [[nodiscard]] const QByteArray& plain() const { return plain_; }
+
+  private:
+    QTemporaryDir folder_;
+    QByteArray plain_;
+};
+
+double loadMilliseconds(const Sample& sample)
+{
+    tl::expected<LibraryContents, QString> loaded;
+    const double taken = milliseconds([&] { loaded = sample.file().load(); });
+    if (!loaded || loaded->library.size() != songCount)
+        qFatal("the library was not loaded");
+    return taken;
+}
+
+class CountNodes : public pugi::xml_tree_walker {
+  public:
+    bool for_each(pugi::xml_node& node) override
+    {
+        length += std::char_traits<char>::length(node.value());
+        return true;
+    }
+    std::size_t length = 0;
+};
+
+void benchLoad()
+{
+    const Sample sample;
+    std::vector<double> ours;
+    std::vector<double> yardstick;
+    for (int round = 0; round < rounds; ++round) {
+        QByteArray bytes = sample.plain();
+        bytes.detach();
+        pugi::xml_document document;
+        CountNodes walker;
+        yardstick.push_back(milliseconds([&] {
+            document.load_buffer_inplace(bytes.data(), std::size_t(bytes.size()));
+            document.traverse(walker);
+        }));
+        if (walker.length == 0)
+            qFatal("the yardstick read nothing");
+        ours.push_back(loadMilliseconds(sample));
+    }
+    report("library-load", median(ours) / median(yardstick), 1.0, "pugixml in place, every node visited");
+}
+
+void benchMemory()
+{
+    const Sample sample;
+    malloc_trim(0);
+    const qsizetype before = residentBytes();
+    const auto loaded = sample.file().load();
+    malloc_trim(0);
+    const qsizetype grown = residentBytes() - before;
+    if (!loaded || loaded->library.size() != songCount)
+        qFatal("the library was not loaded");
+    report("library-memory", double(grown) / songCount / 900, 1.0, "900 bytes of resident memory a song");
+}
+
+void benchSave()
+{
+    const Sample sample;
+    auto contents = sample.file().load();
+    std::vector<double> load;
+    std::vector<double> save;
+    for (int round = 0; round < rounds; ++round) {
+        load.push_back(loadMilliseconds(sample));
+        const LibrarySnapshot snapshot = snapshotOf(*contents);
+        save.push_back(milliseconds([&] {
+            if (!sample.file().save(snapshot))
+                qFatal("the library was not saved");
+        }));
+    }
+    report("library-save", median(save) / median(load), 1.5, "loading the same library");
+}
+
+class NoSettings : public UserDefaults {
+  public:
+    void registerDefaults(const QVariantMap&) override {}
+    [[nodiscard]] QVariant value(const QString&) const override { return {}; }
+    void setValue(const QString&, const QVariant&) override {}
+    void remove(const QString&) override {}
+    [[nodiscard]] QStringList storedKeys() const override { return {}; }
+};
+
+class NoAlerts : public Alerts {
+  public:
+    AlertResult runModal(const Alert& alert) override { qFatal("%s", qUtf8Printable(alert.messageText)); }
+};
+
+class SystemClock : public Clock {
+  public:
+    [[nodiscard]] QDateTime now() const override { return QDateTime::currentDateTimeUtc(); }
+};
+
+class NoTable : public TableView {
+  public:
+    void reloadData() override {}
+    void scrollRowToVisible(int) override {}
+    [[nodiscard]] QList<int> selectedRows() const override { return {}; }
+    void selectRows(const QList<int>&) override {}
+    void deselectAll() override {}
+    void setAutosaveName(const QString&) override {}
+};
+
+/// The main thread's time for loving one song of the whole library that is shown, saved in the background.
+void benchStall()
+{
+    const Sample sample;
+    NoSettings defaults;
+    NoAlerts alerts;
+    const SystemClock clock;
+    NoTable table;
+    RVDataManager manager(defaults, alerts, clock, table, sample.file().path());
+    manager.setSource(SourceType::Library);
+    std::vector<double> stalls;
+    for (int round = 0; round < 20; ++round)
+        stalls.push_back(milliseconds([&] { manager.markFavoriteAtIndex(round * 4999); }));
+    report("library-stall", median(stalls) / 8, 1.0, "8 ms, half a picture at 60 a second");
+}
+
+constexpr std::pair<const char*, void (*)()> benchmarks[] = {{"library-memory", benchMemory},
+                                                             {"library-load", benchLoad},
+                                                             {"library-stall", benchStall},
+                                                             {"library-save", benchSave}};
+
+} // namespace
+} // namespace zib
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    const QByteArray wanted(argc > 1 ? argv[1] : "");
+    for (const auto& [name, run] : zib::benchmarks) {
+        if (wanted == "--list")
+            std::printf("%s\n", name);
+        else if (wanted.isEmpty() || wanted == name)
+            run();
+    }
+    return 0;
+}
