@@ -19,6 +19,7 @@
 #include <QBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -115,7 +116,17 @@ QWidget* MainWindow::makeBar()
     layout->addWidget(volume_);
     layout->addSpacing(Theme::between);
     layout->addWidget(search_, 2);
+    layout->addWidget(makeMenuButton(bar));
     return bar;
+}
+
+QToolButton* MainWindow::makeMenuButton(QWidget* bar)
+{
+    QToolButton* button = makeButton(QStringLiteral("menu"), 20, tr("Menu"), tr("Menu"), bar);
+    menu_ = new QMenu(button);
+    button->setMenu(menu_);
+    button->setPopupMode(QToolButton::InstantPopup);
+    return button;
 }
 
 QWidget* MainWindow::makeMainArea()
@@ -182,13 +193,6 @@ void MainWindow::attach(RVMainController& controller)
     search_->focusField();
 }
 
-void MainWindow::detach()
-{
-    controller_ = nullptr;
-    table_->setController(nullptr);
-    panel_->setDurationSource({});
-}
-
 void MainWindow::connectControls()
 {
     // A click also switches a checkable button; the controller then shows what is the case.
@@ -241,7 +245,6 @@ void MainWindow::makeShortcuts()
         else
             love_->click();
     });
-    add(QKeySequence::Quit, [] { QApplication::quit(); });
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event)

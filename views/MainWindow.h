@@ -6,6 +6,7 @@
 #include <QMainWindow>
 
 class QLabel;
+class QMenu;
 class QStackedWidget;
 class QToolButton;
 
@@ -36,10 +37,11 @@ class MainWindow : public QMainWindow, public MainWindowView {
 
     /// The table to make the library manager with.
     [[nodiscard]] TableView& songTable();
-    /// Connects the controls and lets the controller fill the window. Once.
+    /// The menu at the end of the bar, for whoever has something to put into it.
+    [[nodiscard]] QMenu& applicationMenu() { return *menu_; }
+    /// Connects the controls and lets the controller fill the window. Once. The window may outlive the
+    /// controller when nobody uses it any more.
     void attach(RVMainController& controller);
-    /// To be called before the controller goes, with the event loop ended.
-    void detach();
 
     // From the controller
     void setPlaying(bool playing) override;
@@ -65,6 +67,7 @@ class MainWindow : public QMainWindow, public MainWindowView {
 
   private:
     QWidget* makeBar();
+    QToolButton* makeMenuButton(QWidget* bar);
     QWidget* makeMainArea();
     QWidget* makeStatusLine();
     void connectControls();
@@ -85,6 +88,7 @@ class MainWindow : public QMainWindow, public MainWindowView {
     VolumeSlider* volume_ = nullptr;
     NowPlayingPanel* panel_ = nullptr;
     SearchBar* search_ = nullptr;
+    QMenu* menu_ = nullptr;
     SourceListView* sources_ = nullptr;
     QStackedWidget* songs_ = nullptr;
     SongTable* table_ = nullptr;
