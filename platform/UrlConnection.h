@@ -19,7 +19,7 @@ struct UrlRequest {
     bool returnCacheDataElseLoad = true;
     std::chrono::milliseconds timeout{10'000}; ///< longest time without any progress, connecting included
     /// A longer body fails the connection.
-    qint64 maximumBytes = 32 * 1024 * 1024;
+    qint64 maximumBytes = qint64(32) * 1024 * 1024;
 };
 
 struct UrlResponse {

@@ -12,7 +12,7 @@ namespace zib {
 
 /// The longest XML reply that a client takes, in bytes: some ten times what the services send. A parsed
 /// document takes up to twenty times its text.
-inline constexpr qint64 maximumXmlBytes = 8 * 1024 * 1024;
+inline constexpr qint64 maximumXmlBytes = qint64(8) * 1024 * 1024;
 
 /// Reads the bytes as XML in whatever encoding they declare. Document types are skipped, so no entity but the
 /// five of XML itself stands for anything. A reply that is no XML, or too long, leaves the document empty and
