@@ -21,7 +21,7 @@ namespace zib {
 
 namespace {
 
-Q_LOGGING_CATEGORY(log, "zib.catalogue.http")
+Q_LOGGING_CATEGORY(log, "zib.catalogue.http", QtInfoMsg)
 
 using Clock = std::chrono::steady_clock;
 

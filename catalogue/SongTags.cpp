@@ -27,7 +27,8 @@ QStringList genresOf(const TagLib::Tag& tag)
 {
     static const QRegularExpression separators(QStringLiteral("[;,/|]"));
     QStringList genres;
-    for (const auto& value : tag.properties()["GENRE"]) {
+    const TagLib::PropertyMap properties = tag.properties();
+    for (const auto& value : properties["GENRE"]) {
         for (const auto& part : cleanText(value).split(separators)) {
             const QString genre = part.trimmed().toLower();
             if (!genre.isEmpty() && !genres.contains(genre) && genres.size() < mostGenres)
