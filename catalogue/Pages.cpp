@@ -38,8 +38,8 @@ HttpReply frontPage(const QString& address, int artists, int songs)
                 QStringLiteral("<h1>Zib catalogue</h1>"
                                "<p>This is the song-search service of the music player Zib."
                                " It offers %1 songs by %2 artists.</p>"
-                               "<p>Zib finds it by itself on the machine where it runs."
-                               " To use it from elsewhere, start <code>zib --services %3</code>.</p>")
+                               "<p>Zib starts and finds it by itself when no other service is set."
+                               " To point Zib here, start <code>zib --services %3</code>.</p>")
                     .arg(songs)
                     .arg(artists)
                     .arg(address.toHtmlEscaped()));

@@ -32,6 +32,8 @@ QStringView plainLetter(QChar c)
         return u"ae";
     case u'œ':
         return u"oe";
+    case u'ß':
+        return u"ss";
     case u'þ':
         return u"th";
     default:
