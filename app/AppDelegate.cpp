@@ -60,8 +60,10 @@ void AppDelegate::openCloseMainWindow()
 
 void AppDelegate::openPreferences()
 {
-    if (!preferencesWindow_)
-        preferencesWindow_ = std::make_unique<PreferencesWindow>(defaults_, *this, alerts_);
+    if (!preferencesWindow_) {
+        MusicFolderActions& musicFolder = *this;
+        preferencesWindow_ = std::make_unique<PreferencesWindow>(defaults_, musicFolder, alerts_);
+    }
     preferencesWindow_->show();
     preferencesWindow_->raise();
     preferencesWindow_->activateWindow();

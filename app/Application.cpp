@@ -5,9 +5,9 @@
 #include "app/CatalogueProcess.h"
 #include "controller/DefaultSettings.h"
 #include "controller/RVMainController.h"
+#include "library/LibraryFile.h"
 #include "library/RVDataManager.h"
 #include "platform/SettingsKeys.h"
-#include "platform/desktop/AudioFileStreamParsers.h"
 #include "platform/desktop/CurlReadStreams.h"
 #include "platform/desktop/CurlUrlLoader.h"
 #include "platform/desktop/DesktopAudioQueue.h"
@@ -17,12 +17,15 @@
 #include "platform/desktop/NetworkReachability.h"
 #include "platform/desktop/SettingsFile.h"
 #include "platform/desktop/SystemClock.h"
+#include "platform/desktop/parsers/AudioFileStreamParsers.h"
 #include "playback/RVPlayer.h"
 #include "services/PKNetwork.h"
 #include "services/ServiceHosts.h"
 #include "services/WebServiceClient.h"
 #include "services/utilities/StringUtilities.h"
+#include "views/AccessibleText.h"
 #include "views/MainWindow.h"
+#include "views/Theme.h"
 #include "views/WidgetAlerts.h"
 #include "views/WidgetDesktop.h"
 
@@ -58,8 +61,8 @@ Places Places::standard()
 {
     const QDir programs(QCoreApplication::applicationDirPath());
     Places places;
-    places.library = QDir::homePath() + QStringLiteral("/Music/Zib/Zib Music Library.zib");
-    places.settings = below(QStandardPaths::GenericConfigLocation, QStringLiteral("zib/settings.json"));
+    places.library = LibraryFile::standardPath();
+    places.settings = SettingsFile::defaultPath();
     places.cache = below(QStandardPaths::GenericCacheLocation, QStringLiteral("zib"));
     places.catalogueData = below(QStandardPaths::GenericDataLocation, QStringLiteral("zib/catalogue"));
     places.music = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
@@ -78,8 +81,8 @@ struct Application::Parts {
         , loader(places.cache)
         , queues(sound)
         , movies(sound)
-        , window(defaults)
-        , dataManager((prepareSettings(), defaults), alerts, clock, window.songTable(), places.library)
+        , window((prepare(), defaults))
+        , dataManager(defaults, alerts, clock, window.songTable(), places.library)
         , player(nullptr, {readStreams, fileStreams, queues, alerts, defaults}, movies, desktop)
         , controller(dataManager, player, {loader, defaults, clock}, defaults, alerts, desktop, window)
         , network(reachability, powerEvents, defaults, &controller)
@@ -87,7 +90,8 @@ struct Application::Parts {
     {
     }
 
-    void prepareSettings();
+    /// What must be so before the first widget and before anything reads a setting.
+    void prepare();
     void startCatalogue();
     void fillApplicationMenu();
 
@@ -113,9 +117,11 @@ struct Application::Parts {
     AppDelegate delegate;
 };
 
-void Application::Parts::prepareSettings()
+void Application::Parts::prepare()
 {
     registerDefaultSettings(defaults);
+    installAccessibleTexts();
+    applyTheme(*qApp, defaults);
     if (!anyHostIsConfigured(defaults))
         startCatalogue();
 }

@@ -43,9 +43,7 @@ class DesktopUser:
 
     def text_of(self, name):
         control = self.wait_for(name)
-        text = control.get_text_iface()
-        shown = Atspi.Text.get_text(text, 0, -1) if text is not None else ""
-        return shown or control.get_description() or control.get_name()
+        return Atspi.Text.get_text(control, 0, -1) if "Text" in control.get_interfaces() else ""
 
     def click(self, control, times=1, across=0.5):
         """Clicks into the control, at that fraction of its width."""
@@ -61,11 +59,11 @@ class DesktopUser:
 
     def rows(self, table_name):
         table = self.wait_for(table_name)
-        return Atspi.Table.get_n_rows(table.get_table_iface()) if table.get_table_iface() else 0
+        return Atspi.Table.get_n_rows(table)
 
     def cell(self, table_name, row, column):
         table = self.wait_for(table_name)
-        return Atspi.Table.get_accessible_at(table.get_table_iface(), row, column)
+        return Atspi.Table.get_accessible_at(table, row, column)
 
     def double_click_row(self, table_name, row):
         self.click(self.cell(table_name, row, 1), times=2)
@@ -75,7 +73,7 @@ class DesktopUser:
 
 
 def _extents(control):
-    return Atspi.Component.get_extents(control.get_component_iface(), Atspi.CoordType.SCREEN)
+    return Atspi.Component.get_extents(control, Atspi.CoordType.SCREEN)
 
 
 def _search(control, name, role, depth):

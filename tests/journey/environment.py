@@ -13,7 +13,7 @@ SINK = "journey"
 
 
 class Environment:
-    def __init__(self, size="1280x800"):
+    def __init__(self, size="1366x900"):
         self.root = pathlib.Path(tempfile.mkdtemp(prefix="zib-journey-"))
         self.processes = []
         self.home = self.root / "home"

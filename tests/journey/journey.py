@@ -18,7 +18,7 @@ from desktop_user import DesktopUser
 from environment import Environment, wait_until
 from recorder import Recorder
 
-ARTIST = "@ARTIST@"
+ARTIST = "Kestrel Motorway"  # of the songs that come with the program
 AUDIBLE = 0.003  # root mean square of music, even of its quiet passages, is far above
 SILENT = 0.0001
 
