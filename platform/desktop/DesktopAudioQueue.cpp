@@ -333,7 +333,7 @@ bool QueueCore::step()
 
 bool QueueCore::sleep(Lock lock)
 {
-    const auto look = player_.nextLook();
+    const auto look = player_.rest();
     lock.unlock();
     wake_->wait(look);
     return true;

@@ -180,7 +180,7 @@ bool MovieCore::step()
 
 bool MovieCore::sleep(Lock lock)
 {
-    const auto look = player_.nextLook();
+    const auto look = player_.rest();
     lock.unlock();
     wake_->wait(look);
     return true;

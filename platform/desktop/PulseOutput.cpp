@@ -98,7 +98,9 @@ class PulseStream : public SoundStream {
   private:
     void open(pa_context* context);
     void stateChanged();
-    [[nodiscard]] std::int64_t heardNow();
+    void timeTold();
+    [[nodiscard]] std::int64_t timeNow() const;
+    [[nodiscard]] std::int64_t heardNow() const;
 
     const std::shared_ptr<PulseConnection> connection_;
     const std::shared_ptr<WakeSignal> feeder_;
@@ -109,8 +111,10 @@ class PulseStream : public SoundStream {
     State state_ = State::Opening;
     bool running_ = false;
     bool drained_ = false;
-    std::int64_t written_ = 0;  ///< frames
-    std::int64_t heard_ = 0;    ///< frames, as last told
+    std::int64_t written_ = 0; ///< frames
+    std::int64_t told_ = 0;    ///< the time heard in microseconds, as the server last told
+    std::chrono::steady_clock::time_point toldAt_;
+    bool moving_ = false;       ///< whether it went on from there
     std::size_t takenBack_ = 0; ///< frames that the next write replaces
 };
 
@@ -222,6 +226,7 @@ PulseStream::~PulseStream()
         return;
     pa_stream_set_state_callback(stream_, nullptr, nullptr);
     pa_stream_set_write_callback(stream_, nullptr, nullptr);
+    pa_stream_set_latency_update_callback(stream_, nullptr, nullptr);
     pa_stream_disconnect(stream_); // cancels a drain too
     pa_stream_unref(stream_);
 }
@@ -254,6 +259,11 @@ void PulseStream::open(pa_context* context)
     pa_stream_set_write_callback(
         stream_,
         [](pa_stream*, std::size_t, void* self) { static_cast<PulseStream*>(self)->feeder_->wake(); }, this);
+    pa_stream_set_latency_update_callback(
+        stream_, [](pa_stream*, void* self) { static_cast<PulseStream*>(self)->timeTold(); }, this);
+    pa_stream_set_underflow_callback(
+        stream_, [](pa_stream*, void*) { qCDebug(lcSound) << "the sound server has nothing to play"; },
+        nullptr);
     constexpr auto byDefault = static_cast<std::uint32_t>(-1);
     const pa_buffer_attr buffer{
         .maxlength = byDefault,
@@ -262,9 +272,8 @@ void PulseStream::open(pa_context* context)
         .minreq = static_cast<std::uint32_t>(pa_usec_to_bytes(kPiece, &shape_)),
         .fragsize = byDefault,
     };
-    const auto flags =
-        static_cast<pa_stream_flags_t>(PA_STREAM_INTERPOLATE_TIMING | PA_STREAM_AUTO_TIMING_UPDATE |
-                                       PA_STREAM_ADJUST_LATENCY | (running_ ? 0 : PA_STREAM_START_CORKED));
+    const auto flags = static_cast<pa_stream_flags_t>(
+        PA_STREAM_AUTO_TIMING_UPDATE | PA_STREAM_ADJUST_LATENCY | (running_ ? 0 : PA_STREAM_START_CORKED));
     if (pa_stream_connect_playback(stream_, nullptr, &buffer, flags, nullptr, nullptr) < 0)
         state_ = State::Failed;
 }
@@ -328,7 +337,12 @@ std::size_t PulseStream::takeBack(std::size_t frames)
 void PulseStream::setRunning(bool running)
 {
     const PulseConnection::Guard guard(*connection_);
-    if (std::exchange(running_, running) == running || !stream_)
+    if (running_ == running)
+        return;
+    told_ = timeNow();
+    toldAt_ = std::chrono::steady_clock::now();
+    running_ = running;
+    if (!stream_)
         return;
     if (auto* operation = pa_stream_cork(stream_, running ? 0 : 1, nullptr, nullptr))
         pa_operation_unref(operation);
@@ -365,12 +379,35 @@ std::int64_t PulseStream::heard()
     return heardNow();
 }
 
-std::int64_t PulseStream::heardNow()
+void PulseStream::timeTold()
 {
-    pa_usec_t time = 0;
-    if (state_ == State::Ready && pa_stream_get_time(stream_, &time) == 0)
-        heard_ = std::min(static_cast<std::int64_t>(pa_usec_to_bytes(time, &shape_) / frameSize_), written_);
-    return heard_;
+    const pa_timing_info* info = pa_stream_get_timing_info(stream_);
+    if (!info || info->read_index_corrupt)
+        return;
+    // What the device holds is not heard yet, and the news has been on its way.
+    const auto read =
+        pa_bytes_to_usec(static_cast<std::uint64_t>(std::max<std::int64_t>(0, info->read_index)), &shape_);
+    told_ = static_cast<std::int64_t>(read) - static_cast<std::int64_t>(info->sink_usec);
+    if (info->playing)
+        told_ += static_cast<std::int64_t>(info->transport_usec);
+    toldAt_ = std::chrono::steady_clock::now();
+    moving_ = info->playing != 0;
+}
+
+/// Not the library's own interpolation, which begins to count before the sound does.
+std::int64_t PulseStream::timeNow() const
+{
+    if (!running_ || !moving_)
+        return told_;
+    using std::chrono::microseconds;
+    return told_ +
+           std::chrono::duration_cast<microseconds>(std::chrono::steady_clock::now() - toldAt_).count();
+}
+
+std::int64_t PulseStream::heardNow() const
+{
+    const auto time = static_cast<pa_usec_t>(std::max<std::int64_t>(0, timeNow()));
+    return std::min(static_cast<std::int64_t>(pa_usec_to_bytes(time, &shape_) / frameSize_), written_);
 }
 
 PulseOutput::PulseOutput()

@@ -15,6 +15,7 @@ using std::chrono::steady_clock;
 using namespace std::chrono_literals;
 
 constexpr double kRemembered = 0.5; ///< seconds; more than any output holds
+constexpr double kHeadStart = 0.1;  ///< seconds; to be written before the first is heard, lest it starve
 constexpr double kGainRamp = 0.01;  ///< seconds from silence to full
 constexpr auto kOpeningPatience = 3s;
 constexpr auto kDrainPatience = 3s;
@@ -53,7 +54,11 @@ void SoundPlayer::close()
 /// Goes on with what was not heard.
 void SoundPlayer::reopen(bool standIn)
 {
-    streamFrom_ = sent_ = std::max(heard(), recentFrom_);
+    if (stream_) {
+        stream_->setRunning(false);
+        hear();
+    }
+    streamFrom_ = sent_ = std::max(heard_, recentFrom_);
     standIn_ = standIn;
     drainAsked_ = false;
     openedAt_ = lookedAt_ = movedAt_ = steady_clock::now();
@@ -90,8 +95,10 @@ void SoundPlayer::setRunning(bool running)
 {
     if (!stream_ || std::exchange(running_, running) == running)
         return;
-    if (!running)
+    if (!running) {
         stream_->setRunning(false);
+        hear();
+    }
     movedAt_ = steady_clock::now();
     pump();
 }
@@ -136,7 +143,7 @@ void SoundPlayer::pump()
         stream_->write(scratch_);
         sent_ += frames;
     }
-    if (running_ && sent_ > streamFrom_)
+    if (running_ && sent_ - streamFrom_ >= static_cast<std::int64_t>(kHeadStart * format_.rate))
         stream_->setRunning(true);
     if (finishing_ && sent_ == written_ && stream_->state() == SoundStream::State::Ready &&
         !std::exchange(drainAsked_, true))
@@ -182,8 +189,13 @@ bool SoundPlayer::finished()
 std::int64_t SoundPlayer::heard()
 {
     if (stream_ && running_)
-        heard_ = std::clamp(streamFrom_ + stream_->heard(), heard_, std::max(sent_, heard_));
+        hear();
     return heard_;
+}
+
+void SoundPlayer::hear()
+{
+    heard_ = std::clamp(streamFrom_ + stream_->heard(), heard_, std::max(sent_, heard_));
 }
 
 void SoundPlayer::setVolume(float volume)
@@ -198,10 +210,12 @@ void SoundPlayer::setVolume(float volume)
     pump();
 }
 
-std::optional<std::chrono::milliseconds> SoundPlayer::nextLook()
+std::optional<std::chrono::milliseconds> SoundPlayer::rest()
 {
     if (!stream_)
         return std::nullopt;
+    if (running_ && sent_ > streamFrom_)
+        stream_->setRunning(true); // there is no more to wait for
     auto look = stream_->nextLook();
     const auto atMost = [&look](std::chrono::milliseconds time) {
         look = std::min(look.value_or(time), time);

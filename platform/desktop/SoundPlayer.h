@@ -40,8 +40,8 @@ class SoundPlayer {
     [[nodiscard]] std::int64_t heard();
     /// From 0 (silent) to 1 (as written).
     void setVolume(float volume);
-    /// How long the feeder may sleep without being woken.
-    [[nodiscard]] std::optional<std::chrono::milliseconds> nextLook();
+    /// The feeder has no more to write for now. @return how long it may sleep without being woken
+    [[nodiscard]] std::optional<std::chrono::milliseconds> rest();
 
   private:
     using Time = std::chrono::steady_clock::time_point;
@@ -50,6 +50,7 @@ class SoundPlayer {
     void pump();
     void applyVolume(std::span<float> samples);
     void forget();
+    void hear();
     [[nodiscard]] std::size_t samplesOf(std::int64_t frames) const;
 
     DesktopSound& sound_;

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArray>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <vector>
+
+namespace zib::test {
+
+/// A sound server of the test's own, with a sink that nobody hears, and the means to record what is played.
+/// While it lives, PULSE_SERVER names it, so that clients of this process find it and no other.
+class PrivatePulse {
+  public:
+    PrivatePulse();
+    PrivatePulse(const PrivatePulse&) = delete;
+    PrivatePulse& operator=(const PrivatePulse&) = delete;
+    ~PrivatePulse();
+
+    /// @return whether the server answers
+    bool start();
+    /// Ends the server, as a crash does.
+    void kill();
+    /// Runs pactl with the arguments. @return its output
+    QByteArray control(const QStringList& arguments) const;
+
+    void startRecording();
+    /// What was played since startRecording: mono, 44,100 frames a second.
+    std::vector<float> stopRecording();
+    /// How many frames the recorder has got so far.
+    [[nodiscard]] std::size_t recordedFrames() const;
+
+  private:
+    [[nodiscard]] QProcessEnvironment environment() const;
+
+    QTemporaryDir folder_;
+    QProcess server_;
+    QProcess recorder_;
+};
+
+} // namespace zib::test
