@@ -119,6 +119,13 @@ SourceListView::SourceListView(QWidget* parent)
 
 void SourceListView::showSearches(const QList<Record>& searches)
 {
+    // The rows stay while they say the same: a reload comes also from within the choice of one of them.
+    QStringList shown;
+    for (const Record& search : searches)
+        shown.append(QString::number(search.integer(keys::Kind)) + search.string(keys::Name));
+    if (model_->rowCount() > 0 && shown == shown_)
+        return;
+    shown_ = shown;
     const QScopedValueRollback quiet(quiet_, true);
     model_->clear();
     addHeading(tr("Library"));
@@ -157,6 +164,13 @@ void SourceListView::currentChanged(const QModelIndex& current, const QModelInde
         Q_EMIT libraryChosen(FilterType(number));
     else
         Q_EMIT searchChosen(number);
+}
+
+QModelIndex SourceListView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
+{
+    if (action == MoveHome) // the first row is a heading
+        return model_->index(1, 0);
+    return QListView::moveCursor(action, modifiers);
 }
 
 void SourceListView::addHeading(const QString& title)

@@ -27,6 +27,7 @@ class SourceListView : public QListView {
     void searchChosen(int index);
 
   protected:
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
   private:
@@ -34,6 +35,7 @@ class SourceListView : public QListView {
     void addSource(const QString& title, const QString& iconName, SourceType source, int number);
 
     QStandardItemModel* model_;
+    QStringList shown_;  ///< kinds and names of the searches
     bool quiet_ = false; ///< the current row changes because the program sets it
 };
 

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "controller/MainWindowView.h"
+
+namespace zib {
+
+/// A window that keeps what it was last told to show.
+class FakeMainWindow : public MainWindowView {
+  public:
+    void setPlaying(bool on) override { playing = on; }
+    void setFavorite(bool on) override { favorite = on; }
+    void setFavoriteEnabled(bool on) override { favoriteEnabled = on; }
+    void setArtwork(Artwork picture) override { artwork = picture; }
+    void setTickerHeader(const QString& text) override { tickerHeader = text; }
+    void setTickerText(const QString& text) override { tickerText = text; }
+    void setProgress(int value) override { progress = value; }
+    void setProgressEnabled(bool on) override { progressEnabled = on; }
+    void setElapsedText(const QString& text) override { elapsed = text; }
+    void setRemainingText(const QString& text) override { remaining = text; }
+    void setStreamingMarkVisible(bool on) override { streamingMark = on; }
+    void setSearchType(int type) override { searchType = type; }
+    void setSearchPlaceholder(const QString& text) override { placeholder = text; }
+    void setLoaderAnimating(bool on) override { loaderAnimating = on; }
+    void reloadSources() override { ++sourceReloads; }
+    void setConnected(bool on) override { connected = on; }
+
+    bool playing = false;
+    bool favorite = false;
+    bool favoriteEnabled = false;
+    Artwork artwork = Artwork::Standard;
+    QString tickerHeader;
+    QString tickerText;
+    int progress = -1;
+    bool progressEnabled = false;
+    QString elapsed;
+    QString remaining;
+    bool streamingMark = false;
+    int searchType = -1;
+    QString placeholder;
+    bool loaderAnimating = false;
+    int sourceReloads = 0;
+    bool connected = false;
+};
+
+} // namespace zib

@@ -1,0 +1,263 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Hunts: a control that does nothing, does it twice or can't be found; a row that shows the wrong state; a
+// layout or a place that is forgotten.
+#include "tests/views/WindowFixture.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QListView>
+#include <QSlider>
+
+namespace zib {
+namespace {
+
+using MainWindowTest = WindowFixture;
+
+TEST_F(MainWindowTest, EveryControlHasItsNameAndRole)
+{
+    const std::pair<const char*, QAccessible::Role> controls[] = {{"Back", QAccessible::Button},
+                                                                  {"Play or pause", QAccessible::CheckBox},
+                                                                  {"Next", QAccessible::Button},
+                                                                  {"Love", QAccessible::CheckBox},
+                                                                  {"Volume", QAccessible::Slider},
+                                                                  {"Artist", QAccessible::RadioButton},
+                                                                  {"Tags", QAccessible::RadioButton},
+                                                                  {"Similar", QAccessible::RadioButton},
+                                                                  {"Search", QAccessible::EditableText},
+                                                                  {"Songs", QAccessible::Table},
+                                                                  {"Sources", QAccessible::List},
+                                                                  {"Song progress", QAccessible::Slider},
+                                                                  {"Elapsed time", QAccessible::StaticText},
+                                                                  {"Remaining time", QAccessible::StaticText},
+                                                                  {"Now playing", QAccessible::StaticText},
+                                                                  {"Status", QAccessible::StaticText}};
+    for (const auto& [name, role] : controls) {
+        QAccessibleInterface* found = control(QString::fromLatin1(name));
+        ASSERT_NE(found, nullptr) << name;
+        EXPECT_EQ(found->role(), role) << name;
+    }
+    QAccessibleInterface* type = control(QStringLiteral("Search type"));
+    ASSERT_NE(type, nullptr);
+    EXPECT_EQ(type->childCount(), 3);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Zib"));
+}
+
+TEST_F(MainWindowTest, TheTabKeyReachesEveryControl)
+{
+    showAsSearch({localSong(1)});
+    play(0);
+    queue().updateProgress();
+    QSet<QString> reached;
+    auto* first = widget<QWidget>(QStringLiteral("Search"));
+    first->setFocus();
+    QWidget* at = first;
+    do {
+        reached.insert(at->accessibleName());
+        QTest::keyClick(at, Qt::Key_Tab);
+        at = QApplication::focusWidget();
+        ASSERT_NE(at, nullptr);
+    } while (at != first && reached.size() < 40);
+    for (const char* name : {"Back", "Play or pause", "Next", "Song progress", "Love", "Volume", "Search",
+                             "Sources", "Songs", "Menu"})
+        EXPECT_TRUE(reached.contains(QString::fromLatin1(name))) << name;
+}
+
+TEST_F(MainWindowTest, TypingASearchListsItsSongs)
+{
+    auto* field = widget<QLineEdit>(QStringLiteral("Search"));
+    EXPECT_EQ(QApplication::focusWidget(), field) << "a newcomer can type at once";
+    EXPECT_EQ(field->placeholderText(), QStringLiteral("Artist"));
+    QTest::mouseClick(widget<QAbstractButton>(QStringLiteral("Tags")), Qt::LeftButton);
+    EXPECT_EQ(field->placeholderText(), QStringLiteral("Tag(s)"));
+    EXPECT_EQ(defaults.integer(settings::CurrentSearchType), 1);
+    field->setFocus();
+    QTest::keyClicks(field, QStringLiteral("jazz"));
+    QTest::keyClick(field, Qt::Key_Return);
+    ASSERT_EQ(urlLoader.exchanges.size(), 1U);
+    EXPECT_FALSE(table().isVisible()) << "an empty place says what to do";
+    urlLoader.last().reply(
+        "<response><status><message>Success</message></status><artists><artist><name>A</name>"
+        "<audio><audio><url>http://h/1.mp3</url><id>1</id></audio></audio></artist></artists>"
+        "</response>");
+    EXPECT_TRUE(table().isVisible());
+    EXPECT_EQ(table().model()->rowCount(), 1);
+}
+
+TEST_F(MainWindowTest, DoubleClickReturnAndSpacePlay)
+{
+    showAsSearch({localSong(1), localSong(2), localSong(3)});
+    click(1, Model::Name, true);
+    EXPECT_EQ(playing(), 2);
+    EXPECT_EQ(textOf(QStringLiteral("Now playing")), QStringLiteral("Artist - Song 2"));
+    EXPECT_EQ(textOf(QStringLiteral("Status")), QStringLiteral("Playing from disk"));
+
+    table().setFocus();
+    QTest::keyClick(&table(), Qt::Key_Down);
+    QTest::keyClick(&table(), Qt::Key_Return);
+    EXPECT_EQ(playing(), 3);
+
+    auto* button = widget<QAbstractButton>(QStringLiteral("Play or pause"));
+    EXPECT_TRUE(button->isChecked());
+    QTest::keyClick(&table(), Qt::Key_Space);
+    EXPECT_FALSE(player->isPlaying());
+    EXPECT_FALSE(button->isChecked());
+    QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_TRUE(player->isPlaying());
+    EXPECT_TRUE(button->isChecked());
+
+    auto* field = widget<QLineEdit>(QStringLiteral("Search"));
+    field->setFocus();
+    QTest::keyClicks(field, QStringLiteral("a b"));
+    EXPECT_TRUE(player->isPlaying()) << "a space in the search field is a space";
+    EXPECT_EQ(field->text(), QStringLiteral("a b"));
+}
+
+TEST_F(MainWindowTest, HeartsToggleByClickAndByKey)
+{
+    defaults.setValue(settings::SupressDialogFavorites, true);
+    showAsSearch({localSong(1), localSong(2)});
+    click(1, Model::Love);
+    EXPECT_TRUE(cell(1, Model::Love).data(Model::LovedRole).toBool());
+    EXPECT_FALSE(cell(0, Model::Love).data(Model::LovedRole).toBool());
+    EXPECT_EQ(cell(1, Model::Love).data(Qt::AccessibleTextRole).toString(), QStringLiteral("Loved"));
+    EXPECT_EQ(playing(), 0);
+
+    table().setFocus();
+    table().selectRows({0});
+    QTest::keyClick(window.get(), Qt::Key_L, Qt::ControlModifier);
+    EXPECT_TRUE(cell(0, Model::Love).data(Model::LovedRole).toBool());
+
+    play(0);
+    auto* love = widget<QAbstractButton>(QStringLiteral("Love"));
+    EXPECT_TRUE(love->isChecked());
+    QTest::mouseClick(love, Qt::LeftButton);
+    EXPECT_FALSE(love->isChecked());
+    EXPECT_FALSE(cell(0, Model::Love).data(Model::LovedRole).toBool());
+}
+
+TEST_F(MainWindowTest, RowsShowWhatPlaysWhatIsBrokenAndWhatCanNotPlayNow)
+{
+    showAsSearch({webSong(1), localSong(2, {{keys::BrokenLink, true}}), localSong(3),
+                  webSong(4, {{keys::Downloaded, true}})});
+    play(2);
+    const auto state = [this](int role) {
+        QList<bool> rows;
+        for (int row = 0; row < table().model()->rowCount(); ++row)
+            rows.append(cell(row, Model::Name).data(role).toBool());
+        return rows;
+    };
+    EXPECT_EQ(state(Model::PlayingRole), (QList<bool>{false, false, true, false}));
+    EXPECT_EQ(state(Model::BrokenRole), (QList<bool>{false, true, false, false}));
+    EXPECT_EQ(state(Model::UnplayableRole), (QList<bool>{false, false, false, false}));
+    EXPECT_FALSE(cell(1, Model::Name).data(Qt::ToolTipRole).toString().isEmpty());
+    controller->disconnectedFromInternetNotification();
+    EXPECT_EQ(state(Model::UnplayableRole), (QList<bool>{true, false, false, false}));
+
+    clock.advance(std::chrono::seconds(1));
+    showAsSearch({localSong(3), localSong(4)});
+    EXPECT_EQ(state(Model::PlayingRole), (QList<bool>{false, false})) << "another search";
+    controller->showSearch(1);
+    EXPECT_EQ(state(Model::PlayingRole), (QList<bool>{false, false, true, false}));
+}
+
+TEST_F(MainWindowTest, ColumnsFollowTheSource)
+{
+    const auto shown = [this] {
+        QList<int> columns;
+        for (int column = 0; column < Model::ColumnCount; ++column)
+            if (!table().isColumnHidden(column))
+                columns.append(column);
+        return columns;
+    };
+    showAsSearch({localSong(1, {{keys::Hotness, 56}, {keys::Album, QString()}})});
+    EXPECT_EQ(shown(),
+              (QList<int>{Model::Speaker, Model::Index, Model::Love, Model::Name, Model::Artist, Model::Album,
+                          Model::Duration, Model::Hotness, Model::Familiarity, Model::FoundDate}));
+    EXPECT_EQ(cell(0, Model::Index).data().toString(), QStringLiteral("1"));
+    EXPECT_EQ(cell(0, Model::Hotness).data().toString(), QStringLiteral("56%"));
+    EXPECT_EQ(cell(0, Model::Album).data().toString(), QStringLiteral("Unknown Album"));
+    EXPECT_EQ(cell(0, Model::Duration).data().toString(), QStringLiteral("01:40"));
+    showAsLibrary({localSong(1)});
+    EXPECT_EQ(shown(), (QList<int>{Model::Speaker, Model::Love, Model::Name, Model::Artist, Model::Album,
+                                   Model::Duration, Model::PlayCount, Model::PlayDate}));
+}
+
+TEST_F(MainWindowTest, EachSourceKeepsItsColumnsOverARestart)
+{
+    showAsLibrary({localSong(1)});
+    const int width = table().columnWidth(Model::Duration);
+    table().setColumnWidth(Model::Duration, width + 33);
+    showAsSearch({localSong(1)});
+    EXPECT_EQ(table().columnWidth(Model::Duration), width);
+    close();
+    open();
+    controller->showLibrary(FilterType::All);
+    EXPECT_EQ(table().columnWidth(Model::Duration), width + 33);
+}
+
+TEST_F(MainWindowTest, VolumeIsKeptAndHeard)
+{
+    showAsSearch({localSong(1)});
+    play(0);
+    auto* volume = widget<QSlider>(QStringLiteral("Volume"));
+    EXPECT_EQ(volume->value(), 100);
+    volume->setValue(30);
+    EXPECT_NEAR(defaults.real(settings::SoundLevel), 0.3, 1e-6);
+    EXPECT_NEAR(movies.current->volume(), 0.3, 1e-6);
+    QTest::keyClick(window.get(), Qt::Key_Up, Qt::ControlModifier);
+    EXPECT_EQ(volume->value(), 40);
+}
+
+TEST_F(MainWindowTest, TheProgressSeeks)
+{
+    movies.duration = {200, 1};
+    showAsSearch({localSong(1)});
+    play(0);
+    hear(20);
+    queue().updateProgress();
+    auto* progress = widget<QSlider>(QStringLiteral("Song progress"));
+    EXPECT_EQ(progress->value(), 10);
+    EXPECT_EQ(textOf(QStringLiteral("Elapsed time")), QStringLiteral("00:20"));
+    EXPECT_EQ(textOf(QStringLiteral("Remaining time")), QStringLiteral("-03:00"));
+    QTest::mouseClick(progress, Qt::LeftButton, {}, progress->rect().center());
+    EXPECT_NEAR(player->currentTime(), 100, 2);
+}
+
+TEST_F(MainWindowTest, TheSourceListLeadsBackToAnOlderSearchAndToLovedSongs)
+{
+    showAsSearch({localSong(1)});
+    clock.advance(std::chrono::seconds(1));
+    showAsSearch({localSong(2), localSong(3)});
+    auto* sources = widget<QListView>(QStringLiteral("Sources"));
+    QStringList rows;
+    for (int row = 0; row < sources->model()->rowCount(); ++row)
+        rows.append(sources->model()->index(row, 0).data().toString());
+    EXPECT_EQ(rows, (QStringList{QStringLiteral("Library"), QStringLiteral("Music"),
+                                 QStringLiteral("Favorites"), QStringLiteral("Recent Searches"),
+                                 QStringLiteral("found"), QStringLiteral("found")}));
+    EXPECT_EQ(sources->currentIndex().row(), 4);
+    sources->setFocus();
+    QTest::keyClick(sources, Qt::Key_Down);
+    EXPECT_EQ(library->currentPlaylistIndex(), 1);
+    EXPECT_EQ(table().model()->rowCount(), 1);
+    QTest::keyClick(sources, Qt::Key_Home);
+    QTest::keyClick(sources, Qt::Key_Down);
+    EXPECT_EQ(library->currentSourceType(), SourceType::Library);
+    EXPECT_EQ(library->currentFilterType(), FilterType::Favorites);
+    EXPECT_FALSE(table().isVisible());
+}
+
+TEST_F(MainWindowTest, ItsPlaceIsRemembered)
+{
+    EXPECT_EQ(window->size(), QSize(1280, 800));
+    EXPECT_EQ(window->minimumSize(), QSize(960, 600));
+    window->resize(1000, 640);
+    close();
+    open();
+    EXPECT_EQ(window->size(), QSize(1000, 640));
+}
+
+} // namespace
+} // namespace zib
