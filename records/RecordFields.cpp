@@ -241,8 +241,11 @@ void RecordBuilder::sortEntries()
     // The last of equal keys is to hold, and it is the first of them once the order is turned round.
     std::ranges::reverse(entries_);
     std::ranges::stable_sort(entries_, std::ranges::less(), keyOf);
-    const auto repeated = std::ranges::unique(entries_, std::ranges::equal_to(), keyOf);
-    entries_.erase(repeated.begin(), repeated.end());
+    // Not the one of std::ranges, whose result clang 14, which the fuzz targets need, can't compile.
+    const auto repeated =
+        std::unique(entries_.begin(), entries_.end(),
+                    [keyOf](const Entry& a, const Entry& b) { return keyOf(a) == keyOf(b); });
+    entries_.erase(repeated, entries_.end());
 }
 
 RecordFields RecordBuilder::build()
