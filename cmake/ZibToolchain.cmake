@@ -32,3 +32,6 @@ if(ZIB_SANITIZE)
     add_compile_options(-fsanitize=${ZIB_SANITIZE} -fno-sanitize-recover=all)
     add_link_options(-fsanitize=${ZIB_SANITIZE})
 endif()
+if(ZIB_LIBFUZZER)
+    add_compile_options(-fsanitize=fuzzer-no-link) # the fuzzer is blind in code that is not instrumented
+endif()
