@@ -97,7 +97,7 @@ CurlEasy makeGetRequest(const QByteArray& url, bool followRedirects, const CurlS
 
 bool ResponseHead::addLine(QByteArrayView line)
 {
-    constexpr qsizetype kMostBytes = 256 * 1024;
+    constexpr qsizetype kMostBytes = qsizetype{256} * 1024;
     bytes_ += line.size();
     if (bytes_ > kMostBytes)
         return false;

@@ -13,7 +13,7 @@ class CurlUrlLoader : public UrlLoader {
   public:
     /// @param cacheFolder where replies are kept; made when there is something to keep.
     /// @param maximumCacheBytes what the folder may take; the replies used longest ago leave first.
-    explicit CurlUrlLoader(const QString& cacheFolder, qint64 maximumCacheBytes = 50 * 1024 * 1024);
+    explicit CurlUrlLoader(const QString& cacheFolder, qint64 maximumCacheBytes = qint64{50} * 1024 * 1024);
     ~CurlUrlLoader() override;
 
     [[nodiscard]] std::unique_ptr<UrlConnection> start(const UrlRequest& request,

@@ -13,7 +13,7 @@ namespace {
 
 constexpr quint32 kFormat = 0x5a434831; // changes when the layout does, so that old files are not misread
 constexpr qsizetype kDigestBytes = 32;
-constexpr qint64 kMostHeaderBytes = 512 * 1024;
+constexpr qint64 kMostHeaderBytes = qint64{512} * 1024;
 
 QByteArray digest(QByteArrayView bytes)
 {

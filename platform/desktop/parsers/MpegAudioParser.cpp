@@ -10,11 +10,11 @@ namespace zib {
 
 namespace {
 
-constexpr std::size_t kSliceBytes = 16 * 1024;
+constexpr std::size_t kSliceBytes = std::size_t{16} * 1024;
 constexpr std::size_t kBatchPackets = 1024;
 // Longer than any padding between tag and audio that encoders write. What has no frame by then is no audio,
 // and downloading it to its end would keep the listener waiting.
-constexpr std::int64_t kMaximumSearch = 128 * 1024;
+constexpr std::int64_t kMaximumSearch = std::int64_t{128} * 1024;
 constexpr std::int64_t kMaximumPacket = std::int64_t{1} << 32;
 
 } // namespace
