@@ -235,7 +235,7 @@ TEST_F(CurlReadStreamTest, FaultsOfServersEndAsTheyShould)
         {"not found, with a page", {.body = body, .status = 404}, Event::ErrorOccurred, 0},
         {"server error", {.body = body, .status = 503}, Event::ErrorOccurred, 0},
         {"no HTTP at all", {.rawHead = song(3000)}, Event::ErrorOccurred, 0},
-        {"closed without a word", {.rawHead = QByteArray()}, Event::ErrorOccurred, 0},
+        {"closed without a word", {.rawHead = ""}, Event::ErrorOccurred, 0},
         {"redirects to itself", TestReply::redirect("/song"), Event::ErrorOccurred, 0},
         {"redirects to a file", TestReply::redirect("file:///etc/hostname"), Event::ErrorOccurred, 0},
         {"never answers", {.neverAnswers = true}, Event::ErrorOccurred, 0},

@@ -163,7 +163,7 @@ void TestHttpServer::sendReply(int socket, const TestRequest& request, TestReply
         head += "Content-Length: " + QByteArray::number(length) + "\r\n";
     for (const auto& [name, value] : reply.headers)
         head += name + ": " + value + "\r\n";
-    if (sendAll(socket, reply.rawHead.value_or(head + "\r\n")))
+    if (sendAll(socket, reply.rawHead.isNull() ? head + "\r\n" : reply.rawHead))
         sendBody(socket, reply);
     ::shutdown(socket, SHUT_WR);
 }

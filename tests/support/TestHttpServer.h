@@ -27,8 +27,8 @@ struct TestReply {
     TestHeaders headers = {};
     /// In place of the body's own length; kNoLength for none, so that closing ends the body.
     std::optional<qint64> announcedLength = {};
-    /// Sent instead of a status line and fields; the body follows.
-    std::optional<QByteArray> rawHead = {};
+    /// Sent instead of a status line and fields unless it is null; the body follows.
+    QByteArray rawHead = {};
     /// Answers "Range: bytes=FROM-TO" with 206 and the bytes from there on.
     bool honoursRanges = false;
 
