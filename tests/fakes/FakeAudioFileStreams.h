@@ -60,10 +60,12 @@ class FakeAudioFileStream final : public AudioFileStream {
     static constexpr auto UnsupportedFile = static_cast<AudioStatus>(fourCharacters("typ?"));
     static constexpr auto NotKnown = static_cast<AudioStatus>(fourCharacters("what"));
 
-    FakeAudioFileStream(const FakeAudioFile& file, AudioFileStreamClient& client, std::atomic<int>& alive)
+    FakeAudioFileStream(const FakeAudioFile& file, AudioFileStreamClient& client, std::atomic<int>& alive,
+                        std::atomic<int>& discontinuities)
         : file_(file)
         , client_(client)
         , alive_(alive)
+        , discontinuities_(discontinuities)
     {
         ++alive_;
     }
@@ -73,8 +75,10 @@ class FakeAudioFileStream final : public AudioFileStream {
     {
         if (file_.parseStatus != kAudioOk)
             return file_.parseStatus;
-        if (discontinuous)
+        if (discontinuous && std::exchange(deliveredSinceBreak_, false)) {
+            ++discontinuities_;
             pending_.clear();
+        }
         pending_.append(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size()));
         if (!ready_) {
             if (pending_.startsWith('<'))
@@ -175,6 +179,7 @@ class FakeAudioFileStream final : public AudioFileStream {
             return;
         const QByteArray whole = pending_.left(count * size);
         pending_.remove(0, whole.size());
+        deliveredSinceBreak_ = true;
         client_.packetsProduced(
             std::as_bytes(std::span(whole.constData(), static_cast<std::size_t>(whole.size()))),
             static_cast<std::uint32_t>(count), {});
@@ -200,6 +205,7 @@ class FakeAudioFileStream final : public AudioFileStream {
         packets_ += static_cast<std::int64_t>(descriptions.size());
         const QByteArray whole = pending_.left(at);
         pending_.remove(0, at);
+        deliveredSinceBreak_ = true;
         client_.packetsProduced(
             std::as_bytes(std::span(whole.constData(), static_cast<std::size_t>(whole.size()))),
             static_cast<std::uint32_t>(descriptions.size()), descriptions);
@@ -208,8 +214,10 @@ class FakeAudioFileStream final : public AudioFileStream {
     const FakeAudioFile& file_;
     AudioFileStreamClient& client_;
     std::atomic<int>& alive_;
+    std::atomic<int>& discontinuities_;
     QByteArray pending_;
     bool ready_ = false;
+    bool deliveredSinceBreak_ = false;
     std::int64_t packets_ = 0;
     std::int64_t packetBytes_ = 0;
 };
@@ -225,15 +233,18 @@ class FakeAudioFileStreams final : public AudioFileStreams {
         status = file.openStatus;
         if (status != kAudioOk)
             return nullptr;
-        return std::make_unique<FakeAudioFileStream>(file, client, alive_);
+        return std::make_unique<FakeAudioFileStream>(file, client, alive_, discontinuities_);
     }
 
     [[nodiscard]] AudioFileType lastHint() const { return lastHint_; }
     [[nodiscard]] int alive() const { return alive_; }
+    /// How often the bytes broke off.
+    [[nodiscard]] int discontinuities() const { return discontinuities_; }
 
   private:
     std::atomic<AudioFileType> lastHint_{};
     std::atomic<int> alive_ = 0;
+    std::atomic<int> discontinuities_ = 0;
 };
 
 } // namespace zib

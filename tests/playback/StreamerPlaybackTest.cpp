@@ -168,6 +168,7 @@ TEST_F(StreamerPlaybackTest, ASongThatStarvesBeforeItsEndIsStillHeardToTheEnd)
 TEST_F(StreamerPlaybackTest, PauseAndStartToggle)
 {
     startPlaying();
+    QCoreApplication::processEvents();
     notified.clear();
     streamer->pause();
     EXPECT_TRUE(streamer->isPaused());
