@@ -105,10 +105,9 @@ void SearchFlow::fileSearch(const QList<Record>& result, const RVPlaylistDownloa
 
 void SearchFlow::searchFailedWithError(const QString& error, RVPlaylistDownloader& request)
 {
-    const QString message = error; // may belong to the request
-    release(request);
+    release(request); // the text outlives it
     context_.window.setLoaderAnimating(false);
-    context_.notices.runErrorAlert(message);
+    context_.notices.runErrorAlert(error);
 }
 
 void SearchFlow::release(RVPlaylistDownloader& request)

@@ -171,7 +171,7 @@ QString SongTableModel::spokenText(const Record& track, const QModelIndex& index
         return isPlaying(track) ? tr("Now playing") : QString();
     if (index.column() == Love)
         return track.boolean(keys::Favorite) ? tr("Loved") : tr("Not loved");
-    const QString shown = text(track, index.row(), index.column());
+    QString shown = text(track, index.row(), index.column());
     if (index.column() == Name && track.boolean(keys::BrokenLink))
         return tr("%1 (broken link)").arg(shown);
     return shown;
