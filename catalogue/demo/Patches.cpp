@@ -75,6 +75,20 @@ Patch struckPatch(Instrument instrument)
         patch.tremolo = 0.22F;
         return patch;
     }
+    case I::UprightBass:
+        return struck(
+            {{1, 1, 0.9}, {2, 0.75, 0.6}, {3, 0.4, 0.4}, {4, 0.22, 0.26}, {5, 0.12, 0.18}, {6, 0.07, 0.12}},
+            1.0F, 0.09F, 0.12F, 0.1F);
+    case I::FingerBass:
+        return struck({{1, 1, 1.6},
+                       {2, 0.8, 1.2},
+                       {3, 0.5, 0.8},
+                       {4, 0.3, 0.5},
+                       {5, 0.2, 0.36},
+                       {6, 0.13, 0.26},
+                       {7, 0.08, 0.18},
+                       {8, 0.05, 0.14}},
+                      1.0F, 0.08F, 0.05F, 0.06F);
     case I::Kalimba:
         return struck({{1, 1, 2.4}, {2.0, 0.12, 1.2}, {5.4, 0.2, 0.35}, {9.6, 0.08, 0.16}}, 0.95F, 0.6F,
                       0.04F, 0.4F);
@@ -105,12 +119,6 @@ Patch pluckedPatch(Instrument instrument)
         return plucked(0.9F, 0.62F, 4.0F, 0.15F, 0.25F);
     case I::Harp:
         return plucked(0.95F, 0.45F, 4.5F, 0.7F, 0.5F);
-    case I::UprightBass:
-        patch = plucked(1.0F, 0.16F, 2.2F, 0.08F, 0.1F);
-        patch.noise = 0.1F;
-        return patch;
-    case I::FingerBass:
-        return plucked(1.0F, 0.26F, 4.0F, 0.07F, 0.06F);
     case I::CleanGuitar:
         patch = plucked(0.9F, 0.5F, 5.0F, 0.3F, 0.45F);
         patch.chorus = 0.5F;
@@ -301,9 +309,9 @@ Patch electronicPatch(Instrument instrument)
 
 Patch build(Instrument instrument)
 {
-    if (instrument <= I::GlassBell)
+    if (instrument <= I::GlassBell || instrument == I::UprightBass || instrument == I::FingerBass)
         return struckPatch(instrument);
-    if (instrument <= I::DriveGuitar || instrument == I::UprightBass || instrument == I::FingerBass)
+    if (instrument <= I::DriveGuitar)
         return pluckedPatch(instrument);
     if (instrument <= I::Organ)
         return choralPatch(instrument);

@@ -48,15 +48,15 @@ PartMix mixOf(Part part)
 {
     switch (part) {
     case Part::Lead:
-        return {0.26F, 0.06F, 0.1F};
+        return {0.23F, 0.06F, 0.1F};
     case Part::Counter:
-        return {0.13F, -0.35F, 0.1F};
+        return {0.16F, -0.35F, 0.1F};
     case Part::Chords:
-        return {0.105F, -0.1F, 0.7F};
+        return {0.165F, -0.1F, 0.7F};
     case Part::Pad:
-        return {0.045F, 0, 0.5F};
+        return {0.068F, 0, 0.5F};
     case Part::Bass:
-        return {0.25F, 0, 0};
+        return {0.15F, 0, 0};
     default:
         return {0.5F, 0, 0};
     }
@@ -175,7 +175,7 @@ Event Track::eventOf(const Score& score, const Note& note, SoundBook& book) cons
         const auto drum = static_cast<Drum>(note.pitch);
         event.sound = book.drum(drum);
         const DrumMix mix = mixOf(drum);
-        sides = panned(mix.pan, mix.gain * strength * (score.kit == DrumKit::Brushes ? 0.55F : 0.8F));
+        sides = panned(mix.pan, mix.gain * strength * (score.kit == DrumKit::Acoustic ? 1.4F : 1.65F));
     } else {
         event.sound = book.note(note.pitch, score.secondsAt(note.beat + note.length) - begins, note.velocity);
         const PartMix mix = mixOf(part_);
