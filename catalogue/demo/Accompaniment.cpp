@@ -202,9 +202,9 @@ void Accompanist::drums(const Section& section)
 
 void Accompanist::lastChord()
 {
-    // The final bar holds one chord over its whole length, with the tonic beneath.
+    // The final bar holds one chord with the tonic beneath, and lets it ring on into the fading room.
     const double start = score_.beats() - score_.beatsPerBar;
-    const double held = score_.beatsPerBar;
+    const double held = score_.beatsPerBar + 1.4 / score_.secondsPerBeat;
     const Chord& chord = score_.chordAt(start).chord;
     for (const Part part : {Part::Chords, Part::Bass, Part::Drums})
         std::erase_if(score_.part(part), [&](const Note& note) { return note.beat >= start - 1e-6; });

@@ -18,7 +18,7 @@ constexpr std::array<std::string_view, 17> forms = {
     "o",
     "Ao",
     "Aao",
-    "iAao",
+    "Aabo",
     "iAabo",
     "iAaBbo",
     "iAaBbao",

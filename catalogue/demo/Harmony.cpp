@@ -122,10 +122,17 @@ std::array<int, 7> scaleUnder(const Chord& chord, int tonic, Mode mode)
         const int wanted = pitchClass(chord.root + tone);
         if (std::find(scale.begin(), scale.end(), wanted) != scale.end())
             continue;
-        const auto bent = std::find_if(scale.begin(), scale.end(), [&](int degree) {
-            const int distance = pitchClass(degree - wanted);
-            return (distance == 1 || distance == 11) && !chord.contains(degree);
-        });
+        // Thirds, sixths and ninths raise the degree below them, as a leading tone does; sevenths, minor
+        // thirds and flattened roots lower the one above.
+        const bool raises = tone == 4 || tone == 7 || tone == 9 || tone == 11 || tone == 14 || tone == 21;
+        const auto degreeAt = [&](int distance) {
+            return std::find_if(scale.begin(), scale.end(), [&](int degree) {
+                return pitchClass(degree - wanted) == distance && !chord.contains(degree);
+            });
+        };
+        auto bent = degreeAt(raises ? 11 : 1);
+        if (bent == scale.end())
+            bent = degreeAt(raises ? 1 : 11);
         if (bent != scale.end())
             *bent = wanted;
     }

@@ -78,7 +78,7 @@ Patch struckPatch(Instrument instrument)
     case I::UprightBass:
         return struck(
             {{1, 1, 0.9}, {2, 0.75, 0.6}, {3, 0.4, 0.4}, {4, 0.22, 0.26}, {5, 0.12, 0.18}, {6, 0.07, 0.12}},
-            1.0F, 0.09F, 0.12F, 0.1F);
+            1.35F, 0.09F, 0.12F, 0.1F);
     case I::FingerBass:
         return struck({{1, 1, 1.6},
                        {2, 0.8, 1.2},
@@ -88,7 +88,7 @@ Patch struckPatch(Instrument instrument)
                        {6, 0.13, 0.26},
                        {7, 0.08, 0.18},
                        {8, 0.05, 0.14}},
-                      1.0F, 0.08F, 0.05F, 0.06F);
+                      1.15F, 0.08F, 0.05F, 0.06F);
     case I::Kalimba:
         return struck({{1, 1, 2.4}, {2.0, 0.12, 1.2}, {5.4, 0.2, 0.35}, {9.6, 0.08, 0.16}}, 0.95F, 0.6F,
                       0.04F, 0.4F);
@@ -139,14 +139,14 @@ Patch blownPatch(Instrument instrument)
     switch (instrument) {
     case I::Flute:
         patch.wave = Wave::Flute;
-        patch.level = 0.8F;
+        patch.level = 0.68F;
         patch.attack = 0.06F;
         patch.noise = 0.05F;
         patch.release = 0.12F;
         break;
     case I::Clarinet:
         patch.wave = Wave::Clarinet;
-        patch.level = 0.75F;
+        patch.level = 0.66F;
         patch.attack = 0.045F;
         patch.noise = 0.01F;
         patch.cutoff = 9;
@@ -156,7 +156,7 @@ Patch blownPatch(Instrument instrument)
     case I::Violin:
     case I::Cello:
         patch.wave = Wave::Strings;
-        patch.level = instrument == I::Violin ? 0.65F : 0.8F;
+        patch.level = instrument == I::Violin ? 0.56F : 0.85F;
         patch.attack = 0.09F;
         patch.cutoff = 7;
         patch.noise = 0.012F;

@@ -95,6 +95,17 @@ DrumMix mixOf(Drum drum)
     }
 }
 
+float drumsGain(DrumKit kit)
+{
+    switch (kit) {
+    case DrumKit::Acoustic:
+    case DrumKit::Electronic:
+        return 1.4F;
+    default:
+        return 1.65F;
+    }
+}
+
 /// The sounds of one part, each made once however often it is played.
 class SoundBook {
   public:
@@ -175,7 +186,7 @@ Event Track::eventOf(const Score& score, const Note& note, SoundBook& book) cons
         const auto drum = static_cast<Drum>(note.pitch);
         event.sound = book.drum(drum);
         const DrumMix mix = mixOf(drum);
-        sides = panned(mix.pan, mix.gain * strength * (score.kit == DrumKit::Acoustic ? 1.4F : 1.65F));
+        sides = panned(mix.pan, mix.gain * strength * drumsGain(score.kit));
     } else {
         event.sound = book.note(note.pitch, score.secondsAt(note.beat + note.length) - begins, note.velocity);
         const PartMix mix = mixOf(part_);
