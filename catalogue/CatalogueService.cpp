@@ -13,7 +13,7 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "zib.catalogue")
 
-constexpr int answeringThreads = 4;
+constexpr unsigned answeringThreads = 4;
 
 /// What follows the prefix in the path, or nothing when the path begins otherwise.
 std::optional<QString> after(QLatin1String prefix, const QString& path)
@@ -37,15 +37,8 @@ CatalogueService::CatalogueService(DemoSongs& demo, Database database)
     , catalogue_(demo, index_)
     , artists_(catalogue_)
     , files_(demo, catalogue_, index_)
+    , answering_(answeringThreads)
 {
-    answering_.setMaxThreadCount(answeringThreads);
-    answering_.setExpiryTimeout(-1); // their database connections stay open
-}
-
-CatalogueService::~CatalogueService()
-{
-    indexing_ = {};
-    answering_.waitForDone();
 }
 
 void CatalogueService::keepIndexed(const QList<QByteArray>& folders,

@@ -4,8 +4,7 @@
 #include "catalogue/ArtistService.h"
 #include "catalogue/HttpServer.h"
 #include "catalogue/SongFiles.h"
-
-#include <QThreadPool>
+#include "catalogue/WorkerPool.h"
 
 #include <chrono>
 #include <condition_variable>
@@ -16,10 +15,8 @@ namespace zib {
 /// The whole service: says which part answers which address, and keeps the index up to date.
 class CatalogueService final : public HttpHandler {
   public:
-    /// @param demo must outlive the service
+    /// @param demo must outlive the service, and is to be stopped before it goes: requests may wait for it
     CatalogueService(DemoSongs& demo, Database database);
-    /// Stop the demo songs first: requests may wait for them.
-    ~CatalogueService() override;
 
     /// Indexes these folders in the background, now and again after each pause.
     /// @param makeReader called on the indexing thread
@@ -39,7 +36,7 @@ class CatalogueService final : public HttpHandler {
     MusicCatalogue catalogue_;
     ArtistService artists_;
     SongFiles files_;
-    QThreadPool answering_;
+    WorkerPool answering_;
     std::jthread indexing_;
 };
 

@@ -10,7 +10,7 @@ namespace zib {
 namespace {
 
 /// As many files as may be waited for at once; threads that wait cost little.
-constexpr int mostRenderings = 128;
+constexpr unsigned mostRenderings = 128;
 
 HttpReply openedReply(const HttpRequest& request, const QByteArray& path, const QByteArray& type)
 {
@@ -31,14 +31,8 @@ SongFiles::SongFiles(DemoSongs& demo, const MusicCatalogue& catalogue, const Son
     : demo_(demo)
     , catalogue_(catalogue)
     , index_(index)
+    , renderings_(mostRenderings)
 {
-    renderings_.setMaxThreadCount(mostRenderings);
-    renderings_.setExpiryTimeout(2000);
-}
-
-SongFiles::~SongFiles()
-{
-    renderings_.waitForDone();
 }
 
 void SongFiles::answerAudio(const QString& name, const HttpRequest& request,

@@ -3,9 +3,9 @@
 
 #include "catalogue/HttpServer.h"
 #include "catalogue/MusicCatalogue.h"
+#include "catalogue/WorkerPool.h"
 
 #include <QHash>
-#include <QThreadPool>
 
 #include <mutex>
 
@@ -15,9 +15,8 @@ namespace zib {
 /// rendered keeps only the requests for that song waiting.
 class SongFiles {
   public:
+    /// Its end waits for the requests at work: stop the demo songs first.
     SongFiles(DemoSongs& demo, const MusicCatalogue& catalogue, const SongIndex& index);
-    /// Waits for the requests at work; stop the demo songs first.
-    ~SongFiles();
 
     /// @param name "ID.EXTENSION". Blocks for the index at most, so not for a server's thread.
     void answerAudio(const QString& name, const HttpRequest& request, const HttpHandler::Respond& respond);
@@ -35,7 +34,7 @@ class SongFiles {
 
     std::mutex mutex_;                     ///< guards what follows
     QHash<QString, QList<Ready>> waiting_; ///< one thread renders for all who wait for the same file
-    QThreadPool renderings_;               ///< last: its threads use all of the above
+    WorkerPool renderings_;                ///< last: its threads use all of the above
 };
 
 } // namespace zib
