@@ -115,9 +115,9 @@ bool EnvelopeWriter::finish()
     return valid_;
 }
 
-std::optional<QByteArrayView> openEnvelope(QByteArray& file)
+std::optional<QByteArrayView> openEnvelope(std::span<char> file)
 {
-    const auto size = static_cast<std::size_t>(file.size());
+    const std::size_t size = file.size();
     if (size < 3 * blockSize || size % blockSize != 0)
         return std::nullopt;
     auto* const vector = reinterpret_cast<unsigned char*>(file.data());

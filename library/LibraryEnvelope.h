@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QByteArray>
 #include <QByteArrayView>
 
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -47,6 +47,6 @@ class EnvelopeWriter {
 
 /// Deciphers the bytes of a file where they stand and answers the content in them; none when they are no such
 /// envelope.
-std::optional<QByteArrayView> openEnvelope(QByteArray& file);
+std::optional<QByteArrayView> openEnvelope(std::span<char> file);
 
 } // namespace zib

@@ -43,37 +43,38 @@ bool LibraryFile::exists() const
     return QFileInfo::exists(path_);
 }
 
-tl::expected<QByteArray, QString> LibraryFile::readBytes() const
+tl::expected<LargeBuffer, QString> LibraryFile::readBytes() const
 {
     QFile file(path_);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return tl::unexpected(file.errorString());
-    QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
+    const qint64 size = file.size();
+    LargeBuffer buffer(static_cast<std::size_t>(size));
+    if (file.read(buffer.bytes().data(), qint64(buffer.bytes().size())) != size)
         return tl::unexpected(file.errorString());
-    return bytes;
+    return buffer;
 }
 
 tl::expected<LibraryContents, QString> LibraryFile::load() const
 {
-    auto bytes = readBytes();
-    if (!bytes)
-        return tl::unexpected(bytes.error());
-    return parse(*bytes);
+    const auto buffer = readBytes();
+    if (!buffer)
+        return tl::unexpected(buffer.error());
+    return parse(buffer->bytes());
 }
 
 tl::expected<QByteArray, QString> LibraryFile::readPlain() const
 {
-    auto bytes = readBytes();
-    if (!bytes)
-        return bytes;
-    const auto content = openEnvelope(*bytes);
+    const auto buffer = readBytes();
+    if (!buffer)
+        return tl::unexpected(buffer.error());
+    const auto content = openEnvelope(buffer->bytes());
     if (!content)
         return tl::unexpected(undecipherable);
     return content->toByteArray();
 }
 
-tl::expected<LibraryContents, QString> LibraryFile::parse(QByteArray& bytes)
+tl::expected<LibraryContents, QString> LibraryFile::parse(std::span<char> bytes)
 {
     const auto content = openEnvelope(bytes);
     if (!content)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "library/LargeBuffer.h"
 #include "records/Record.h"
 #include "records/RecordTable.h"
 
@@ -9,6 +10,8 @@
 #include <QString>
 
 #include <tl/expected.hpp>
+
+#include <span>
 
 namespace zib {
 
@@ -52,10 +55,10 @@ class LibraryFile {
     /// The deciphered content of the file, an XML property list, or why there is none.
     [[nodiscard]] tl::expected<QByteArray, QString> readPlain() const;
     /// The contents of such bytes, which are deciphered where they stand.
-    static tl::expected<LibraryContents, QString> parse(QByteArray& bytes);
+    static tl::expected<LibraryContents, QString> parse(std::span<char> bytes);
 
   private:
-    [[nodiscard]] tl::expected<QByteArray, QString> readBytes() const;
+    [[nodiscard]] tl::expected<LargeBuffer, QString> readBytes() const;
 
     QString path_;
 };

@@ -9,12 +9,23 @@
 #include "platform/UserDefaults.h"
 #include "records/PropertyValue.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QLoggingCategory>
+
+#include <algorithm>
+#include <utility>
 
 namespace zib {
 namespace {
 
 Q_LOGGING_CATEGORY(log, "zib.library")
+
+/// The row in which a record given out by the song table most likely stands still.
+int rowHint(const Record& track)
+{
+    return track.contains(keys::Index) ? int(track.integer(keys::Index)) : RVDataManager::NotFound;
+}
 
 /// Of a manager whose main controller has not come yet.
 RVDataManagerDelegate noDelegate;
@@ -78,12 +89,17 @@ void RVDataManager::loadLibrary()
 
 void RVDataManager::saveLibrary()
 {
-    saver_->save({contents_.library.snapshot(), contents_.playlists, contents_.searches, contents_.userInfo});
+    // Lists of its own for the saving thread: shared ones would be told apart by a count that it does not
+    // order its reading by.
+    const auto ownCopy = [](const QList<Record>& list) { return QList<Record>(list.begin(), list.end()); };
+    saver_->save({contents_.library.snapshot(), ownCopy(playlists()), ownCopy(searches()), userInfo()});
 }
 
 void RVDataManager::waitForSaves()
 {
     saver_->wait();
+    // the layouts of dropped searches, which the save handed over
+    QCoreApplication::sendPostedEvents(this, QEvent::MetaCall);
 }
 
 Record RVDataManager::makePlaylist(const QString& title, int kind) const
@@ -146,30 +162,67 @@ QList<Record> RVDataManager::favorites() const
     return result;
 }
 
-void RVDataManager::toggleFavorite(Record& track)
-{
-    if (track.boolean(keys::Favorite))
-        track.remove(keys::Favorite);
-    else
-        track.set(keys::Favorite, true);
-}
-
 bool RVDataManager::isNowplaying(const Record& track) const
 {
     const Record playing = delegate_->nowplayingTrack();
     return playing && playing.utf8(keys::Id) == track.utf8(keys::Id);
 }
 
-void RVDataManager::replaceInSearches(const Record& old, const Record& replacement)
+/// Hands the record to the snapshot, numbered as the playing one is.
+void RVDataManager::updateNowplaying(const Record& replacement)
+{
+    Record playing = replacement.copy();
+    playing.set(keys::Index, delegate_->nowplayingTrack().value(keys::Index));
+    delegate_->setNowplayingTrack(playing);
+}
+
+RVDataManager::Replacement RVDataManager::changed(const Record& track, const Change& change) const
+{
+    Replacement result;
+    result.versions = {track.copy()};
+    // A record that was given out long ago, to the player say, may have been replaced since: the change is
+    // made on what the library knows now, so that a love or a count given meanwhile is not lost.
+    const Record known = library().find(track.utf8(keys::Id));
+    if (known)
+        result.versions.append(known);
+    result.record = result.versions.last().copy();
+    change(result.record);
+    result.record.remove(keys::Index);
+    return result;
+}
+
+bool RVDataManager::replaceIn(RecordTable& table, const Record& record)
+{
+    const std::string_view id = record.utf8(keys::Id);
+    if (!table.contains(id))
+        return false;
+    table.insert(id, record);
+    return true;
+}
+
+void RVDataManager::replaceInSearches(const Replacement& replacement)
 {
     for (Record& search : searches()) {
         QList<Record> tracks = search.records(keys::Tracks);
-        const qsizetype place = tracks.indexOf(old);
-        if (place < 0)
+        const auto place = std::ranges::find_if(tracks, [&replacement](const Record& track) {
+            return std::ranges::any_of(replacement.versions, [&track](const Record& version) {
+                return track.equalsButIndex(version);
+            });
+        });
+        if (place == tracks.end())
             continue;
-        tracks[place] = replacement;
+        *place = replacement.record;
         search.set(keys::Tracks, tracks);
     }
+}
+
+/// Loved when it was not, and the other way round.
+RVDataManager::Replacement RVDataManager::favoriteToggled(const Record& track) const
+{
+    const bool loved = !track.boolean(keys::Favorite);
+    return changed(track, [loved](Record& record) {
+        record.set(keys::Favorite, loved ? PropertyValue(true) : PropertyValue());
+    });
 }
 
 void RVDataManager::markFavoriteAtIndex(int row)
@@ -177,55 +230,49 @@ void RVDataManager::markFavoriteAtIndex(int row)
     if (row < 0 || row >= items().size())
         return;
     const Record old = items()[row];
-    Record track = old.copy();
-    toggleFavorite(track);
-    browser_.replaceItem(old, track, row);
-    if (isNowplaying(track))
-        delegate_->setNowplayingTrack(track.copy());
-    track.remove(keys::Index);
-    const QString id = track.string(keys::Id);
-    library().insert(id, track);
-    for (RecordTable* table : {&tophot_, &recommended_})
-        if (table->contains(id))
-            table->insert(id, track);
-    replaceInSearches(old, track);
-    updateTracksBrowser();
+    const Replacement replacement = favoriteToggled(old);
+    const bool inRow = browser_.replaceItems(replacement.versions, replacement.record, row);
+    if (isNowplaying(old))
+        updateNowplaying(replacement.record);
+    const bool known = replaceIn(library(), replacement.record);
+    if (!known)
+        library().insert(replacement.record.utf8(keys::Id), replacement.record);
+    replaceIn(tophot_, replacement.record);
+    replaceIn(recommended_, replacement.record);
+    replaceInSearches(replacement);
+    const bool inPlace = inRow && (known || currentSourceType() != SourceType::Library);
+    browser_.updateTracksBrowser(old, replacement.record, inPlace);
     saveLibrary();
 }
 
-void RVDataManager::addFavorite(const Record& old)
+void RVDataManager::addFavorite(const Record& track)
 {
-    Record track = old.copy();
-    toggleFavorite(track);
-    browser_.replaceItem(old, track);
-    track.remove(keys::Index);
-    const QString id = track.string(keys::Id);
-    library().insert(id, track);
-    if (tophot_.contains(id))
-        tophot_.insert(id, track);
-    replaceInSearches(old, track);
-    updateTracksBrowser();
+    const Replacement replacement = favoriteToggled(track);
+    const bool inRow = browser_.replaceItems(replacement.versions, replacement.record);
+    library().insert(replacement.record.utf8(keys::Id), replacement.record);
+    replaceIn(tophot_, replacement.record);
+    replaceInSearches(replacement);
+    // "Recommended" keeps the old record, so its rows are filled anew from that
+    const bool inPlace = inRow && currentSourceType() != SourceType::Recommended;
+    browser_.updateTracksBrowser(track, replacement.record, inPlace);
     saveLibrary();
 }
 
-Record RVDataManager::replaceRecord(const Record& old, const Change& change)
+Record RVDataManager::replaceRecord(const Record& track, const Change& change)
 {
-    Record track = old.copy();
-    change(track);
-    const QString id = track.string(keys::Id);
+    const Replacement replacement = changed(track, change);
+    const bool inRow = browser_.replaceItems(replacement.versions, replacement.record, rowHint(track));
     const std::pair<RecordTable*, SourceType> tables[] = {{&contents_.library, SourceType::Library},
                                                           {&tophot_, SourceType::TopHot},
                                                           {&recommended_, SourceType::Recommended}};
-    for (const auto& [table, source] : tables) {
-        if (table->contains(id)) {
-            table->insert(id, track);
-            browser_.recordReplaced(source);
-        }
-    }
-    replaceInSearches(old, track);
-    browser_.replaceItem(old, track);
+    for (const auto& [table, source] : tables)
+        if (replaceIn(*table, replacement.record) && currentSourceType() == source)
+            browser_.updateTracksBrowser(track, replacement.record, inRow);
+    replaceInSearches(replacement);
     saveLibrary();
-    return track;
+    Record shown = replacement.record.copy();
+    shown.set(keys::Index, track.value(keys::Index));
+    return shown;
 }
 
 Record RVDataManager::fileRefound(const Record& track)
@@ -235,7 +282,7 @@ Record RVDataManager::fileRefound(const Record& track)
 
 void RVDataManager::fileNotFound(const Record& track)
 {
-    const bool onWeb = track.string(keys::Location).startsWith(QLatin1String("http://"));
+    const bool onWeb = track.utf8(keys::Location).starts_with("http://");
     if (onWeb && !track.boolean(keys::Downloaded) && !delegate_->connectedToInternet())
         return;
     replaceRecord(track, [](Record& broken) { broken.set(keys::BrokenLink, true); });
@@ -243,17 +290,19 @@ void RVDataManager::fileNotFound(const Record& track)
 
 void RVDataManager::exportedFile(const Record& exported)
 {
-    Record track = exported;
-    const Record old = track.copy();
-    track.set(keys::Downloaded, true);
-    const QString id = track.string(keys::Id);
-    library().insert(id, track);
-    if (tophot_.contains(id))
-        tophot_.insert(id, track);
-    browser_.replaceItem(old, track);
-    replaceInSearches(old, track);
-    if (isNowplaying(track)) {
-        delegate_->setNowplayingTrack(track);
+    const Replacement replacement =
+        changed(exported, [](Record& track) { track.set(keys::Downloaded, true); });
+    // Whoever holds the record that was downloaded is to see at once that its file is there.
+    Record shared = exported;
+    shared.set(keys::Downloaded, true);
+    library().insert(replacement.record.utf8(keys::Id), replacement.record);
+    replaceIn(tophot_, replacement.record);
+    QList<Record> versions = replacement.versions;
+    versions.append(shared);
+    browser_.replaceItems(versions, replacement.record, rowHint(exported));
+    replaceInSearches({versions, replacement.record});
+    if (isNowplaying(exported)) {
+        updateNowplaying(replacement.record);
         defaults_.setValue(settings::BriefStatusMessage, tr("Exported to disk"));
     }
     saveLibrary();
@@ -280,8 +329,23 @@ void RVDataManager::removeAutosaveForTableColumnWithUID(const QString& uid)
 
 void RVDataManager::relocate(const QString& oldBase, const QString& newBase)
 {
-    Q_UNUSED(oldBase)
-    Q_UNUSED(newBase)
+    const QByteArray oldPrefix = oldBase.toUtf8();
+    bool moved = false;
+    const auto move = [&](std::string_view, const Record& track) {
+        Record shared = track;
+        for (const RecordKey key : {keys::Location, keys::Info}) {
+            if (shared.utf8(key).starts_with(std::string_view(oldPrefix.constData(), oldPrefix.size()))) {
+                shared.set(key, QString(newBase + shared.string(key).mid(oldBase.size())));
+                moved = true;
+            }
+        }
+    };
+    library().forEach(move);
+    for (const Record& search : std::as_const(searches()))
+        for (const Record& track : search.records(keys::Tracks))
+            move({}, track);
+    if (moved)
+        saveLibrary();
 }
 
 void RVDataManager::setSource(SourceType source)

@@ -129,15 +129,24 @@ class RVDataManager : public QObject {
 
   private:
     using Change = std::function<void(Record&)>;
+    /// A changed record, and the versions of it that are to give way.
+    struct Replacement {
+        QList<Record> versions;
+        Record record;
+    };
 
     void loadLibrary();
     void addUnknownToLibrary(const QList<Record>& tracks);
     Record makePlaylist(const QString& title, int kind) const;
+    [[nodiscard]] Replacement changed(const Record& track, const Change& change) const;
+    [[nodiscard]] Replacement favoriteToggled(const Record& track) const;
     /// The record with the change, replacing the given one wherever it is held.
     Record replaceRecord(const Record& track, const Change& change);
+    void replaceInSearches(const Replacement& replacement);
+    /// Whether the table held a record of that id.
+    static bool replaceIn(RecordTable& table, const Record& record);
     [[nodiscard]] bool isNowplaying(const Record& track) const;
-    void replaceInSearches(const Record& old, const Record& replacement);
-    static void toggleFavorite(Record& track);
+    void updateNowplaying(const Record& replacement);
 
     UserDefaults& defaults_;
     Alerts& alerts_;

@@ -5,6 +5,8 @@
 #include "platform/TableView.h"
 #include "records/PropertyValue.h"
 
+#include <algorithm>
+
 namespace zib {
 namespace {
 
@@ -110,7 +112,7 @@ bool TrackBrowser::passesFilter(const Record& track) const
     case FilterType::Downloads:
         return track.boolean(keys::Downloaded);
     case FilterType::Imported:
-        return track.string(keys::Location).startsWith(QLatin1String("file://"));
+        return track.utf8(keys::Location).starts_with("file://");
     case FilterType::Favorites:
         return track.boolean(keys::Favorite);
     }
@@ -143,21 +145,32 @@ void TrackBrowser::show()
     Q_EMIT itemsChanged();
 }
 
-int TrackBrowser::replaceItem(const Record& old, const Record& replacement, int hint)
+bool TrackBrowser::replaceItems(const QList<Record>& versions, const Record& replacement, int row)
 {
-    qsizetype row = hint >= 0 && hint < items_.size() && items_[hint] == old ? hint : items_.indexOf(old);
-    if (row < 0)
-        return NotFound;
-    Record shown = replacement.copy();
-    shown.set(keys::Index, items_[row].value(keys::Index));
-    items_[row] = shown;
-    show();
-    return int(row);
+    const auto replace = [&](Record& item) {
+        const auto isItem = [&item](const Record& version) { return item.equalsButIndex(version); };
+        if (std::ranges::none_of(versions, isItem))
+            return false;
+        Record shown = replacement.copy();
+        shown.set(keys::Index, item.value(keys::Index));
+        item = shown;
+        return true;
+    };
+    bool replaced = false;
+    if (hasBrowser() && row >= 0 && row < items_.size()) // a song stands once in it
+        replaced = replace(items_[row]);
+    if (!replaced)
+        for (Record& item : items_)
+            replaced = replace(item) || replaced;
+    if (replaced)
+        show();
+    return replaced;
 }
 
-void TrackBrowser::recordReplaced(SourceType source)
+void TrackBrowser::updateTracksBrowser(const Record& old, const Record& replacement, bool inRow)
 {
-    if (source == source_)
+    const bool stays = hasBrowser() && inRow && passesFilter(old) && passesFilter(replacement);
+    if (!stays)
         updateTracksBrowser();
 }
 

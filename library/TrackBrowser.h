@@ -51,11 +51,13 @@ class TrackBrowser : public QObject {
     void reloadData();
     /// Fills the items from the current table of records. A playlist or search is only shown anew.
     void updateTracksBrowser();
-    /// Puts the replacement, numbered like the old record, into the row that shows the old one; none when no
-    /// row does. hint: a row that is likely.
-    int replaceItem(const Record& old, const Record& replacement, int hint = NotFound);
-    /// After a record of a source was replaced: fills the items anew if that source is shown.
-    void recordReplaced(SourceType source);
+    /// Puts the replacement, numbered like the old record, into every row that shows one of the old versions,
+    /// and shows the rows anew. row: where it is known to stand. Whether any row did.
+    bool replaceItems(const QList<Record>& versions, const Record& replacement, int row = NotFound);
+    /// The same as updateTracksBrowser() when all that happened since the items were filled is that the
+    /// record was replaced in its place in the shown collection and, as inRow says, in its row. Filling
+    /// 100,000 rows anew would be felt.
+    void updateTracksBrowser(const Record& old, const Record& replacement, bool inRow);
 
   Q_SIGNALS:
     /// The items, or a record among them, have changed.

@@ -50,6 +50,12 @@ class XmlPropertyListReader {
         bool closing = false;
         bool empty = false; // closes itself
     };
+    /// What stands between two values of a dictionary, and what it says.
+    struct FieldStart {
+        std::string_view text;
+        RecordKey key{0};
+        Tag tag; // the opening tag of the value
+    };
     struct CachedKey {
         std::string_view name;
         RecordKey key{0};
@@ -74,6 +80,9 @@ class XmlPropertyListReader {
 
     bool readKey(Tag& tag, bool& atEnd, std::string_view& name);
     RecordKey interned(std::string_view name);
+    bool readFieldStart(std::size_t& place, FieldStart& start, bool& atEnd);
+    const FieldStart* knownFieldStart(std::size_t& place);
+    void rememberFieldStart(std::size_t& place, const FieldStart& start);
     bool readField(RecordBuilder& builder, RecordKey key, const Tag& tag, int depth);
     bool readValue(const Tag& tag, int depth, PropertyValue& value);
     bool readArray(const Tag& tag, int depth, PropertyValue& value);
@@ -90,6 +99,9 @@ class XmlPropertyListReader {
     const TableTarget* const target_;
     BuilderStack builders_;
     std::array<CachedKey, 256> cachedKeys_;
+    // One song's fields look like those of the song before, so they are compared before they are parsed: from
+    // the end of one value into the next. What the same bytes say does not depend on where they stand.
+    std::vector<FieldStart> fieldStarts_;
     std::string scratch_;
     QString error_;
 };

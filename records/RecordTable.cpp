@@ -98,19 +98,29 @@ void RecordTable::append(std::string_view id, const Record& record)
 
 void RecordTable::rebuild(std::size_t capacity)
 {
-    Chunks old;
-    if (static_cast<std::size_t>(size_) < slotCount_) {
-        old.swap(chunks_);
-        slotCount_ = 0;
-        auto keep = [this](std::string_view id, const Record& record) { append(id, record); };
-        visit(old, keep);
+    std::vector<Bucket> old(std::bit_ceil(std::max<std::size_t>(16, capacity * 2)));
+    old.swap(buckets_);
+    const std::size_t mask = buckets_.size() - 1;
+    const auto place = [this, mask](const Bucket& entry) {
+        std::size_t bucket = entry.hash & mask;
+        while (buckets_[bucket].place != 0)
+            bucket = (bucket + 1) & mask;
+        buckets_[bucket] = entry;
+    };
+    if (static_cast<std::size_t>(size_) == slotCount_) { // the old index knows all hashes
+        for (const Bucket& bucket : old)
+            if (bucket.place != 0)
+                place(bucket);
+        return;
     }
-    buckets_.assign(std::bit_ceil(std::max<std::size_t>(16, capacity * 2)), Bucket());
-    for (std::size_t number = 0; number < slotCount_; ++number) {
-        const std::string_view id = view(slot(number).id);
-        const std::uint32_t hash = hashOf(id);
-        buckets_[bucketOf(id, hash)] = {hash, static_cast<std::uint32_t>(number + 1)};
-    }
+    Chunks thinned;
+    thinned.swap(chunks_);
+    slotCount_ = 0;
+    auto keep = [this, &place](std::string_view id, const Record& record) {
+        append(id, record);
+        place({hashOf(id), static_cast<std::uint32_t>(slotCount_)});
+    };
+    visit(thinned, keep);
 }
 
 QList<Record> RecordTable::records() const

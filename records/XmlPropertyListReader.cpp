@@ -330,23 +330,70 @@ bool XmlPropertyListReader::readKey(Tag& tag, bool& atEnd, std::string_view& nam
     return tag.element == Element::Key ? readText(tag, name) : fail("value without a key");
 }
 
+/// The start of a field that looks like one met before: the one after the last, or few places on, for a field
+/// that other records have may be missing.
+const XmlPropertyListReader::FieldStart* XmlPropertyListReader::knownFieldStart(std::size_t& place)
+{
+    constexpr std::size_t window = 4;
+    const std::size_t last = std::min(place + window, fieldStarts_.size());
+    for (std::size_t candidate = place; candidate < last; ++candidate) {
+        const FieldStart& known = fieldStarts_[candidate];
+        if (startsWith(known.text)) {
+            at_ += known.text.size();
+            place = candidate + 1;
+            return &known;
+        }
+    }
+    return nullptr;
+}
+
+void XmlPropertyListReader::rememberFieldStart(std::size_t& place, const FieldStart& start)
+{
+    constexpr std::size_t most = 64;
+    if (fieldStarts_.size() >= most) {
+        fieldStarts_.clear();
+        place = 0;
+    }
+    fieldStarts_.insert(fieldStarts_.begin() + static_cast<std::ptrdiff_t>(place), start);
+    ++place;
+}
+
+/// Reads the key of the next field and the opening tag of its value.
+bool XmlPropertyListReader::readFieldStart(std::size_t& place, FieldStart& start, bool& atEnd)
+{
+    if (const FieldStart* known = knownFieldStart(place)) {
+        start = *known;
+        return true;
+    }
+    const char* const begin = at_;
+    std::string_view name;
+    if (!readKey(start.tag, atEnd, name))
+        return false;
+    if (atEnd)
+        return true;
+    start.key = interned(name);
+    if (!readTag(start.tag))
+        return false;
+    start.text = std::string_view(begin, static_cast<std::size_t>(at_ - begin));
+    rememberFieldStart(place, start);
+    return true;
+}
+
 bool XmlPropertyListReader::readDictionary(const Tag& tag, int depth, RecordFields& fields)
 {
     RecordBuilder& builder = builders_.at(depth);
+    std::size_t place = 0;
     bool atEnd = tag.empty;
     while (!atEnd) {
-        Tag next;
-        std::string_view name;
-        if (!readKey(next, atEnd, name))
+        FieldStart start;
+        if (!readFieldStart(place, start, atEnd))
             return false;
         if (atEnd)
             break;
-        const RecordKey key = interned(name);
-        if (!readTag(next))
+        const bool isTable = depth == 1 && target_ != nullptr && start.key == target_->key;
+        if (!(isTable ? readTable(start.tag, depth + 1) : readField(builder, start.key, start.tag, depth)))
             return false;
-        const bool isTable = depth == 1 && target_ != nullptr && key == target_->key;
-        if (!(isTable ? readTable(next, depth + 1) : readField(builder, key, next, depth)))
-            return false;
+        place = std::min(place, fieldStarts_.size()); // nested dictionaries remember theirs in the same place
     }
     fields = builder.build();
     return true;
