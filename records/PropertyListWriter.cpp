@@ -8,7 +8,6 @@
 #include <array>
 #include <charconv>
 #include <chrono>
-#include <cstdio>
 #include <utility>
 
 namespace zib {
@@ -52,7 +51,7 @@ void PropertyListWriter::flush()
 
 void PropertyListWriter::line(std::string_view text)
 {
-    buffer_.append(static_cast<std::size_t>(std::max(depth_, 0)), '\t');
+    buffer_.append(static_cast<std::size_t>(depth_), '\t');
     buffer_.append(text);
 }
 
@@ -63,36 +62,49 @@ bool PropertyListWriter::enter()
     return valid_;
 }
 
-void PropertyListWriter::open(std::string_view element)
+void PropertyListWriter::open(std::string_view tag)
 {
-    line("<");
-    buffer_.append(element);
-    buffer_.append(">\n");
+    line(tag);
     ++depth_;
 }
 
-void PropertyListWriter::close(std::string_view element)
+void PropertyListWriter::close(std::string_view tag)
 {
     --depth_;
-    line("</");
-    buffer_.append(element);
-    buffer_.append(">\n");
+    line(tag);
     if (buffer_.size() >= pieceSize)
         flush();
 }
 
-void PropertyListWriter::element(std::string_view name, std::string_view content)
+void PropertyListWriter::element(std::string_view opening, std::string_view content, std::string_view closing)
 {
-    line("<");
-    buffer_.append(name).append(">").append(content).append("</").append(name).append(">\n");
+    line(opening);
+    buffer_.append(content);
+    buffer_.append(closing);
 }
 
-void PropertyListWriter::text(std::string_view name, std::string_view utf8)
+void PropertyListWriter::text(std::string_view opening, std::string_view utf8, std::string_view closing)
 {
-    line("<");
-    buffer_.append(name).push_back('>');
+    line(opening);
     escaped(utf8);
-    buffer_.append("</").append(name).append(">\n");
+    buffer_.append(closing);
+}
+
+void PropertyListWriter::fieldKey(RecordKey key)
+{
+    if (key.id() >= keyLines_.size()) {
+        this->key(key);
+        return;
+    }
+    KeyLine& known = keyLines_[key.id()];
+    if (known.depth != depth_) {
+        const std::size_t start = buffer_.size();
+        this->key(key);
+        known.depth = depth_;
+        known.text = buffer_.substr(start);
+        return;
+    }
+    buffer_.append(known.text);
 }
 
 void PropertyListWriter::escaped(std::string_view utf8)
@@ -123,18 +135,18 @@ void PropertyListWriter::slowlyEscaped(std::string_view utf8)
     }
 }
 
-void PropertyListWriter::number(std::string_view name, std::int64_t value)
+void PropertyListWriter::integer(std::int64_t value)
 {
     std::array<char, 24> digits{};
     const auto end = std::to_chars(digits.begin(), digits.end(), value).ptr;
-    element(name, std::string_view(digits.data(), static_cast<std::size_t>(end - digits.data())));
+    element("<integer>", {digits.data(), static_cast<std::size_t>(end - digits.data())}, "</integer>\n");
 }
 
 void PropertyListWriter::real(double value)
 {
     std::array<char, 32> digits{};
     const auto end = std::to_chars(digits.begin(), digits.end(), value).ptr;
-    element("real", std::string_view(digits.data(), static_cast<std::size_t>(end - digits.data())));
+    element("<real>", {digits.data(), static_cast<std::size_t>(end - digits.data())}, "</real>\n");
 }
 
 void PropertyListWriter::date(std::int64_t seconds)
@@ -150,34 +162,43 @@ void PropertyListWriter::date(std::int64_t seconds)
         return;
     }
     const hh_mm_ss clock(time - day);
-    std::array<char, 32> text{};
-    const int length =
-        std::snprintf(text.data(), text.size(), "%04d-%02u-%02uT%02d:%02d:%02dZ", year,
-                      unsigned(calendar.month()), unsigned(calendar.day()), int(clock.hours().count()),
-                      int(clock.minutes().count()), int(clock.seconds().count()));
-    element("date", std::string_view(text.data(), static_cast<std::size_t>(length)));
+    std::array<char, 20> text{};
+    char* at = text.data();
+    const auto put = [&at](std::int64_t number, int digits, char separator) {
+        for (int i = digits - 1; i >= 0; --i, number /= 10)
+            at[i] = static_cast<char>('0' + number % 10);
+        at += digits;
+        *at++ = separator;
+    };
+    put(year, 4, '-');
+    put(unsigned(calendar.month()), 2, '-');
+    put(unsigned(calendar.day()), 2, 'T');
+    put(clock.hours().count(), 2, ':');
+    put(clock.minutes().count(), 2, ':');
+    put(clock.seconds().count(), 2, 'Z');
+    element("<date>", {text.data(), text.size()}, "</date>\n");
 }
 
 void PropertyListWriter::data(const QByteArray& bytes)
 {
     const QByteArray base64 = bytes.toBase64();
-    element("data", std::string_view(base64.constData(), static_cast<std::size_t>(base64.size())));
+    element("<data>", {base64.constData(), static_cast<std::size_t>(base64.size())}, "</data>\n");
 }
 
 void PropertyListWriter::beginDictionary()
 {
     enter();
-    open("dict");
+    open("<dict>\n");
 }
 
 void PropertyListWriter::endDictionary()
 {
-    close("dict");
+    close("</dict>\n");
 }
 
 void PropertyListWriter::key(std::string_view utf8)
 {
-    text("key", utf8);
+    text("<key>", utf8, "</key>\n");
 }
 
 void PropertyListWriter::table(const RecordTable::Snapshot& table)
@@ -194,7 +215,7 @@ void PropertyListWriter::dictionary(const RecordFields& fields)
 {
     if (!enter()) // also the end of a record that holds itself
         return;
-    open("dict");
+    open("<dict>\n");
     for (std::size_t place = 0; place < fields.size(); ++place)
         if (std::ranges::find(omitted_, fields.key(place)) == omitted_.end())
             field(fields, place);
@@ -203,13 +224,13 @@ void PropertyListWriter::dictionary(const RecordFields& fields)
 
 void PropertyListWriter::field(const RecordFields& fields, std::size_t place)
 {
-    key(fields.key(place));
+    fieldKey(fields.key(place));
     switch (fields.type(place)) {
     case RecordFields::Type::Boolean:
         line(fields.boolean(place) ? "<true/>\n" : "<false/>\n");
         break;
     case RecordFields::Type::Integer:
-        number("integer", fields.integer(place));
+        integer(fields.integer(place));
         break;
     case RecordFields::Type::Real:
         real(fields.real(place));
@@ -218,7 +239,7 @@ void PropertyListWriter::field(const RecordFields& fields, std::size_t place)
         date(fields.seconds(place));
         break;
     case RecordFields::Type::String:
-        text("string", fields.text(place));
+        text("<string>", fields.text(place), "</string>\n");
         break;
     case RecordFields::Type::Nested:
         value(fields.nested(place));
@@ -230,10 +251,10 @@ void PropertyListWriter::array(const PropertyArray& array)
 {
     if (!enter())
         return;
-    open("array");
+    open("<array>\n");
     for (const PropertyValue& element : array)
         value(element);
-    close("array");
+    close("</array>\n");
 }
 
 void PropertyListWriter::value(const PropertyValue& value)
@@ -246,15 +267,15 @@ void PropertyListWriter::value(const PropertyValue& value)
         data(*bytes);
     } else if (const auto* boolean = value.get<bool>()) {
         line(*boolean ? "<true/>\n" : "<false/>\n");
-    } else if (const auto* integer = value.get<qint64>()) {
-        number("integer", *integer);
+    } else if (const auto* number = value.get<qint64>()) {
+        integer(*number);
     } else if (const auto* floating = value.get<double>()) {
         real(*floating);
     } else if (const auto* moment = value.get<QDateTime>(); moment != nullptr && moment->isValid()) {
         date(moment->toSecsSinceEpoch());
     } else if (const auto* string = value.get<QString>()) {
         const QByteArray utf8 = string->toUtf8();
-        text("string", {utf8.constData(), static_cast<std::size_t>(utf8.size())});
+        text("<string>", {utf8.constData(), static_cast<std::size_t>(utf8.size())}, "</string>\n");
     } else {
         valid_ = false;
     }

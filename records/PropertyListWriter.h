@@ -7,6 +7,7 @@
 
 #include <QByteArray>
 
+#include <array>
 #include <functional>
 #include <initializer_list>
 #include <string>
@@ -42,14 +43,16 @@ class PropertyListWriter {
 
   private:
     bool enter();
-    void open(std::string_view element);
-    void close(std::string_view element);
+    void open(std::string_view tag);
+    void close(std::string_view tag);
     void line(std::string_view text);
-    void element(std::string_view name, std::string_view content);
-    void text(std::string_view name, std::string_view utf8);
+    void fieldKey(RecordKey key);
+    /// An element on a line of its own, given with both its tags.
+    void element(std::string_view opening, std::string_view content, std::string_view closing);
+    void text(std::string_view opening, std::string_view utf8, std::string_view closing);
     void escaped(std::string_view utf8);
     void slowlyEscaped(std::string_view utf8);
-    void number(std::string_view name, std::int64_t value);
+    void integer(std::int64_t value);
     void real(double value);
     void date(std::int64_t seconds);
     void data(const QByteArray& bytes);
@@ -60,8 +63,15 @@ class PropertyListWriter {
 
     static constexpr std::size_t pieceSize = 64 * 1024;
 
+    struct KeyLine {
+        int depth = -1;
+        std::string text;
+    };
+
     Sink sink_;
     std::vector<RecordKey> omitted_;
+    // The lines of the well-known keys as they were written last: nearly every one is written again, as deep.
+    std::array<KeyLine, keys::detail::Count> keyLines_;
     std::string buffer_;
     int depth_ = 0;
     bool valid_ = true;
