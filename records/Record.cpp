@@ -17,13 +17,13 @@ class TinyLock {
   public:
     void lock() noexcept
     {
-        while (flag_.test_and_set(std::memory_order_acquire))
+        while (held_.exchange(true, std::memory_order_acquire))
             std::this_thread::yield();
     }
-    void unlock() noexcept { flag_.clear(std::memory_order_release); }
+    void unlock() noexcept { held_.store(false, std::memory_order_release); }
 
   private:
-    std::atomic_flag flag_;
+    std::atomic<bool> held_ = false; // an atomic_flag's clearing goes unseen by the thread sanitizer
 };
 
 RecordBuilder& sharedBuilder()
