@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <deque>
+#include <mutex>
 #include <utility>
 
 namespace zib {

@@ -11,21 +11,35 @@
 
 namespace zib {
 
+WakeSignal::WakeSignal()
+{
+    sem_init(&semaphore_, 0, 0);
+}
+
+WakeSignal::~WakeSignal()
+{
+    sem_destroy(&semaphore_);
+}
+
 void WakeSignal::wake()
 {
-    const std::lock_guard guard(lock_);
-    woken_ = true;
-    changed_.notify_one();
+    if (!woken_.exchange(true))
+        sem_post(&semaphore_);
 }
 
 void WakeSignal::wait(std::optional<std::chrono::milliseconds> atMost)
 {
-    std::unique_lock guard(lock_);
-    const auto woken = [this] { return woken_; };
-    if (atMost)
-        changed_.wait_for(guard, *atMost, woken);
-    else
-        changed_.wait(guard, woken);
+    if (atMost) {
+        timespec until{};
+        clock_gettime(CLOCK_MONOTONIC, &until);
+        const auto nanoseconds = until.tv_nsec + std::chrono::nanoseconds(*atMost).count();
+        until.tv_sec += nanoseconds / 1'000'000'000;
+        until.tv_nsec = nanoseconds % 1'000'000'000;
+        if (sem_clockwait(&semaphore_, CLOCK_MONOTONIC, &until) != 0)
+            return; // a signal or the time: the caller looks around and waits again
+    } else if (sem_wait(&semaphore_) != 0) {
+        return;
+    }
     woken_ = false;
 }
 

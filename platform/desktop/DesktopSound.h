@@ -6,7 +6,9 @@
 #include <QObject>
 #include <QString>
 
+#include <condition_variable>
 #include <functional>
+#include <mutex>
 
 namespace zib {
 

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <semaphore.h>
+
+#include <atomic>
 #include <chrono>
-#include <condition_variable>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <span>
 
@@ -20,18 +21,20 @@ struct SoundFormat {
     friend bool operator==(const SoundFormat&, const SoundFormat&) = default;
 };
 
-/// Wakes the one thread that feeds a stream. Its lock is held for no other call, so any thread may wake,
-/// whatever it holds.
+/// Wakes the one thread that feeds a stream. Takes no lock, so any thread may wake, whatever it holds.
 class WakeSignal {
   public:
+    WakeSignal();
+    WakeSignal(const WakeSignal&) = delete;
+    WakeSignal& operator=(const WakeSignal&) = delete;
+    ~WakeSignal();
     void wake();
     /// Returns when woken (also by a wake before the call), or after the time, if one is given.
     void wait(std::optional<std::chrono::milliseconds> atMost);
 
   private:
-    std::mutex lock_;
-    std::condition_variable changed_;
-    bool woken_ = false;
+    std::atomic<bool> woken_ = false;
+    sem_t semaphore_; ///< 1 when woken, else 0
 };
 
 /// One song on its way into a sound output. One thread at a time; no call waits for the output.

@@ -77,18 +77,21 @@ class QueueListener : public AudioQueueClient {
     bool waitForCompleted(std::size_t count) const
     {
         std::unique_lock guard(lock_);
-        return changed_.wait_for(guard, kPatience, [&] { return completed_.size() >= count; });
+        return changed_.wait_until(guard, std::chrono::system_clock::now() + kPatience,
+                                   [&] { return completed_.size() >= count; });
     }
     bool waitForChanges(std::size_t count) const
     {
         std::unique_lock guard(lock_);
-        return changed_.wait_for(guard, kPatience, [&] { return changes_.size() >= count; });
+        return changed_.wait_until(guard, std::chrono::system_clock::now() + kPatience,
+                                   [&] { return changes_.size() >= count; });
     }
     /// Waits until the last news is that the queue has stopped.
     bool waitForEnd() const
     {
         std::unique_lock guard(lock_);
-        return changed_.wait_for(guard, kPatience, [&] { return !changes_.empty() && !changes_.back(); });
+        return changed_.wait_until(guard, std::chrono::system_clock::now() + kPatience,
+                                   [&] { return !changes_.empty() && !changes_.back(); });
     }
 
     // To be set before the queue runs.
