@@ -20,6 +20,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
+#include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
@@ -32,6 +33,7 @@ namespace {
 constexpr QSize smallestWindow(960, 600);
 constexpr QSize comfortableWindow(1280, 800);
 constexpr int sourceListWidth = 200;
+constexpr int titleBarHeight = 40; // no desktop's is higher
 
 QToolButton* makeButton(const QString& iconName, int iconSize, const QString& accessibleName,
                         const QString& tip, QWidget* parent)
@@ -176,8 +178,11 @@ QWidget* MainWindow::makeStatusLine()
 void MainWindow::restorePlace()
 {
     const auto geometry = QByteArray::fromBase64(defaults_.string(settings::WindowGeometry).toLatin1());
-    if (geometry.isEmpty() || !restoreGeometry(geometry))
-        resize(comfortableWindow);
+    if (!geometry.isEmpty() && restoreGeometry(geometry))
+        return;
+    // The frame that the desktop draws around the window has to find room too.
+    const QSize room = screen()->availableSize() - QSize(0, titleBarHeight);
+    resize(comfortableWindow.boundedTo(room));
 }
 
 // What the user does

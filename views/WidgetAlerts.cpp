@@ -23,7 +23,7 @@ AlertResult WidgetAlerts::runModal(const Alert& alert)
 {
     QMessageBox box(QApplication::activeWindow());
     box.setIcon(alert.style == Alert::Style::Warning ? QMessageBox::Warning : QMessageBox::Information);
-    box.setWindowTitle(QCoreApplication::applicationName());
+    box.setWindowTitle(QApplication::applicationDisplayName());
     // What is shown can come from a web service: it is text, never markup.
     box.setTextFormat(Qt::PlainText);
     box.setText(alert.messageText);
