@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Hunts: a window that cannot be found again, a status line that outlives its run, songs that stay behind
+// when their folder moves.
+#include "app/AppDelegate.h"
+#include "controller/DefaultSettings.h"
+#include "library/RVDataManager.h"
+#include "platform/SettingsKeys.h"
+#include "records/PropertyValue.h"
+#include "tests/fakes/FakeAlerts.h"
+#include "tests/fakes/FakeClock.h"
+#include "tests/fakes/FakeDesktop.h"
+#include "tests/fakes/FakeTableView.h"
+#include "tests/fakes/FakeUserDefaults.h"
+#include "views/MainWindow.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QUrl>
+
+#include <gtest/gtest.h>
+
+namespace zib {
+namespace {
+
+class AppDelegateTest : public testing::Test {
+  protected:
+    AppDelegateTest()
+        : home_(qgetenv("HOME"))
+    {
+        qputenv("HOME", disk_.path().toUtf8());
+        registerDefaultSettings(defaults_);
+        window_ = std::make_unique<MainWindow>(defaults_);
+        manager_ = std::make_unique<RVDataManager>(defaults_, alerts_, clock_, table_,
+                                                   disk_.filePath(QStringLiteral("l.zib")));
+        delegate_ = std::make_unique<AppDelegate>(*window_, *manager_, defaults_, alerts_, desktop_,
+                                                  QStringLiteral("/doc/ReadMe.txt"));
+    }
+    ~AppDelegateTest() override { qputenv("HOME", home_); }
+
+    template <typename Window>
+    static Window* shown()
+    {
+        for (QWidget* widget : QApplication::topLevelWidgets())
+            if (auto* found = qobject_cast<Window*>(widget); found && found->isVisible())
+                return found;
+        return nullptr;
+    }
+
+    QByteArray home_;
+    QTemporaryDir disk_;
+    FakeUserDefaults defaults_;
+    FakeAlerts alerts_;
+    FakeClock clock_;
+    FakeDesktop desktop_;
+    FakeTableView table_;
+    std::unique_ptr<MainWindow> window_;
+    std::unique_ptr<RVDataManager> manager_;
+    std::unique_ptr<AppDelegate> delegate_;
+};
+
+TEST_F(AppDelegateTest, TheClosedWindowComesBackWhenAskedFor)
+{
+    delegate_->applicationDidFinishLaunching();
+    ASSERT_TRUE(window_->isVisible());
+    window_->close();
+    EXPECT_FALSE(AppDelegate::applicationShouldTerminateAfterLastWindowClosed());
+    EXPECT_FALSE(delegate_->applicationShouldHandleReopen(true)); // another window shows: nothing to do
+    EXPECT_FALSE(window_->isVisible());
+    EXPECT_FALSE(delegate_->applicationShouldHandleReopen(false));
+    EXPECT_TRUE(window_->isVisible());
+
+    delegate_->openCloseMainWindow();
+    EXPECT_FALSE(window_->isVisible());
+    delegate_->openCloseMainWindow();
+    EXPECT_TRUE(window_->isVisible());
+}
+
+TEST_F(AppDelegateTest, AFirstStartHasItsDefaultsAndQuittingLeavesNoStatusLine)
+{
+    EXPECT_EQ(defaults_.integer(settings::CurrentSearchType), 0);
+    EXPECT_EQ(defaults_.real(settings::SoundLevel), 1.0);
+    EXPECT_EQ(defaults_.string(settings::MusicFolder), disk_.filePath(QStringLiteral("Music/Zib/Zib Music")));
+    EXPECT_TRUE(defaults_.boolean(settings::CopyImportedFilesToLibrary));
+    EXPECT_TRUE(defaults_.boolean(settings::WantsPublicShare));
+    for (const QString& notice : {settings::SupressDialogFavorites, settings::SupressDialogDownload})
+        EXPECT_FALSE(defaults_.boolean(notice));
+
+    defaults_.setValue(settings::BriefStatusMessage, QStringLiteral("Buffering..."));
+    delegate_->applicationWillTerminate();
+    EXPECT_FALSE(defaults_.storedKeys().contains(settings::BriefStatusMessage));
+}
+
+TEST_F(AppDelegateTest, TheTagChoosesTheWebPage)
+{
+    defaults_.setValue(settings::SupportPage, QStringLiteral("https://a.example/support"));
+    defaults_.setValue(settings::SharedPlaylistsPage, QStringLiteral("https://a.example/lists"));
+    defaults_.setValue(settings::HomePage, QStringLiteral("https://a.example/"));
+    for (const int tag : {7, 8, 0, 99})
+        delegate_->goToWebsite(tag);
+    delegate_->openReadMe();
+    const QList<QUrl> expected{
+        QUrl(QStringLiteral("https://a.example/support")), QUrl(QStringLiteral("https://a.example/lists")),
+        QUrl(QStringLiteral("https://a.example/")), QUrl(QStringLiteral("https://a.example/")),
+        QUrl(QStringLiteral("file:///doc/ReadMe.txt"))};
+    EXPECT_EQ(desktop_.opened, expected);
+}
+
+TEST_F(AppDelegateTest, PreferencesMoveTheMusicAndTheSongsFollow)
+{
+    const QString elsewhere = disk_.filePath(QStringLiteral("elsewhere"));
+    QDir().mkpath(elsewhere + QStringLiteral("/Ann"));
+    defaults_.setValue(settings::MusicFolder, elsewhere);
+    const QString location =
+        QUrl::fromLocalFile(elsewhere + QStringLiteral("/Ann/So ng.mp3")).toString(QUrl::FullyEncoded);
+    manager_->addPlaylistWithTitle(
+        QStringLiteral("P"),
+        {Record::make({{keys::Id, QStringLiteral("0123456789abcdef")}, {keys::Location, location}})}, 0);
+
+    delegate_->openPreferences();
+    auto* preferences = shown<PreferencesWindow>();
+    ASSERT_NE(preferences, nullptr);
+    delegate_->openPreferences(); // once made it is kept
+    EXPECT_EQ(shown<PreferencesWindow>(), preferences);
+    for (QPushButton* button : preferences->findChildren<QPushButton*>())
+        if (button->text() == QLatin1String("Reset"))
+            button->click();
+
+    EXPECT_TRUE(QFile::exists(disk_.filePath(QStringLiteral("Music/Zib/Zib Music/Ann"))));
+    const Record moved = manager_->library().find(QStringLiteral("0123456789abcdef"));
+    EXPECT_EQ(QUrl(moved.string(keys::Location)).toLocalFile(),
+              disk_.filePath(QStringLiteral("Music/Zib/Zib Music/Ann/So ng.mp3")));
+}
+
+} // namespace
+} // namespace zib
+
+int main(int argc, char** argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    const QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
