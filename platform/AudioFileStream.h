@@ -53,8 +53,8 @@ class AudioFileStream {
     virtual ~AudioFileStream() = default;
 
     /// @param discontinuous the bytes do not follow the previous ones; the parser looks for the next packet
-    /// start. A reader sets it from ReadyToProducePackets or a break on until packets come, so bytes that come
-    /// so marked before any packet do follow.
+    /// start. A reader sets it from ReadyToProducePackets or a break on until packets come, so bytes that
+    /// come so marked before any packet do follow.
     /// @return a status other than 0 when the bytes can be no audio file that it knows.
     virtual AudioStatus parseBytes(std::span<const std::byte> bytes, bool discontinuous) = 0;
 

@@ -195,6 +195,8 @@ TEST_F(SearchFlowTest, TheNextStartShowsTheLastSearchAndWhatWasLoved)
     EXPECT_EQ(window.tickerHeader, QStringLiteral("Powered by"));
     EXPECT_EQ(library->currentSourceType(), SourceType::RecentSearches);
     EXPECT_EQ(shownNames(), (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
+    EXPECT_TRUE(library->items()[1].boolean(keys::Favorite));
+    EXPECT_FALSE(library->items()[0].boolean(keys::Favorite));
     controller->showLibrary(FilterType::Favorites);
     EXPECT_EQ(shownNames(), QStringList{QStringLiteral("b")});
 }

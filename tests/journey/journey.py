@@ -109,6 +109,8 @@ class Journey:
         rows = wait_until(lambda: self.user.rows("Songs"), 15, "the search")
         assert rows == self.songs, f"{rows} songs instead of {self.songs}"
         assert self.loved_songs() == self.loved, self.loved_songs()
+        found = self.library()["Recent Searches"][0]["Tracks"]
+        assert [track["Name"] for track in found if track.get("Favorite")] == self.loved, "loved in the search too"
         self.user.double_click_row("Songs", 1)
         wait_until(lambda: self.recorder.listen(0.25) > AUDIBLE, 20, "sound")
         self.environment.screenshot(self.output / "restart-playing.png")
