@@ -57,7 +57,7 @@ class DemoCatalogue final : public DemoSongs {
     using Progress = std::function<void(int done, int total)>;
 
     /// @param folder where the finished files lie; made when it is missing. Nothing is rendered yet.
-    explicit DemoCatalogue(QString folder);
+    explicit DemoCatalogue(const QString& folder);
     /// Stops first.
     ~DemoCatalogue() override;
     DemoCatalogue(const DemoCatalogue&) = delete;

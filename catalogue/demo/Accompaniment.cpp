@@ -136,8 +136,8 @@ int Accompanist::bassPitch(char sign, double beat, const ChordSpan& span)
                    : next;
     }
     case 'a': {
-        const double bar = (static_cast<int>(beat) / score_.beatsPerBar + 1) * score_.beatsPerBar;
-        const Chord& target = score_.chordAt(bar).chord;
+        const int nextBar = (static_cast<int>(beat) / score_.beatsPerBar + 1) * score_.beatsPerBar;
+        const Chord& target = score_.chordAt(nextBar).chord;
         const int goal = bassNear(target.root, lastBass_);
         return target == span.chord ? root + fifthOf(span.chord) - (root > 40 ? 12 : 0)
                                     : goal + (lastBass_ < goal ? -1 : 1);

@@ -161,9 +161,10 @@ void tiles(Canvas& c)
             const QColor colour =
                 c.colour(static_cast<std::size_t>(c.random.chance(0.15F) ? 4 : 2 + c.random.below(2)));
             const int corner = c.random.below(5);
+            const int right = corner % 2;
+            const int down = corner / 2;
             const QPointF centre =
-                corner == 4 ? tile.center()
-                            : QPointF(tile.x() + (corner % 2) * edge, tile.y() + (corner / 2) * edge);
+                corner == 4 ? tile.center() : QPointF(tile.x() + right * edge, tile.y() + down * edge);
             c.disc(centre.x(), centre.y(), corner == 4 ? 0.3 * edge : edge, colour);
             if (corner != 4 && c.random.chance(0.4F))
                 c.disc(centre.x(), centre.y(), 0.5 * edge, c.colour(0));

@@ -247,7 +247,7 @@ void DemoCatalogue::Renderer::stop()
     changed_.wait(lock, [this] { return jobs_.empty(); });
 }
 
-DemoCatalogue::DemoCatalogue(QString folder)
+DemoCatalogue::DemoCatalogue(const QString& folder)
     : renderer_(std::make_unique<Renderer>(folder))
 {
 }

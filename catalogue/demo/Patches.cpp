@@ -326,6 +326,7 @@ const Patch& patchOf(Instrument instrument)
 {
     static const std::vector<Patch> patches = [] {
         std::vector<Patch> list;
+        list.reserve(static_cast<std::size_t>(I::count));
         for (int i = 0; i < static_cast<int>(I::count); ++i)
             list.push_back(build(static_cast<Instrument>(i)));
         return list;
