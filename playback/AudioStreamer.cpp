@@ -168,8 +168,7 @@ void AudioStreamer::setState(State state)
     if (isOnMainThread())
         ++unpublishedStateChanges_;
     else
-        QMetaObject::invokeMethod(
-            this, [this] { publish(1); }, Qt::QueuedConnection);
+        queueOnThreadOf(*this, [this] { publish(1); });
 }
 
 void AudioStreamer::publish(int stateChanges)
@@ -211,10 +210,8 @@ void AudioStreamer::tellDelegate(void (AudioStreamerDelegate::*message)(const Re
 {
     if (delegate_ == nullptr)
         return;
-    QMetaObject::invokeMethod(
-        &delegate_->mailbox_,
-        [delegate = delegate_, message, track = trackDict_] { (delegate->*message)(track); },
-        Qt::QueuedConnection);
+    queueOnThreadOf(delegate_->mailbox_,
+                    [delegate = delegate_, message, track = trackDict_] { (delegate->*message)(track); });
 }
 
 void AudioStreamer::presentAlertWithTitle(const QString& title, const QString& message)
@@ -223,8 +220,7 @@ void AudioStreamer::presentAlertWithTitle(const QString& title, const QString& m
     alert.messageText = title;
     alert.informativeText = message;
     alert.buttons = {QCoreApplication::translate("Errors", "OK")};
-    QMetaObject::invokeMethod(
-        this, [&alerts = ports_.alerts, alert] { alerts.runModal(alert); }, Qt::QueuedConnection);
+    queueOnThreadOf(*this, [&alerts = ports_.alerts, alert] { alerts.runModal(alert); });
 }
 
 void AudioStreamer::wakeStreamingThread()

@@ -345,13 +345,10 @@ void AudioStreamer::recordStream()
         tellDelegate(&AudioStreamerDelegate::exportedFile);
         return;
     }
-    QMetaObject::invokeMethod(
-        &ports_.defaults,
-        [&defaults = ports_.defaults] {
-            defaults.setValue(settings::BriefStatusMessage,
-                              QCoreApplication::translate("AudioStreamer", "Export failed"));
-        },
-        Qt::QueuedConnection);
+    queueOnThreadOf(ports_.defaults, [&defaults = ports_.defaults] {
+        defaults.setValue(settings::BriefStatusMessage,
+                          QCoreApplication::translate("AudioStreamer", "Export failed"));
+    });
 }
 
 } // namespace zib

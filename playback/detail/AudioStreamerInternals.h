@@ -24,6 +24,13 @@ inline std::int64_t truncated(double value)
     return std::isnan(value) ? 0 : static_cast<std::int64_t>(std::clamp(value, -limit, limit));
 }
 
+/// Has the thread of the context do that when its events are next run, unless the context dies before.
+template <typename Action>
+void queueOnThreadOf(QObject& context, Action action)
+{
+    QMetaObject::invokeMethod(&context, std::move(action), Qt::QueuedConnection);
+}
+
 /// A hold of the streamer's lock. The outermost one on the main thread tells of the state changes made under
 /// it once the lock is free, as its very last act: a slot may destroy the streamer.
 class AudioStreamer::Lock {

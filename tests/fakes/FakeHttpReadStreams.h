@@ -6,8 +6,9 @@
 #include <algorithm>
 #include <atomic>
 #include <condition_variable>
-#include <cstring>
 #include <mutex>
+#include <optional>
+#include <string>
 #include <vector>
 
 namespace zib {
@@ -38,8 +39,8 @@ class FakeHttpExchange {
     void send(const QByteArray& bytes)
     {
         change([&] {
-            bytesDue_ = bytesDue_ || (bytes_.isEmpty() && !bytes.isEmpty());
-            bytes_ += bytes;
+            bytesDue_ = bytesDue_ || (bytes_.empty() && !bytes.isEmpty());
+            bytes_.append(bytes.constData(), static_cast<std::size_t>(bytes.size()));
         });
     }
     void end()
@@ -59,7 +60,7 @@ class FakeHttpExchange {
     [[nodiscard]] qsizetype unreadBytes() const
     {
         const std::scoped_lock lock(mutex_);
-        return bytes_.size();
+        return static_cast<qsizetype>(bytes_.size());
     }
     [[nodiscard]] bool isClosed() const
     {
@@ -83,7 +84,7 @@ class FakeHttpExchange {
             return Due::Nothing;
         if (std::exchange(bytesDue_, false))
             return Due::Bytes;
-        if (failed_ || (ended_ && bytes_.isEmpty())) {
+        if (failed_ || (ended_ && bytes_.empty())) {
             terminalToldOf_ = true;
             return failed_ ? Due::Error : Due::End;
         }
@@ -93,7 +94,7 @@ class FakeHttpExchange {
     const HttpReadRequest request_;
     mutable std::mutex mutex_; // guards all below
     QHash<QByteArray, QByteArray> headers_;
-    QByteArray bytes_;
+    std::string bytes_; // its memory is never shared between threads, as that of a QByteArray is
     bool bytesDue_ = false;
     bool ended_ = false;
     bool failed_ = false;
@@ -167,11 +168,10 @@ class FakeHttpReadStream final : public HttpReadStream {
             return *exchange_->readAnswer_;
         if (exchange_->closed_)
             return 0;
-        const qint64 count = std::min<qint64>(maximum, exchange_->bytes_.size());
-        std::memcpy(bytes, exchange_->bytes_.constData(), static_cast<std::size_t>(count));
-        exchange_->bytes_.remove(0, count);
-        exchange_->bytesDue_ = !exchange_->bytes_.isEmpty();
-        return count;
+        const std::size_t count = exchange_->bytes_.copy(bytes, static_cast<std::size_t>(maximum));
+        exchange_->bytes_.erase(0, count);
+        exchange_->bytesDue_ = !exchange_->bytes_.empty();
+        return static_cast<qint64>(count);
     }
     QHash<QByteArray, QByteArray> responseHeaders() const override
     {

@@ -24,6 +24,8 @@ class StreamerPacketsTest : public StreamerFixture {
     {
         exchange().end();
         EXPECT_TRUE(reaches(State::Stopping));
+        if (!output())
+            return {};
         output()->playAll();
         EXPECT_TRUE(reaches(State::Initialized));
         QList<qsizetype> sizes;
