@@ -73,8 +73,10 @@ double AudioStreamer::calculatedBitRate() const
     const std::scoped_lock lock(lock_);
     // Fewer packets than this say too little: the first ones often hold headers or silence.
     constexpr std::uint64_t minimumPackets = 50;
-    if (packetDuration_ != 0 && processedPacketsCount_ > minimumPackets)
-        return static_cast<double>(processedPacketsSizeTotal_ / processedPacketsCount_) * 8 / packetDuration_;
+    if (packetDuration_ != 0 && processedPacketsCount_ > minimumPackets) {
+        const std::uint64_t wholeBytes = processedPacketsSizeTotal_ / processedPacketsCount_;
+        return static_cast<double>(wholeBytes) * 8 / packetDuration_;
+    }
     return bitRate_;
 }
 

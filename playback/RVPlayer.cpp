@@ -44,7 +44,7 @@ QString downloadedCopy(const QString& folder, const Record& track)
     QDirIterator paths(folder, QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System,
                        QDirIterator::Subdirectories);
     while (paths.hasNext()) {
-        const QString path = paths.next();
+        QString path = paths.next();
         if (path.mid(folder.size() + 1).toLower().endsWith(wanted))
             return path;
     }
