@@ -3,7 +3,9 @@
 
 #include "views/Theme.h"
 
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace zib {
@@ -11,6 +13,8 @@ namespace zib {
 namespace {
 
 constexpr int textWidth = 400;
+// What is asked of the service, so not translated. A newcomer need not know any artist's name.
+const char* const offeredTags[] = {"ambient", "folk", "jazz", "lo-fi", "piano", "synthwave"};
 
 } // namespace
 
@@ -32,7 +36,27 @@ EmptyPlace::EmptyPlace(QWidget* parent)
     layout->addStretch(2);
     layout->addWidget(title_, 0, Qt::AlignHCenter);
     layout->addWidget(text_, 0, Qt::AlignHCenter);
+    layout->addSpacing(Theme::between);
+    layout->addWidget(makeTags(), 0, Qt::AlignHCenter);
     layout->addStretch(3);
+}
+
+QWidget* EmptyPlace::makeTags()
+{
+    auto* tags = new QWidget(this);
+    auto* layout = new QHBoxLayout(tags);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(Theme::between);
+    for (const char* const name : offeredTags) {
+        const QString tag = QString::fromLatin1(name);
+        auto* button = new QPushButton(tag, tags);
+        button->setObjectName(QStringLiteral("offeredTag"));
+        button->setAccessibleName(tr("Find songs tagged %1").arg(tag));
+        button->setToolTip(button->accessibleName());
+        connect(button, &QPushButton::clicked, this, [this, tag] { Q_EMIT tagChosen(tag); });
+        layout->addWidget(button);
+    }
+    return tags;
 }
 
 void EmptyPlace::say(const QString& title, const QString& text)

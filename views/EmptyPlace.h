@@ -7,7 +7,7 @@ class QLabel;
 
 namespace zib {
 
-/// What stands where there are no songs: what is the case, and what to do.
+/// What stands where there are no songs: what is the case, what to do, and a few tags that find something.
 class EmptyPlace : public QWidget {
     Q_OBJECT
 
@@ -15,7 +15,13 @@ class EmptyPlace : public QWidget {
     explicit EmptyPlace(QWidget* parent = nullptr);
     void say(const QString& title, const QString& text);
 
+  Q_SIGNALS:
+    /// One of the offered tags was pressed.
+    void tagChosen(const QString& tag);
+
   private:
+    QWidget* makeTags();
+
     QLabel* title_;
     QLabel* text_;
 };

@@ -222,6 +222,8 @@ void MainWindow::connectControls()
             [this](FilterType filter) { controller_->showLibrary(filter); });
     connect(sources_, &SourceListView::searchChosen, this,
             [this](int index) { controller_->showSearch(index); });
+    connect(empty_, &EmptyPlace::tagChosen, this,
+            [this](const QString& tag) { controller_->search().beginSearchForTags({tag}); });
     connect(table_, &SongTable::activated, this, [this] { playback().songSelected(); });
     connect(table_, &SongTable::loveToggled, this, [this](int row) { playback().addFavorite(row); });
     connect(table_, &SongTable::reloaded, this, &MainWindow::updateEmptyPlace);
@@ -381,15 +383,15 @@ void MainWindow::updateEmptyPlace()
         return;
     }
     if (library.currentSourceType() == SourceType::RecentSearches)
-        empty_->say(tr("No songs found"), tr("Try another spelling, a well-known artist, or a tag such as "
-                                             "“jazz” with the search type Tags."));
+        empty_->say(tr("No songs found"), tr("Try another spelling, a well-known artist, or a tag:"));
     else if (library.currentFilterType() == FilterType::Favorites)
-        empty_->say(tr("No loved songs yet"),
-                    tr("Press the heart beside a song, and it is kept here and in Music."));
+        empty_->say(
+            tr("No loved songs yet"),
+            tr("Press the heart beside a song, and it is kept here and in Music. To find some, try a tag:"));
     else
         empty_->say(tr("Your library is empty"),
                     tr("Type an artist into the search field and press Return. Play what you find, and press "
-                       "the heart beside a song to keep it here."));
+                       "the heart beside a song to keep it here. Or try a tag:"));
     songs_->setCurrentWidget(empty_);
 }
 

@@ -261,5 +261,14 @@ TEST_F(MainWindowTest, ItsPlaceIsRemembered)
     EXPECT_EQ(window->size(), QSize(1000, 640));
 }
 
+TEST_F(MainWindowTest, AnEmptyPlaceOffersTagsThatSearch)
+{
+    auto* folk = widget<QAbstractButton>(QStringLiteral("Find songs tagged folk"));
+    ASSERT_NE(folk, nullptr);
+    ASSERT_TRUE(folk->isVisible());
+    folk->click();
+    EXPECT_TRUE(urlLoader.exchanges.back()->request.url.contains("&description=folk"));
+}
+
 } // namespace
 } // namespace zib
