@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <cstdint>
 #include <string_view>
 
 namespace zib {
@@ -36,6 +37,8 @@ class AtomicFile {
     QByteArray temporary_;
     int file_ = -1;
     int error_ = 0;
+    std::int64_t written_ = 0;
+    std::int64_t started_ = 0; // so much of it is on its way to the disk
     bool committed_ = false;
 };
 

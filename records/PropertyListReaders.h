@@ -36,6 +36,12 @@ class BuilderStack {
     std::vector<std::unique_ptr<RecordBuilder>> builders_;
 };
 
+/// A blank of XML.
+constexpr bool isBlank(char c)
+{
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
+}
+
 class XmlPropertyListReader {
   public:
     XmlPropertyListReader(std::string_view text, const TableTarget* target);

@@ -23,7 +23,7 @@ class TinyLock {
     void unlock() noexcept { held_.store(false, std::memory_order_release); }
 
   private:
-    std::atomic<bool> held_ = false; // an atomic_flag's clearing goes unseen by the thread sanitizer
+    std::atomic<bool> held_ = false;
 };
 
 RecordBuilder& sharedBuilder()
