@@ -214,7 +214,7 @@ bool BinaryPropertyListReader::readText(std::size_t offset, PropertyValue& value
     if (!readCount(offset, unit, count) || !spend(count * unit))
         return false;
     const char* const content = bytes_.data() + offset;
-    const auto length = static_cast<qsizetype>(count * unit);
+    const auto length = qsizetype(count) * qsizetype(unit);
     if (marker == Marker::Data)
         value = QByteArray(content, length);
     else if (marker == Marker::Ascii)

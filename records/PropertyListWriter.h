@@ -61,7 +61,7 @@ class PropertyListWriter {
     void field(const RecordFields& fields, std::size_t place);
     void flush();
 
-    static constexpr std::size_t pieceSize = 64 * 1024;
+    static constexpr std::size_t pieceSize = std::size_t(64) << 10U;
 
     struct KeyLine {
         int depth = -1;

@@ -313,7 +313,8 @@ bool XmlPropertyListReader::readDate(const Tag& tag, std::int64_t& seconds)
     if (!date.ok() || hour > 23 || minute > 59 || second > 60)
         return fail("wrong date");
     const auto days = std::chrono::sys_days(date).time_since_epoch();
-    seconds = std::int64_t(days.count()) * 86400 + hour * 3600 + minute * 60 + second;
+    seconds =
+        std::int64_t(days.count()) * 86400 + std::int64_t(hour) * 3600 + std::int64_t(minute) * 60 + second;
     return true;
 }
 
