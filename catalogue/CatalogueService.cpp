@@ -49,7 +49,7 @@ void CatalogueService::keepIndexed(const QList<QByteArray>& folders,
     if (folders.isEmpty())
         return;
     indexing_ =
-        std::jthread([this, folders, makeReader = std::move(makeReader), pause](std::stop_token stop) {
+        std::jthread([this, folders, makeReader = std::move(makeReader), pause](const std::stop_token& stop) {
             std::mutex mutex;
             std::condition_variable_any wake;
             while (!stop.stop_requested()) {

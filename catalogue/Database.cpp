@@ -104,8 +104,8 @@ QSqlDatabase Database::connection() const
     return connections.localData()->to(file_);
 }
 
-Transaction::Transaction(QSqlDatabase database)
-    : database_(std::move(database))
+Transaction::Transaction(const QSqlDatabase& database)
+    : database_(database)
     , open_(database_.transaction())
 {
 }

@@ -30,7 +30,7 @@ class Database {
 /// Commits what was done since it was made, when told so; else undoes it.
 class Transaction {
   public:
-    explicit Transaction(QSqlDatabase database);
+    explicit Transaction(const QSqlDatabase& database);
     ~Transaction();
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;

@@ -26,7 +26,7 @@ Q_LOGGING_CATEGORY(log, "zib.catalogue.http", QtInfoMsg)
 using Clock = std::chrono::steady_clock;
 
 constexpr unsigned threadCount = 4;
-constexpr size_t connectionMemory = 32 * 1024;
+constexpr size_t connectionMemory = size_t(32) * 1024;
 constexpr auto lastMoment = std::chrono::milliseconds(500);
 
 /// A connection and, while it owes us a request, since when.
@@ -111,7 +111,7 @@ struct HttpServer::Daemon {
 
     bool start();
     void stop();
-    void closeLatePeers(std::stop_token token);
+    void closeLatePeers(const std::stop_token& token);
 
     void owesRequest(MHD_Connection* connection, bool owes);
     MHD_Result check(MHD_Connection* connection, const char* method, Exchange& exchange);
@@ -156,12 +156,12 @@ bool HttpServer::Daemon::start()
         MHD_OPTION_END);
     if (!daemon)
         return false;
-    watch = std::jthread([this](std::stop_token token) { closeLatePeers(std::move(token)); });
+    watch = std::jthread([this](const std::stop_token& token) { closeLatePeers(token); });
     return true;
 }
 
 // A request that arrives a byte at a time is never idle, so the library's own time-out does not end it.
-void HttpServer::Daemon::closeLatePeers(std::stop_token token)
+void HttpServer::Daemon::closeLatePeers(const std::stop_token& token)
 {
     std::unique_lock lock(mutex);
     while (!token.stop_requested()) {

@@ -66,7 +66,7 @@ Artists MusicCatalogue::artists() const
         both.hotness = std::max(both.hotness, artist.hotness);
         both.familiarity = std::max(both.familiarity, artist.familiarity);
     }
-    const auto merged = std::make_shared<const QList<Artist>>(std::move(all));
+    auto merged = std::make_shared<const QList<Artist>>(std::move(all));
     const std::lock_guard lock(mutex_);
     own_ = own;
     artists_ = merged;

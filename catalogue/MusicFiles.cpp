@@ -53,7 +53,8 @@ class Walk {
         }
         std::sort(names.begin(), names.end());
         for (const auto& name : names) {
-            const std::string child = path + '/' + name;
+            std::string child = path;
+            child.append(1, '/').append(name);
             if (::stat(child.c_str(), &status) != 0)
                 continue;
             if (S_ISDIR(status.st_mode))

@@ -85,7 +85,7 @@ tl::expected<void, QString> changeMusicFolder(UserDefaults& defaults, const QStr
 {
     const QString picked = QFileInfo(pickedFolder).canonicalFilePath(); // links resolved
     const QString target = QDir(picked.isEmpty() ? pickedFolder : picked).filePath(kFolderName);
-    const auto moved = moveFolder(withHome(defaults.string(settings::MusicFolder)), target);
+    auto moved = moveFolder(withHome(defaults.string(settings::MusicFolder)), target);
     if (moved)
         defaults.setValue(settings::MusicFolder, target);
     return moved;

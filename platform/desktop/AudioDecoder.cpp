@@ -10,6 +10,7 @@ extern "C" {
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 
 namespace zib {
 
@@ -21,6 +22,28 @@ constexpr int kMostChannels = 8;
 /// A packet that yields more than this is not music: about 24 s at 44,100 frames a second.
 constexpr int kMostFrames = 1 << 20;
 
+enum class PcmKind { Unsigned, Signed, Float };
+
+struct PcmCodec {
+    PcmKind kind;
+    std::uint32_t bytesPerSample;
+    AVCodecID littleEndian;
+    AVCodecID bigEndian;
+};
+
+constexpr PcmCodec kPcmCodecs[] = {
+    {PcmKind::Unsigned, 1, AV_CODEC_ID_PCM_U8, AV_CODEC_ID_PCM_U8},
+    {PcmKind::Unsigned, 2, AV_CODEC_ID_PCM_U16LE, AV_CODEC_ID_PCM_U16BE},
+    {PcmKind::Unsigned, 3, AV_CODEC_ID_PCM_U24LE, AV_CODEC_ID_PCM_U24BE},
+    {PcmKind::Unsigned, 4, AV_CODEC_ID_PCM_U32LE, AV_CODEC_ID_PCM_U32BE},
+    {PcmKind::Signed, 1, AV_CODEC_ID_PCM_S8, AV_CODEC_ID_PCM_S8},
+    {PcmKind::Signed, 2, AV_CODEC_ID_PCM_S16LE, AV_CODEC_ID_PCM_S16BE},
+    {PcmKind::Signed, 3, AV_CODEC_ID_PCM_S24LE, AV_CODEC_ID_PCM_S24BE},
+    {PcmKind::Signed, 4, AV_CODEC_ID_PCM_S32LE, AV_CODEC_ID_PCM_S32BE},
+    {PcmKind::Float, 4, AV_CODEC_ID_PCM_F32LE, AV_CODEC_ID_PCM_F32BE},
+    {PcmKind::Float, 8, AV_CODEC_ID_PCM_F64LE, AV_CODEC_ID_PCM_F64BE},
+};
+
 AVCodecID pcmCodec(const AudioStreamDescription& format)
 {
     if (format.channelsPerFrame == 0 || format.bytesPerFrame % format.channelsPerFrame != 0)
@@ -28,36 +51,15 @@ AVCodecID pcmCodec(const AudioStreamDescription& format)
     // The container's bytes count: 20 bits in 3 bytes stand in their upper part.
     const auto bytes = format.bytesPerFrame > 0 ? format.bytesPerFrame / format.channelsPerFrame
                                                 : (format.bitsPerChannel + 7) / 8;
-    const bool big = format.formatFlags & audioformat::IsBigEndian;
-    const bool isSigned = format.formatFlags & audioformat::IsSignedInteger;
-    if (format.formatFlags & audioformat::IsFloat) {
-        switch (bytes) {
-        case 4:
-            return big ? AV_CODEC_ID_PCM_F32BE : AV_CODEC_ID_PCM_F32LE;
-        case 8:
-            return big ? AV_CODEC_ID_PCM_F64BE : AV_CODEC_ID_PCM_F64LE;
-        default:
-            return AV_CODEC_ID_NONE;
-        }
-    }
-    switch (bytes) {
-    case 1:
-        return isSigned ? AV_CODEC_ID_PCM_S8 : AV_CODEC_ID_PCM_U8;
-    case 2:
-        if (isSigned)
-            return big ? AV_CODEC_ID_PCM_S16BE : AV_CODEC_ID_PCM_S16LE;
-        return big ? AV_CODEC_ID_PCM_U16BE : AV_CODEC_ID_PCM_U16LE;
-    case 3:
-        if (isSigned)
-            return big ? AV_CODEC_ID_PCM_S24BE : AV_CODEC_ID_PCM_S24LE;
-        return big ? AV_CODEC_ID_PCM_U24BE : AV_CODEC_ID_PCM_U24LE;
-    case 4:
-        if (isSigned)
-            return big ? AV_CODEC_ID_PCM_S32BE : AV_CODEC_ID_PCM_S32LE;
-        return big ? AV_CODEC_ID_PCM_U32BE : AV_CODEC_ID_PCM_U32LE;
-    default:
+    const PcmKind kind = format.formatFlags & audioformat::IsFloat           ? PcmKind::Float
+                         : format.formatFlags & audioformat::IsSignedInteger ? PcmKind::Signed
+                                                                             : PcmKind::Unsigned;
+    const auto* const codec = std::ranges::find_if(kPcmCodecs, [&](const PcmCodec& known) {
+        return known.kind == kind && known.bytesPerSample == bytes;
+    });
+    if (codec == std::end(kPcmCodecs))
         return AV_CODEC_ID_NONE;
-    }
+    return format.formatFlags & audioformat::IsBigEndian ? codec->bigEndian : codec->littleEndian;
 }
 
 AVCodecID codecOf(const AudioStreamDescription& format)

@@ -75,7 +75,7 @@ QString MovieFile::openFile(const QString& path)
     const QByteArray url = "file:" + QFile::encodeName(info.absoluteFilePath());
     const int status = avformat_open_input(&container_, url.constData(), nullptr, &options);
     av_dict_free(&options);
-    const QString notSound = text("“%1” holds no sound that can be played.").arg(name);
+    QString notSound = text("“%1” holds no sound that can be played.").arg(name);
     if (status < 0 || avformat_find_stream_info(container_, nullptr) < 0)
         return notSound;
     const int best = av_find_best_stream(container_, AVMEDIA_TYPE_AUDIO, -1, -1, nullptr, 0);
