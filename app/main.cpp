@@ -2,16 +2,15 @@
 #include "app/Application.h"
 #include "app/SingleInstance.h"
 #include "app/TerminationSignals.h"
+#include "library/LibraryExport.h"
 #include "library/LibraryFile.h"
 #include "services/ServiceHosts.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
-#include <QSaveFile>
 #include <QTextStream>
 
 #include <algorithm>
-#include <cstdio>
 #include <cstring>
 
 namespace {
@@ -62,20 +61,9 @@ int exportLibrary(int argc, char** argv)
     const Options options;
     QCommandLineParser parser;
     parse(parser, options);
-    const auto plain = zib::LibraryFile(zib::Places::standard().library).readPlain();
-    if (!plain)
-        return fail(plain.error(), 1);
-    const QString path = parser.value(options.exportLibrary);
-    if (path == QLatin1String("-")) {
-        const bool written =
-            std::fwrite(plain->constData(), 1, size_t(plain->size()), stdout) == size_t(plain->size()) &&
-            std::fflush(stdout) == 0;
-        return written ? 0 : fail(QCoreApplication::translate("main", "standard output can't be written"), 1);
-    }
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(*plain) == plain->size() && file.commit())
-        return 0;
-    return fail(file.errorString(), 1);
+    const auto exported =
+        zib::exportLibrary(zib::LibraryFile::standardPath(), parser.value(options.exportLibrary));
+    return exported ? 0 : fail(exported.error(), 1);
 }
 
 int runProgram(int argc, char** argv)
