@@ -30,41 +30,7 @@ QString translated(const char* text)
     return QCoreApplication::translate("PlaybackQueue", text);
 }
 
-QString artistAndName(const Record& track)
-{
-    return QStringLiteral("%1 - %2").arg(track.string(keys::Artist), track.string(keys::Name));
-}
-
-/// The replacement of a playing record. What the library stores has no place in the list; what plays needs
-/// it.
-Record withIndex(const Record& replacement, const Record& old)
-{
-    if (replacement.contains(keys::Index) || !old.contains(keys::Index))
-        return replacement;
-    Record track = replacement.copy();
-    track.set(keys::Index, old.value(keys::Index));
-    return track;
-}
-
-QString namesOf(const QList<Record>& tracks)
-{
-    QStringList names;
-    for (const Record& track : tracks)
-        names.append(artistAndName(track));
-    return names.join(QLatin1Char('\n'));
-}
-
 } // namespace
-
-void PlaybackQueue::StreamReports::fileNotFound(const Record& track)
-{
-    context_.dataManager.fileNotFound(track);
-}
-
-void PlaybackQueue::StreamReports::exportedFile(const Record& track)
-{
-    context_.dataManager.exportedFile(track);
-}
 
 PlaybackQueue::PlaybackQueue(ControllerContext& context, RVPlayer& player, const Clock& clock)
     : context_(context)
@@ -197,7 +163,7 @@ void PlaybackQueue::nextTrack()
     if (index < 0) {
         qCWarning(log).noquote() << QStringLiteral("current track not found! %1\n%2")
                                         .arg(nowplayingTrackIndex())
-                                        .arg(snapshot_ ? namesOf(snapshot_->playlistItems) : QString());
+                                        .arg(snapshot_ ? snapshot_->itemNames() : QString());
         return;
     }
     playFrom(index + 1, 1);
@@ -223,31 +189,10 @@ void PlaybackQueue::backTrack()
 
 void PlaybackQueue::playFrom(int index, int step)
 {
-    // A copy: starting a song may end in stop, which drops the snapshot.
-    const QList<Record> items = snapshot_->playlistItems;
-    for (; index >= 0 && index < items.size(); index += step) {
-        if (canPlayNow(items[index])) {
-            playTrack(items[index]);
-            return;
-        }
-    }
-    stop();
-}
-
-bool PlaybackQueue::canPlayNow(const Record& track) const
-{
-    return !track.boolean(keys::BrokenLink) && (context_.connectedToInternet || !needsConnection(track));
-}
-
-int PlaybackQueue::indexOfCurrentItem() const
-{
-    if (!snapshot_)
-        return -1;
-    const qint64 current = nowplayingTrackIndex();
-    for (int row = 0; row < snapshot_->playlistItems.size(); ++row)
-        if (snapshot_->playlistItems[row].integer(keys::Index) == current)
-            return row;
-    return -1;
+    if (const Record track = snapshot_->playableFrom(index, step, context_.connectedToInternet))
+        playTrack(track);
+    else
+        stop();
 }
 
 void PlaybackQueue::countPlay()
@@ -436,44 +381,6 @@ void PlaybackQueue::reloadTracks()
 void PlaybackQueue::setStatus(const QString& text)
 {
     context_.defaults.setValue(settings::BriefStatusMessage, text);
-}
-
-// The snapshot
-
-Record PlaybackQueue::nowplayingTrack() const
-{
-    return snapshot_ ? snapshot_->track : Record();
-}
-
-QString PlaybackQueue::nowplayingTrackID() const
-{
-    return nowplayingTrack().string(keys::Id);
-}
-
-int PlaybackQueue::nowplayingTrackIndex() const
-{
-    return snapshot_ ? int(snapshot_->track.integer(keys::Index)) : -1;
-}
-
-int PlaybackQueue::nowplayingSourceType() const
-{
-    return snapshot_ ? int(snapshot_->sourceType) : -1;
-}
-
-int PlaybackQueue::nowplayingPlaylistIndex() const
-{
-    return snapshot_ ? snapshot_->playlistIndex : -1;
-}
-
-qint64 PlaybackQueue::nowplayingPlaylistUID() const
-{
-    return snapshot_ ? snapshot_->playlistUid : -1;
-}
-
-void PlaybackQueue::setNowplayingPlaylistIndex(int index)
-{
-    if (snapshot_)
-        snapshot_->playlistIndex = index;
 }
 
 } // namespace zib

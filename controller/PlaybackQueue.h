@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "library/SourceTypes.h"
+#include "controller/NowPlayingSnapshot.h"
+#include "controller/StreamReports.h"
 #include "playback/RVPlayer.h"
 #include "records/Record.h"
 
-#include <QList>
 #include <QString>
 
 #include <optional>
@@ -15,18 +15,7 @@ namespace zib {
 class Clock;
 struct ControllerContext;
 
-/// The list that a song was started from, as it was then: what is shown later changes nothing about what
-/// plays next.
-struct NowPlayingSnapshot {
-    int playlistIndex;
-    SourceType sourceType;
-    QList<Record> playlistItems; ///< in the order shown
-    qint64 playlistUid;
-    FilterType filterType;
-    Record track; ///< the song now playing
-};
-
-/// Playing: the now-playing snapshot, the transport, and what the window shows of them. Main thread.
+/// Playing: the transport, over the now-playing snapshot, and what the window shows of them. Main thread.
 class PlaybackQueue : public RVPlayerDelegate {
   public:
     PlaybackQueue(ControllerContext& context, RVPlayer& player, const Clock& clock);
@@ -64,14 +53,21 @@ class PlaybackQueue : public RVPlayerDelegate {
 
     // The snapshot; without one no record, and -1.
     [[nodiscard]] const std::optional<NowPlayingSnapshot>& snapshot() const { return snapshot_; }
-    [[nodiscard]] Record nowplayingTrack() const;
-    [[nodiscard]] QString nowplayingTrackID() const;
-    [[nodiscard]] int nowplayingTrackIndex() const;
-    [[nodiscard]] int nowplayingSourceType() const;
-    [[nodiscard]] int nowplayingPlaylistIndex() const;
-    [[nodiscard]] qint64 nowplayingPlaylistUID() const;
+    [[nodiscard]] Record nowplayingTrack() const { return snapshot_ ? snapshot_->track : Record(); }
+    [[nodiscard]] QString nowplayingTrackID() const { return nowplayingTrack().string(keys::Id); }
+    [[nodiscard]] int nowplayingTrackIndex() const
+    {
+        return snapshot_ ? int(snapshot_->track.integer(keys::Index)) : -1;
+    }
+    [[nodiscard]] int nowplayingSourceType() const { return snapshot_ ? int(snapshot_->sourceType) : -1; }
+    [[nodiscard]] int nowplayingPlaylistIndex() const { return snapshot_ ? snapshot_->playlistIndex : -1; }
+    [[nodiscard]] qint64 nowplayingPlaylistUID() const { return snapshot_ ? snapshot_->playlistUid : -1; }
     /// The playing search or playlist has moved to another place of its list.
-    void setNowplayingPlaylistIndex(int index);
+    void setNowplayingPlaylistIndex(int index)
+    {
+        if (snapshot_)
+            snapshot_->playlistIndex = index;
+    }
 
     // From the player
     void updateProgress() override;
@@ -80,20 +76,6 @@ class PlaybackQueue : public RVPlayerDelegate {
     AudioStreamerDelegate* dataManager() override { return &streamReports_; }
 
   private:
-    /// What the streamer has to say about a song goes to the library.
-    class StreamReports : public AudioStreamerDelegate {
-      public:
-        explicit StreamReports(ControllerContext& context)
-            : context_(context)
-        {
-        }
-        void fileNotFound(const Record& track) override;
-        void exportedFile(const Record& track) override;
-
-      private:
-        ControllerContext& context_;
-    };
-
     void updateSnapshot();
     void setArtworkForCurrentTrack();
     void showTitles();
@@ -101,9 +83,8 @@ class PlaybackQueue : public RVPlayerDelegate {
     void countPlay();
     void reloadTracks();
     void setStatus(const QString& text);
-    /// The place of the current song in the snapshot's items, or -1.
-    [[nodiscard]] int indexOfCurrentItem() const;
-    [[nodiscard]] bool canPlayNow(const Record& track) const;
+    /// The place of the song now playing in the snapshot's items; -1 without either.
+    [[nodiscard]] int indexOfCurrentItem() const { return snapshot_ ? snapshot_->indexOfTrack() : -1; }
     /// Plays the first playable item from a place on, in steps of 1 or -1; stops when there is none.
     void playFrom(int index, int step);
     void adoptLocalFile(Record& track);
