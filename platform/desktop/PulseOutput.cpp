@@ -1,16 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktop/PulseOutput.h"
 
-#include <QCoreApplication>
-#include <QLoggingCategory>
-
-#include <pulse/pulseaudio.h>
+#include "platform/desktop/PulseConnection.h"
 
 #include <algorithm>
 #include <utility>
-#include <vector>
-
-Q_LOGGING_CATEGORY(lcSound, "zib.sound", QtInfoMsg)
 
 namespace zib {
 
@@ -24,57 +18,7 @@ constexpr pa_usec_t kPiece = 50'000;
 /// Frames this close to being heard are not replaced any more.
 constexpr pa_usec_t kTooLate = 10'000;
 
-} // namespace
-
-class PulseStream;
-
-/// The mainloop with its thread, and the context on it. Its lock is the mainloop's, and callbacks run under
-/// it.
-class PulseConnection {
-  public:
-    PulseConnection();
-    PulseConnection(const PulseConnection&) = delete;
-    PulseConnection& operator=(const PulseConnection&) = delete;
-    ~PulseConnection();
-
-    void connect(SoundOutput::Search search);
-    SoundOutput::Presence presence();
-
-    /// Holds the mainloop's lock.
-    class Guard {
-      public:
-        explicit Guard(PulseConnection& connection)
-            : loop_(connection.loop_)
-        {
-            pa_threaded_mainloop_lock(loop_);
-        }
-        Guard(const Guard&) = delete;
-        Guard& operator=(const Guard&) = delete;
-        ~Guard() { pa_threaded_mainloop_unlock(loop_); }
-
-      private:
-        pa_threaded_mainloop* loop_;
-    };
-
-    // These under the lock.
-    pa_context* readyContext() { return presence_ == SoundOutput::Presence::Ready ? context_ : nullptr; }
-    void addWaiting(PulseStream& stream) { waiting_.push_back(&stream); }
-    void removeWaiting(PulseStream& stream) { std::erase(waiting_, &stream); }
-    [[nodiscard]] bool absent() const { return presence_ == SoundOutput::Presence::Absent; }
-
-  private:
-    void contextChanged();
-    void leave();
-    void settleWaiting();
-
-    pa_threaded_mainloop* loop_;
-    pa_context* context_ = nullptr;
-    pa_context_flags_t flags_ = PA_CONTEXT_NOFLAGS;
-    SoundOutput::Presence presence_ = SoundOutput::Presence::Absent;
-    std::vector<PulseStream*> waiting_; ///< to be opened once the context is ready
-};
-
-class PulseStream : public SoundStream {
+class PulseStream final : public SoundStream, private PulseConnection::Waiting {
   public:
     PulseStream(std::shared_ptr<PulseConnection> connection, const SoundFormat& format,
                 std::shared_ptr<WakeSignal> feeder);
@@ -92,10 +36,8 @@ class PulseStream : public SoundStream {
     std::int64_t heard() override;
     std::optional<std::chrono::milliseconds> nextLook() override { return std::nullopt; }
 
-    /// Under the lock: the context is ready, or has failed.
-    void settle();
-
   private:
+    void settle() override;
     void open(pa_context* context);
     void stateChanged();
     void timeTold();
@@ -117,91 +59,6 @@ class PulseStream : public SoundStream {
     bool moving_ = false;       ///< whether it went on from there
     std::size_t takenBack_ = 0; ///< frames that the next write replaces
 };
-
-PulseConnection::PulseConnection()
-    : loop_(pa_threaded_mainloop_new())
-{
-    pa_threaded_mainloop_set_name(loop_, "zib-sound");
-    pa_threaded_mainloop_start(loop_);
-}
-
-PulseConnection::~PulseConnection()
-{
-    {
-        const Guard guard(*this);
-        leave();
-    }
-    pa_threaded_mainloop_stop(loop_);
-    pa_threaded_mainloop_free(loop_);
-}
-
-void PulseConnection::leave()
-{
-    if (!context_)
-        return;
-    pa_context_set_state_callback(context_, nullptr, nullptr);
-    pa_context_disconnect(context_);
-    pa_context_unref(std::exchange(context_, nullptr));
-}
-
-void PulseConnection::connect(SoundOutput::Search search)
-{
-    const Guard guard(*this);
-    if (presence_ != SoundOutput::Presence::Absent)
-        return;
-    leave();
-    auto* api = pa_threaded_mainloop_get_api(loop_);
-    pa_proplist* properties = pa_proplist_new();
-    pa_proplist_sets(properties, PA_PROP_APPLICATION_NAME,
-                     QCoreApplication::applicationName().toUtf8().constData());
-    context_ = pa_context_new_with_proplist(api, nullptr, properties);
-    pa_proplist_free(properties);
-    if (!context_)
-        return;
-    presence_ = SoundOutput::Presence::Connecting;
-    flags_ = search == SoundOutput::Search::Start ? PA_CONTEXT_NOFLAGS : PA_CONTEXT_NOAUTOSPAWN;
-    pa_context_set_state_callback(
-        context_, [](pa_context*, void* self) { static_cast<PulseConnection*>(self)->contextChanged(); },
-        this);
-    // On the mainloop's thread, because starting a server takes its time.
-    pa_mainloop_api_once(
-        api,
-        [](pa_mainloop_api*, void* self) {
-            auto& connection = *static_cast<PulseConnection*>(self);
-            if (connection.context_ &&
-                pa_context_connect(connection.context_, nullptr, connection.flags_, nullptr) < 0)
-                connection.contextChanged();
-        },
-        this);
-}
-
-SoundOutput::Presence PulseConnection::presence()
-{
-    const Guard guard(*this);
-    return presence_;
-}
-
-void PulseConnection::contextChanged()
-{
-    const auto state = pa_context_get_state(context_);
-    if (state == PA_CONTEXT_READY) {
-        presence_ = SoundOutput::Presence::Ready;
-        qCInfo(lcSound) << "connected to the sound server" << pa_context_get_server(context_);
-    } else if (!PA_CONTEXT_IS_GOOD(state) || state == PA_CONTEXT_UNCONNECTED) {
-        if (presence_ == SoundOutput::Presence::Ready)
-            qCWarning(lcSound) << "the sound server is gone:" << pa_strerror(pa_context_errno(context_));
-        presence_ = SoundOutput::Presence::Absent;
-    } else {
-        return;
-    }
-    settleWaiting();
-}
-
-void PulseConnection::settleWaiting()
-{
-    for (PulseStream* stream : std::exchange(waiting_, {}))
-        stream->settle();
-}
 
 PulseStream::PulseStream(std::shared_ptr<PulseConnection> connection, const SoundFormat& format,
                          std::shared_ptr<WakeSignal> feeder)
@@ -409,6 +266,8 @@ std::int64_t PulseStream::heardNow() const
     const auto time = static_cast<pa_usec_t>(std::max<std::int64_t>(0, timeNow()));
     return std::min(static_cast<std::int64_t>(pa_usec_to_bytes(time, &shape_) / frameSize_), written_);
 }
+
+} // namespace
 
 PulseOutput::PulseOutput()
     : connection_(std::make_shared<PulseConnection>())
