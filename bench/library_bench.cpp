@@ -28,7 +28,7 @@ namespace zib {
 namespace {
 
 constexpr int songCount = 100'000;
-constexpr int rounds = 5;
+constexpr int rounds = 11; // the machine drifts; the median holds
 
 Record makeSong(int number)
 {

@@ -211,10 +211,13 @@ bool BinaryPropertyListReader::readText(std::size_t offset, PropertyValue& value
     const std::uint64_t marker = number(offset, 1) >> 4U;
     const std::size_t unit = marker == Marker::Utf16 ? 2 : 1;
     std::uint64_t count = 0;
-    if (!readCount(offset, unit, count) || !spend(count * unit))
+    if (!readCount(offset, unit, count))
+        return false;
+    const std::uint64_t size = count * unit;
+    if (!spend(size))
         return false;
     const char* const content = bytes_.data() + offset;
-    const auto length = qsizetype(count) * qsizetype(unit);
+    const auto length = static_cast<qsizetype>(size);
     if (marker == Marker::Data)
         value = QByteArray(content, length);
     else if (marker == Marker::Ascii)

@@ -11,10 +11,10 @@ namespace {
 
 constexpr char alphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 
-constexpr std::array<std::int8_t, 256> alphabetValues = [] {
-    std::array<std::int8_t, 256> values{};
+constexpr std::array<std::int16_t, 256> alphabetValues = [] {
+    std::array<std::int16_t, 256> values{};
     values.fill(-1);
-    for (std::int8_t i = 0; i < 64; ++i)
+    for (std::int16_t i = 0; i < 64; ++i)
         values[static_cast<unsigned char>(alphabet[i])] = i;
     return values;
 }();
