@@ -66,14 +66,7 @@ class RecordKey {
     ZIB_RECORD_KEY(Playlists, "Playlists")                                                                   \
     ZIB_RECORD_KEY(RecentSearches, "Recent Searches")                                                        \
     ZIB_RECORD_KEY(Data, "Data")                                                                             \
-    ZIB_RECORD_KEY(Username, "Username")                                                                     \
-    ZIB_RECORD_KEY(PlaylistIndex, "Playlist Index")                                                          \
-    ZIB_RECORD_KEY(SourceType, "Source Type")                                                                \
-    ZIB_RECORD_KEY(PlaylistItems, "Playlist Items")                                                          \
-    ZIB_RECORD_KEY(IndexPath, "Index Path")                                                                  \
-    ZIB_RECORD_KEY(PlaylistUid, "Playlist UID")                                                              \
-    ZIB_RECORD_KEY(FilterType, "Filter Type")                                                                \
-    ZIB_RECORD_KEY(Track, "Track")
+    ZIB_RECORD_KEY(Username, "Username")
 
 namespace keys {
 namespace detail {

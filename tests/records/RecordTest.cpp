@@ -53,7 +53,7 @@ TEST(Record, EveryValueComesBackAsItWasSet)
     };
     Record record = Record::make({{keys::Name, QStringLiteral("before")}, {keys::Username, true}});
     for (const PropertyValue& value : values) {
-        for (const RecordKey key : {keys::Id, keys::Genre, keys::Index, keys::Track}) {
+        for (const RecordKey key : {keys::Id, keys::Genre, keys::Index, keys::ShareId}) {
             record.set(key, value);
             EXPECT_EQ(record.value(key), value) << key.name();
             EXPECT_TRUE(record.contains(key)) << key.name();
