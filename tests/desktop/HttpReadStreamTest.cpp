@@ -2,6 +2,7 @@
 // Hunts for what a song on the network can do to a player: bytes lost, repeated or unbounded, an end that
 // comes early or never, a wait without limit.
 #include "platform/desktop/CurlReadStreams.h"
+#include "tests/desktop/StreamReader.h"
 #include "tests/fakes/FakeHttpReadStreams.h"
 #include "tests/support/TestHttpServer.h"
 
@@ -11,6 +12,8 @@
 namespace zib {
 namespace {
 
+using test::get;
+using Reader = test::StreamReader;
 using Event = HttpReadStream::Event;
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
@@ -22,66 +25,6 @@ QByteArray song(qsizetype bytes)
         song[i] = static_cast<char>(i * 131 + i / 251);
     return song;
 }
-
-HttpReadRequest get(const QByteArray& url, const QList<std::pair<QByteArray, QByteArray>>& headers = {})
-{
-    return {.url = url, .headers = headers, .followRedirects = true};
-}
-
-/// A reader as the streamer is one, in pieces of 2 KB.
-struct Reader {
-    explicit Reader(HttpReadStreams& streams)
-        : loop(streams.makeRunLoop())
-        , streams_(streams)
-    {
-    }
-
-    /// @return whether the request began.
-    bool open(const HttpReadRequest& request)
-    {
-        stream = streams_.makeReadStream(request);
-        if (!stream || !stream->open())
-            return false;
-        stream->setClient([this](HttpReadStream&, Event event) { take(event); });
-        stream->scheduleOn(*loop);
-        return true;
-    }
-    void take(Event event)
-    {
-        if (event != Event::HasBytesAvailable) {
-            last = event;
-            ++lastEvents;
-            return;
-        }
-        EXPECT_TRUE(stream->hasBytesAvailable());
-        EXPECT_FALSE(last.has_value()) << "bytes after the end";
-        if (closesAtBytes)
-            stream->close();
-        if (!reads)
-            return;
-        std::array<char, 2048> piece{};
-        const qint64 count = stream->read(piece.data(), piece.size());
-        received.append(piece.data(), std::max<qint64>(count, 0));
-    }
-    /// Runs until the end or an error; a minute is for machines under load.
-    void run()
-    {
-        const auto limit = steady_clock::now() + std::chrono::minutes(1);
-        while (!last && steady_clock::now() < limit && loop->runFor(milliseconds(50))) {
-        }
-    }
-
-    std::unique_ptr<RunLoop> loop;
-    std::unique_ptr<HttpReadStream> stream;
-    bool reads = true;
-    bool closesAtBytes = false;
-    QByteArray received;
-    std::optional<Event> last;
-    int lastEvents = 0;
-
-  private:
-    HttpReadStreams& streams_;
-};
 
 /// A web that serves one song, real or faked.
 class Web {

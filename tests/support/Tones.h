@@ -1,19 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QByteArray>
-#include <QStringList>
-#include <QTemporaryFile>
+#include "tests/support/ChildProcess.h"
 
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
+#include <QByteArray>
+#include <QTemporaryFile>
 
 #include <cmath>
 #include <cstdint>
 #include <numbers>
 #include <span>
-#include <string>
 #include <vector>
 
 namespace zib::test {
@@ -68,31 +64,16 @@ inline double pitch(std::span<const float> samples, int rate = kToneRate)
                          : (crossings - 1) * static_cast<double>(rate) / static_cast<double>(last - first);
 }
 
-/// Runs the packaged encoder on the input. @return what it wrote to its standard output. Not by QProcess,
-/// whose kind of fork leaves the thread sanitizer blind to every lock taken afterwards.
+/// Runs the packaged encoder on the input. @return what it wrote to its standard output.
 inline QByteArray ffmpeg(const QStringList& arguments, const QByteArray& input = {})
 {
     QTemporaryFile in;
     QTemporaryFile out;
     if (!in.open() || !out.open() || in.write(input) != input.size() || !in.seek(0))
         return {};
-    std::vector<std::string> words{"ffmpeg", "-v", "error", "-y"};
-    for (const QString& argument : arguments)
-        words.push_back(argument.toStdString());
-    std::vector<char*> pointers;
-    for (std::string& word : words)
-        pointers.push_back(word.data());
-    pointers.push_back(nullptr);
-
-    posix_spawn_file_actions_t files;
-    posix_spawn_file_actions_init(&files);
-    posix_spawn_file_actions_adddup2(&files, in.handle(), 0);
-    posix_spawn_file_actions_adddup2(&files, out.handle(), 1);
-    pid_t process = 0;
-    const int failure = posix_spawnp(&process, "ffmpeg", &files, nullptr, pointers.data(), environ);
-    posix_spawn_file_actions_destroy(&files);
-    int status = 0;
-    if (failure != 0 || waitpid(process, &status, 0) != process || status != 0 || !out.seek(0))
+    const QStringList program{QStringLiteral("ffmpeg"), QStringLiteral("-v"), QStringLiteral("error"),
+                              QStringLiteral("-y")};
+    if (!ChildProcess(program + arguments, in.handle(), out.handle()).succeeds() || !out.seek(0))
         return {};
     return out.readAll();
 }
