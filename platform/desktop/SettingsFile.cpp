@@ -7,12 +7,12 @@
 #include <QFileInfo>
 #include <QLockFile>
 #include <QLoggingCategory>
-#include <QReadLocker>
 #include <QSaveFile>
 #include <QStandardPaths>
-#include <QWriteLocker>
 
 #include <chrono>
+#include <mutex>
+#include <shared_mutex>
 
 using namespace std::chrono_literals;
 
@@ -59,7 +59,7 @@ void SettingsFile::registerDefaults(const QVariantMap& defaults)
 
 QVariant SettingsFile::value(const QString& key) const
 {
-    const QReadLocker locker(&lock_);
+    const std::shared_lock locker(lock_);
     return lookUp(key);
 }
 
@@ -83,7 +83,7 @@ void SettingsFile::remove(const QString& key)
 
 QStringList SettingsFile::storedKeys() const
 {
-    const QReadLocker locker(&lock_);
+    const std::shared_lock locker(lock_);
     return values_.keys();
 }
 
@@ -92,7 +92,7 @@ template <typename Action>
 void SettingsFile::change(const QString& key, Action action)
 {
     {
-        const QWriteLocker locker(&lock_);
+        const std::unique_lock locker(lock_);
         const QVariant before = lookUp(key);
         action();
         if (lookUp(key) == before)

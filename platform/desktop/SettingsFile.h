@@ -3,11 +3,11 @@
 
 #include "platform/UserDefaults.h"
 
-#include <QReadWriteLock>
 #include <QSet>
 #include <QTimer>
 
 #include <optional>
+#include <shared_mutex>
 
 namespace zib {
 
@@ -48,7 +48,7 @@ class SettingsFile : public UserDefaults {
     void takeOver(const QVariantMap& onDisk);
 
     const QString path_;
-    mutable QReadWriteLock lock_; // guards the three maps; they are written on the main thread only
+    mutable std::shared_mutex lock_; // guards the three maps; they are written on the main thread only
     QVariantMap defaults_;
     QVariantMap values_;
     QVariantMap overrides_;
