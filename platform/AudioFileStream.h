@@ -71,7 +71,10 @@ class AudioFileStream {
     virtual AudioStatus packetSizeUpperBound(std::uint32_t& bytes) const = 0;
     /// The largest packet, where the format's header tells.
     virtual AudioStatus maximumPacketSize(std::uint32_t& bytes) const = 0;
-    /// What a decoder must be told beside the format.
+    /// What a decoder must be told beside the format. AAC: the AudioSpecificConfig; Apple Lossless: its
+    /// configuration of 24 bytes (36 with a channel layout), without box headers; FLAC: the 34 bytes of the
+    /// STREAMINFO block; Vorbis: its three header packets, with the sizes of the first two before them as
+    /// Xiph lacing counts; Opus: the packet "OpusHead".
     virtual AudioStatus magicCookie(std::vector<std::byte>& cookie) const = 0;
 
     /// Where a packet begins, in bytes from the data offset. The next bytes fed are expected to be from there

@@ -30,6 +30,12 @@ inline constexpr std::uint32_t MpegLayer3 = fourCharacters(".mp3");
 inline constexpr std::uint32_t Aac = fourCharacters("aac ");
 inline constexpr std::uint32_t HeAac = fourCharacters("aach");
 inline constexpr std::uint32_t AppleLossless = fourCharacters("alac");
+inline constexpr std::uint32_t MuLaw = fourCharacters("ulaw");
+inline constexpr std::uint32_t ALaw = fourCharacters("alaw");
+inline constexpr std::uint32_t Ima4 = fourCharacters("ima4"); ///< packets of 34 bytes a channel, 64 frames
+inline constexpr std::uint32_t Flac = fourCharacters("flac");
+inline constexpr std::uint32_t Vorbis = fourCharacters("vorb");
+inline constexpr std::uint32_t Opus = fourCharacters("opus");
 
 // Flags of linear PCM.
 inline constexpr std::uint32_t IsFloat = 1;
