@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 namespace zib::demo {
 namespace {
@@ -79,10 +80,9 @@ void Accompanist::playStep(char sign, double beat, double length, float velocity
             {beat, length * 0.96, voicing_[i], velocity * 0.82F, style_.strum * static_cast<double>(i)});
 }
 
-void Accompanist::chords(const Section& section)
+template <typename Play>
+void Accompanist::walk(std::string_view pattern, const Section& section, Play play)
 {
-    const auto& patterns = style_.chordPatterns;
-    const std::string_view pattern = section.intensity < 0.5F ? patterns.front() : patterns.back();
     const auto bars = 1 + std::count(pattern.begin(), pattern.end(), '|');
     const double patternBeats = static_cast<double>(bars * score_.beatsPerBar);
     const double end = section.beat + barsOfSection * score_.beatsPerBar;
@@ -90,19 +90,29 @@ void Accompanist::chords(const Section& section)
         for (const RhythmStep& step : stepsOf(pattern, score_.beatsPerBar)) {
             double beat = start + step.beat;
             const double until = std::min(end, beat + step.length);
-            while (beat < until - 1e-6) { // a held chord is struck again where the harmony moves on
+            bool first = true;
+            while (beat < until - 1e-6) { // a held note is struck again where the harmony moves on
                 const ChordSpan& span = score_.chordAt(beat);
-                if (&span != voiced_) {
-                    voicing_ = voiceLead(span.chord, voicing_, chordsLow, chordsHigh, style_.chordVoices);
-                    voiced_ = &span;
-                }
                 const double length = std::min(until, span.beat + span.length) - beat;
-                const float accent = beat == span.beat ? 0.1F : 0.0F;
-                playStep(step.sign, beat, length, 0.5F + accent + 0.16F * section.intensity);
+                play(Stroke{step.sign, beat, length, std::exchange(first, false)}, span);
                 beat += length;
             }
         }
     }
+}
+
+void Accompanist::chords(const Section& section)
+{
+    const auto& patterns = style_.chordPatterns;
+    const auto& pattern = section.intensity < 0.5F ? patterns.front() : patterns.back();
+    walk(pattern, section, [&](const Stroke& stroke, const ChordSpan& span) {
+        if (&span != voiced_) {
+            voicing_ = voiceLead(span.chord, voicing_, chordsLow, chordsHigh, style_.chordVoices);
+            voiced_ = &span;
+        }
+        const float accent = stroke.beat == span.beat ? 0.1F : 0.0F;
+        playStep(stroke.sign, stroke.beat, stroke.length, 0.5F + accent + 0.16F * section.intensity);
+    });
 }
 
 void Accompanist::pad(const Section& section)
@@ -150,30 +160,17 @@ int Accompanist::bassPitch(char sign, double beat, const ChordSpan& span)
 void Accompanist::bass(const Section& section)
 {
     const auto& patterns = style_.bassPatterns;
-    const std::string_view pattern = section.intensity < 0.6F ? patterns.front() : patterns.back();
-    const auto bars = 1 + std::count(pattern.begin(), pattern.end(), '|');
-    const double patternBeats = static_cast<double>(bars * score_.beatsPerBar);
-    const double end = section.beat + barsOfSection * score_.beatsPerBar;
-    for (double start = section.beat; start < end; start += patternBeats) {
-        for (const RhythmStep& step : stepsOf(pattern, score_.beatsPerBar)) {
-            double beat = start + step.beat;
-            const double until = std::min(end, beat + step.length);
-            bool first = true;
-            while (beat < until - 1e-6) {
-                const ChordSpan& span = score_.chordAt(beat);
-                const double length = std::min(until, span.beat + span.length) - beat;
-                const bool changes = beat == span.beat;
-                const int pitch = bassPitch(changes || !first ? 'r' : step.sign, beat, span);
-                const float accent = changes ? 0.08F : 0.0F;
-                score_.part(Part::Bass)
-                    .push_back({beat, length * 0.95, pitch, 0.66F + accent + 0.1F * section.intensity, 0});
-                if (step.sign != 'o')
-                    lastBass_ = pitch;
-                beat += length;
-                first = false;
-            }
-        }
-    }
+    const auto& pattern = section.intensity < 0.6F ? patterns.front() : patterns.back();
+    walk(pattern, section, [&](const Stroke& stroke, const ChordSpan& span) {
+        const bool changes = stroke.beat == span.beat;
+        const int pitch = bassPitch(changes || !stroke.first ? 'r' : stroke.sign, stroke.beat, span);
+        const float accent = changes ? 0.08F : 0.0F;
+        score_.part(Part::Bass)
+            .push_back(
+                {stroke.beat, stroke.length * 0.95, pitch, 0.66F + accent + 0.1F * section.intensity, 0});
+        if (stroke.sign != 'o')
+            lastBass_ = pitch;
+    });
 }
 
 void Accompanist::drums(const Section& section)

@@ -21,14 +21,23 @@ class Accompanist {
     void lastChord();
 
   private:
+    /// A step of a pattern, or the part of it that stands over one chord.
+    struct Stroke {
+        char sign;
+        double beat;
+        double length;
+        bool first; ///< of its step
+    };
+
+    /// Goes through the section by the pattern, repeated.
+    template <typename Play>
+    void walk(std::string_view pattern, const Section& section, Play play);
     void playStep(char sign, double beat, double length, float velocity);
     int bassPitch(char sign, double beat, const ChordSpan& span);
 
     const Style& style_;
     Score& score_;
     Random& random_;
-    std::string_view chordPattern_;
-    std::string_view bassPattern_;
     std::vector<int> voicing_;
     std::vector<int> padVoicing_;
     const ChordSpan* voiced_ = nullptr;
