@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/AudioFileStream.h"
+#include "platform/desktop/parsers/AudioFileStreamParsers.h"
 
 #include <QByteArray>
 #include <QList>
@@ -155,5 +155,19 @@ inline AudioStatus feed(AudioFileStream& stream, const QByteArray& bytes, qsizet
     }
     return status;
 }
+
+/// A file fed to a new parser.
+struct Parsing {
+    explicit Parsing(const QByteArray& file, qsizetype pieceBytes = 2048)
+        : stream(AudioFileStreamParsers().open(AudioFileType::Mp3, listener, openStatus))
+        , status(feed(*stream, file, pieceBytes))
+    {
+    }
+
+    Listener listener;
+    AudioStatus openStatus = kAudioOk;
+    std::unique_ptr<AudioFileStream> stream;
+    AudioStatus status;
+};
 
 } // namespace zib::audiofiles

@@ -1,26 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Hunts for frames lost, invented or misplaced in MPEG audio: tags full of frames, garbage, lies in headers,
 // and pieces that end anywhere.
-#include "platform/desktop/parsers/AudioFileStreamParsers.h"
 #include "tests/desktop/AudioFiles.h"
 
 namespace zib {
 namespace {
 
 using namespace audiofiles;
-
-struct Parsing {
-    explicit Parsing(const QByteArray& file, qsizetype pieceBytes = 2048)
-        : stream(AudioFileStreamParsers().open(AudioFileType::Mp3, listener, openStatus))
-        , status(feed(*stream, file, pieceBytes))
-    {
-    }
-
-    Listener listener;
-    AudioStatus openStatus = kAudioOk;
-    std::unique_ptr<AudioFileStream> stream;
-    AudioStatus status;
-};
 
 /// Frames that can be told apart.
 QList<QByteArray> frames(int count, int rateIndex = 9)

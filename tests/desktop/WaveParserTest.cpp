@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Hunts for samples lost or split in WAVE files, and for trust in the lengths that such files tell.
-#include "platform/desktop/parsers/AudioFileStreamParsers.h"
 #include "tests/desktop/AudioFiles.h"
 
 namespace zib {
@@ -10,19 +9,6 @@ using namespace audiofiles;
 
 constexpr int kPcm = 1;
 constexpr int kFloat = 3;
-
-struct Parsing {
-    explicit Parsing(const QByteArray& file, qsizetype pieceBytes = 2048)
-        : stream(AudioFileStreamParsers().open(AudioFileType::Mp3, listener, openStatus))
-        , status(feed(*stream, file, pieceBytes))
-    {
-    }
-
-    Listener listener;
-    AudioStatus openStatus = kAudioOk;
-    std::unique_ptr<AudioFileStream> stream;
-    AudioStatus status;
-};
 
 QByteArray format16()
 {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktop/parsers/AudioFileStreamParsers.h"
 
+#include "platform/desktop/parsers/ByteReader.h"
 #include "platform/desktop/parsers/Id3v2.h"
 #include "platform/desktop/parsers/MpegAudioParser.h"
 #include "platform/desktop/parsers/WaveParser.h"
@@ -17,10 +18,9 @@ namespace {
 constexpr std::size_t kHeadBytes = 12;
 using Head = std::array<std::byte, kHeadBytes>;
 
-bool holds(const Head& head, std::size_t place, std::string_view text)
+bool holds(std::span<const std::byte> head, std::size_t place, std::string_view text)
 {
-    return std::equal(text.begin(), text.end(), head.begin() + static_cast<std::ptrdiff_t>(place),
-                      [](char letter, std::byte byte) { return static_cast<std::byte>(letter) == byte; });
+    return startsWith(head.subspan(place), text);
 }
 
 /// Containers whose compressed contents could be mistaken for frames of MPEG audio here and there.

@@ -1,24 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktop/parsers/MpegInfoFrame.h"
 
-#include <cstring>
+#include "platform/desktop/parsers/ByteReader.h"
 
 namespace zib {
 
 namespace {
-
-std::uint32_t bigEndian32(std::span<const std::byte> bytes)
-{
-    std::uint32_t value = 0;
-    for (const std::byte byte : bytes.first(4))
-        value = value << 8 | std::to_integer<std::uint32_t>(byte);
-    return value;
-}
-
-bool startsWith(std::span<const std::byte> bytes, const char* fourLetters)
-{
-    return bytes.size() >= 4 && std::memcmp(bytes.data(), fourLetters, 4) == 0;
-}
 
 std::optional<MpegInfoFrame> parseXing(std::span<const std::byte> tag)
 {

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktop/parsers/WaveParser.h"
 
+#include "platform/desktop/parsers/ByteReader.h"
+
 #include <algorithm>
-#include <cstring>
 #include <limits>
 
 namespace zib {
@@ -20,22 +21,6 @@ constexpr std::size_t kReaderBufferBytes = 2048;
 constexpr std::uint16_t kPcm = 1;
 constexpr std::uint16_t kFloat = 3;
 constexpr std::uint16_t kExtensible = 0xfffe;
-
-std::uint16_t littleEndian16(std::span<const std::byte> bytes)
-{
-    return static_cast<std::uint16_t>(std::to_integer<unsigned>(bytes[0]) |
-                                      std::to_integer<unsigned>(bytes[1]) << 8);
-}
-
-std::uint32_t littleEndian32(std::span<const std::byte> bytes)
-{
-    return littleEndian16(bytes) | static_cast<std::uint32_t>(littleEndian16(bytes.subspan(2))) << 16;
-}
-
-bool isName(std::span<const std::byte> bytes, const char* name)
-{
-    return std::memcmp(bytes.data(), name, 4) == 0;
-}
 
 } // namespace
 
@@ -115,14 +100,14 @@ AudioStatus WaveParser::chunkHeaderGathered()
 {
     const std::span<const std::byte> header = field_;
     const std::uint32_t size = littleEndian32(header.subspan(4));
-    if (isName(header, "data")) {
+    if (startsWith(header, "data")) {
         if (!format_)
             return kInvalidFile;
         beginData(size);
         return kAudioOk;
     }
     const std::int64_t padded = std::int64_t{size} + (size & 1);
-    if (!isName(header, "fmt ")) {
+    if (!startsWith(header, "fmt ")) {
         skip_ = padded;
         gather(State::ChunkHeader, kChunkHeaderBytes);
         return kAudioOk;
