@@ -73,8 +73,8 @@ class AudioFileStream {
     virtual AudioStatus maximumPacketSize(std::uint32_t& bytes) const = 0;
     /// What a decoder must be told beside the format. AAC: the AudioSpecificConfig; Apple Lossless: its
     /// configuration of 24 bytes (36 with a channel layout), without box headers; FLAC: the 34 bytes of the
-    /// STREAMINFO block; Vorbis: its three header packets, with the sizes of the first two before them as
-    /// Xiph lacing counts; Opus: the packet "OpusHead".
+    /// STREAMINFO block; Vorbis: its three header packets, and before them the sizes of the first two (each
+    /// as many bytes of 255 as go into it, and the rest), nothing else; Opus: the packet "OpusHead".
     virtual AudioStatus magicCookie(std::vector<std::byte>& cookie) const = 0;
 
     /// Where a packet begins, in bytes from the data offset. The next bytes fed are expected to be from there

@@ -62,6 +62,7 @@ class AudioQueue {
     /// @return kAudioQueueStopped while it is not running.
     virtual AudioStatus currentTime(double& sampleTime) const = 0;
 
+    /// What the decoder must know, as AudioFileStream::magicCookie gives it; before the first packet.
     virtual AudioStatus setMagicCookie(std::span<const std::byte> cookie) = 0;
     /// Loudness from 0 (silent) to 1 (as recorded), clamped to that; may be set at any time.
     virtual AudioStatus setVolume(float volume) = 0;

@@ -21,6 +21,8 @@ constexpr int kHighestRate = 384000;
 constexpr int kMostChannels = 8;
 /// A packet that yields more than this is not music: about 24 s at 44,100 frames a second.
 constexpr int kMostFrames = 1 << 20;
+/// No format has larger packets of a constant size: part of one may have to be kept.
+constexpr std::uint32_t kMostConstantBytes = 4096;
 
 enum class PcmKind { Unsigned, Signed, Float };
 
@@ -78,9 +80,37 @@ AVCodecID codecOf(const AudioStreamDescription& format)
         return AV_CODEC_ID_AAC;
     case audioformat::AppleLossless:
         return AV_CODEC_ID_ALAC;
+    case audioformat::MuLaw:
+        return AV_CODEC_ID_PCM_MULAW;
+    case audioformat::ALaw:
+        return AV_CODEC_ID_PCM_ALAW;
+    case audioformat::Ima4:
+        return AV_CODEC_ID_ADPCM_IMA_QT;
+    case audioformat::Flac:
+        return AV_CODEC_ID_FLAC;
+    case audioformat::Vorbis:
+        return AV_CODEC_ID_VORBIS;
+    case audioformat::Opus:
+        return AV_CODEC_ID_OPUS;
     default:
         return AV_CODEC_ID_NONE;
     }
+}
+
+/// The cookie in the shape that the decoding library wants.
+std::vector<std::uint8_t> extraData(std::uint32_t formatId, std::span<const std::byte> cookie)
+{
+    std::vector<std::uint8_t> data;
+    constexpr std::size_t losslessConfiguration = 24;
+    if (formatId == audioformat::AppleLossless) {
+        // The box that holds the configuration in a file: its size, its name and its version before it.
+        cookie = cookie.first(std::min(cookie.size(), losslessConfiguration));
+        data = {0, 0, 0, 12 + losslessConfiguration, 'a', 'l', 'a', 'c', 0, 0, 0, 0};
+    } else if (formatId == audioformat::Vorbis) {
+        data = {2}; // the number of sizes that follow
+    }
+    std::ranges::transform(cookie, std::back_inserter(data), std::to_integer<std::uint8_t>);
+    return data;
 }
 
 } // namespace
@@ -180,7 +210,8 @@ bool PacketDecoder::canDecode(const AudioStreamDescription& format)
 {
     const auto codec = codecOf(format);
     return codec != AV_CODEC_ID_NONE && avcodec_find_decoder(codec) && format.sampleRate >= kLowestRate &&
-           format.sampleRate <= kHighestRate && format.channelsPerFrame >= 1 && format.channelsPerFrame <= 64;
+           format.sampleRate <= kHighestRate && format.channelsPerFrame >= 1 &&
+           format.channelsPerFrame <= 64 && format.bytesPerPacket <= kMostConstantBytes;
 }
 
 PacketDecoder::PacketDecoder(const AudioStreamDescription& format)
@@ -206,14 +237,17 @@ bool PacketDecoder::open()
         return false;
     context->sample_rate = static_cast<int>(format_.sampleRate);
     av_channel_layout_default(&context->ch_layout, static_cast<int>(format_.channelsPerFrame));
+    context->block_align = static_cast<int>(format_.bytesPerPacket);
     context->thread_count = 1;
+    context->flags2 |= AV_CODEC_FLAG2_SKIP_MANUAL; // whole packets, so that the time counts them all
     if (!cookie_.empty()) {
+        const auto data = extraData(format_.formatId, cookie_);
         context->extradata =
-            static_cast<std::uint8_t*>(av_mallocz(cookie_.size() + AV_INPUT_BUFFER_PADDING_SIZE));
+            static_cast<std::uint8_t*>(av_mallocz(data.size() + AV_INPUT_BUFFER_PADDING_SIZE));
         if (!context->extradata)
             return false;
-        std::memcpy(context->extradata, cookie_.data(), cookie_.size());
-        context->extradata_size = static_cast<int>(cookie_.size());
+        std::memcpy(context->extradata, data.data(), data.size());
+        context->extradata_size = static_cast<int>(data.size());
     }
     if (avcodec_open2(context.get(), codec, nullptr) < 0)
         return false;

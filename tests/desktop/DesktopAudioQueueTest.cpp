@@ -133,6 +133,7 @@ TEST_F(DesktopAudioQueueTest, RefusesWhatItCannotPlay)
         {44100, MpegLayer3, 0, 0, 1152, 0, 1000, 0, 0},
         {44100, LinearPcm, IsFloat, 4, 1, 4, 2, 16, 0},
         {44100, LinearPcm, IsSignedInteger, 7, 1, 7, 2, 28, 0},
+        {44100, ALaw, 0, 0x7fffffff, 1, 2, 2, 8, 0},
     };
     for (const auto& format : formats)
         EXPECT_FALSE(open(format)) << &format - formats;
