@@ -4,6 +4,7 @@
 #include "platform/UserDefaults.h"
 #include "playback/AudioStreamer.h"
 #include "playback/detail/AudioStreamerInternals.h"
+#include "services/utilities/MusicFolderGuard.h"
 #include "services/utilities/PathUtilities.h"
 #include "services/utilities/SongPaths.h"
 
@@ -331,15 +332,14 @@ void AudioStreamer::recordStream()
         return receivedData_;
     }();
     const SongPaths paths(ports_.defaults);
-    const QString path = QDir::cleanPath(paths.filePath(track_));
-    const QString folder = QFileInfo(path).path();
     bool written = false;
-    // A song's name comes from outside and may hold "../": nothing is written beyond the music folder.
-    if (path.startsWith(QDir::cleanPath(paths.musicFolder()) + QLatin1Char('/'))) {
-        if (!QDir().mkpath(folder))
+    if (const auto path = pathInMusicFolder(paths.musicFolder(), paths.filePath(track_))) {
+        if (!QDir().mkpath(QFileInfo(*path).path()))
             qCWarning(playbackLog) << "Failed creating directory";
-        QSaveFile file(path);
+        QSaveFile file(*path);
         written = file.open(QIODevice::WriteOnly) && file.write(data) == data.size() && file.commit();
+    } else {
+        qCWarning(playbackLog).noquote() << path.error();
     }
     if (written) {
         tellDelegate(&AudioStreamerDelegate::exportedFile);

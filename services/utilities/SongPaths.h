@@ -25,8 +25,8 @@ class SongPaths {
     [[nodiscard]] QString artistPath(const Record& track) const;
     /// The album's folder, likewise "Unknown Album".
     [[nodiscard]] QString basePath(const Record& track) const;
-    /// The file. Its name is the track's as it stands, slashes included: whoever writes to the path must know
-    /// that it may lie deeper than basePath, or outside of it. The extension is "mp3" when the track's
+    /// The file. Its name is the track's as it stands, slashes included: it may lie deeper than basePath, or
+    /// outside of it, which is why pathInMusicFolder() stands before every write. The extension is "mp3" when the track's
     /// location has any, else empty after a bare full stop.
     [[nodiscard]] QString filePath(const Record& track) const;
 
