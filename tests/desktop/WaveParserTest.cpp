@@ -99,6 +99,21 @@ TEST(WaveParserTest, TellsTheFormatOfEveryKind)
     }
 }
 
+TEST(WaveParserTest, TakesSamplesOnACurve)
+{
+    const QByteArray audio = noise(7200);
+    for (const auto& [coding, formatId] : {std::pair{6, audioformat::ALaw}, {7, audioformat::MuLaw}}) {
+        const Parsing parsing(waveFile(chunk("fmt ", waveFormat(coding, 2, 8000, 8) + littleEndian(0, 2)) +
+                                       chunk("data", audio)));
+        EXPECT_EQ(parsing.listener.format, (AudioStreamDescription{.sampleRate = 8000,
+                                                                   .formatId = formatId,
+                                                                   .bytesPerPacket = 2,
+                                                                   .framesPerPacket = 1,
+                                                                   .channelsPerFrame = 2}));
+        EXPECT_EQ(parsing.listener.constantBytes, audio);
+    }
+}
+
 TEST(WaveParserTest, RefusesWhatItCannotPlay)
 {
     const QByteArray data = chunk("data", noise(400));
