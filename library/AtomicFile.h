@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "library/WrittenFile.h"
+
 #include <QByteArray>
 #include <QString>
 
-#include <cstdint>
 #include <string_view>
 
 namespace zib {
@@ -23,22 +24,16 @@ class AtomicFile {
     AtomicFile& operator=(const AtomicFile&) = delete;
 
     /// After a failure the rest is ignored and commit() reports it.
-    void write(std::string_view bytes);
+    void write(std::string_view bytes) { file_.write(bytes); }
     /// Whether the new content is on disk under the path.
     bool commit();
     /// The system's words for the first failure.
     [[nodiscard]] QString error() const;
 
   private:
-    bool check(bool succeeded);
-    bool syncFolder() const;
-
     QByteArray path_;
     QByteArray temporary_;
-    int file_ = -1;
-    int error_ = 0;
-    std::int64_t written_ = 0;
-    std::int64_t started_ = 0; // so much of it is on its way to the disk
+    WrittenFile file_;
     bool committed_ = false;
 };
 
