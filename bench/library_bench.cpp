@@ -217,6 +217,11 @@ class NoTable : public TableView {
     void selectRows(const QList<int>&) override {}
     void deselectAll() override {}
     void setAutosaveName(const QString&) override {}
+    void reloadCell(int, const QString&) override {}
+    [[nodiscard]] QList<SortDescriptor> sortDescriptors() const override { return {}; }
+    void setSortDescriptors(const QList<SortDescriptor>&) override {}
+    void setColumnAvailable(const QString&, bool) override {}
+    void removeSubviews() override {}
 };
 
 /// The main thread's time for loving one song of the whole library that is shown, saved in the background.

@@ -2,6 +2,7 @@
 #include "library/TrackBrowser.h"
 
 #include "library/LibraryFile.h"
+#include "library/SongColumns.h"
 #include "platform/TableView.h"
 #include "records/PropertyValue.h"
 
@@ -61,7 +62,18 @@ void TrackBrowser::setSource(SourceType source)
         tableView_.setAutosaveName(QString::number(uid_));
         updateTracksBrowser();
     }
+    showColumns();
     Q_EMIT sourceChanged();
+}
+
+void TrackBrowser::showColumns()
+{
+    const bool ownSongs = source_ == SourceType::Library || source_ == SourceType::Playlists;
+    for (const SongColumn column : {SongColumn::PlayCount, SongColumn::PlayDate})
+        tableView_.setColumnAvailable(identifierOf(column), ownSongs);
+    for (const SongColumn column : {SongColumn::Hotness, SongColumn::Familiarity, SongColumn::FoundDate})
+        tableView_.setColumnAvailable(identifierOf(column), !ownSongs);
+    tableView_.setColumnAvailable(identifierOf(SongColumn::Index), !hasBrowser());
 }
 
 Record TrackBrowser::currentPlaylist() const

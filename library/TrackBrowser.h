@@ -67,6 +67,8 @@ class TrackBrowser : public QObject {
   private:
     [[nodiscard]] const RecordTable* table() const;
     [[nodiscard]] bool passesFilter(const Record& track) const;
+    /// Tells the table which columns the shown source has.
+    void showColumns();
     void show();
 
     const LibraryContents& contents_;

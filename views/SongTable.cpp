@@ -163,16 +163,49 @@ void SongTable::deselectAll()
     setCurrentIndex({});
 }
 
+void SongTable::reloadCell(int row, const QString& column)
+{
+    if (row < 0 || row >= model_->rowCount())
+        return;
+    if (const auto changed = model_->columnOf(column))
+        Q_EMIT model_->dataChanged(model_->index(row, *changed), model_->index(row, *changed));
+}
+
+void SongTable::removeSubviews()
+{
+    const QModelIndex edited = currentIndex();
+    if (QWidget* editor = indexWidget(edited))
+        closeEditor(editor, QAbstractItemDelegate::RevertModelCache);
+}
+
 // Columns
+
+void SongTable::setSortDescriptors(const QList<SortDescriptor>& descriptors)
+{
+    descriptors_ = descriptors;
+}
+
+void SongTable::setColumnAvailable(const QString& column, bool available)
+{
+    if (!model_->setColumnAvailable(column, available))
+        return;
+    saveUnsavedLayout();
+    applyLayout();
+}
 
 void SongTable::setAutosaveName(const QString& name)
 {
-    if (saveSoon_.isActive()) {
-        saveSoon_.stop();
-        saveLayout();
-    }
+    saveUnsavedLayout();
     autosaveName_ = name;
     applyLayout();
+}
+
+void SongTable::saveUnsavedLayout()
+{
+    if (!saveSoon_.isActive())
+        return;
+    saveSoon_.stop();
+    saveLayout();
 }
 
 void SongTable::applyLayout()

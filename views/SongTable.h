@@ -31,7 +31,12 @@ class SongTable : public QTableView, public TableView {
     [[nodiscard]] QList<int> selectedRows() const override;
     void selectRows(const QList<int>& rows) override;
     void deselectAll() override;
+    void reloadCell(int row, const QString& column) override;
     void setAutosaveName(const QString& name) override;
+    [[nodiscard]] QList<SortDescriptor> sortDescriptors() const override { return descriptors_; }
+    void setSortDescriptors(const QList<SortDescriptor>& descriptors) override;
+    void setColumnAvailable(const QString& column, bool available) override;
+    void removeSubviews() override;
 
   Q_SIGNALS:
     /// The selected song is to be played.
@@ -50,6 +55,7 @@ class SongTable : public QTableView, public TableView {
   private:
     void applyLayout();
     void saveLayout();
+    void saveUnsavedLayout();
     void setColumnShown(int column, bool shown);
     /// Gives the columns of text the width that is left.
     void fitColumns();
@@ -59,6 +65,7 @@ class SongTable : public QTableView, public TableView {
 
     UserDefaults& defaults_;
     SongTableModel* model_;
+    QList<SortDescriptor> descriptors_;
     QString autosaveName_;
     QTimer saveSoon_;
     QHash<int, double> shares_; ///< of the text columns, by column

@@ -4,6 +4,7 @@
 #include "controller/RVMainController.h"
 #include "controller/SongPlaces.h"
 #include "library/RVDataManager.h"
+#include "library/SongColumns.h"
 #include "services/utilities/StringUtilities.h"
 
 #include <QLocale>
@@ -68,25 +69,37 @@ void SongTableModel::reload()
         Q_EMIT dataChanged(index(0, 0), index(rows_ - 1, ColumnCount - 1));
 }
 
-bool SongTableModel::hasColumn(int column) const
+std::optional<int> SongTableModel::columnOf(const QString& identifier)
 {
-    if (!controller_)
-        return true;
-    const SourceType source = controller_->dataManager().currentSourceType();
-    const bool ownSongs = source == SourceType::Library || source == SourceType::Playlists;
-    switch (column) {
-    case PlayCount:
-    case PlayDate:
-        return ownSongs;
-    case Hotness:
-    case Familiarity:
-    case FoundDate:
-        return !ownSongs;
-    case Index:
-        return !controller_->dataManager().sourceHasBrowser();
-    default:
-        return true;
-    }
+    static const QHash<SongColumn, Column> columns{{SongColumn::Speaker, Speaker},
+                                                   {SongColumn::Index, Index},
+                                                   {SongColumn::Love, Love},
+                                                   {SongColumn::Name, Name},
+                                                   {SongColumn::Artist, Artist},
+                                                   {SongColumn::Album, Album},
+                                                   {SongColumn::Duration, Duration},
+                                                   {SongColumn::Genre, Genre},
+                                                   {SongColumn::Year, Year},
+                                                   {SongColumn::PlayCount, PlayCount},
+                                                   {SongColumn::PlayDate, PlayDate},
+                                                   {SongColumn::Hotness, Hotness},
+                                                   {SongColumn::Familiarity, Familiarity},
+                                                   {SongColumn::FoundDate, FoundDate}};
+    const auto column = songColumn(identifier);
+    const auto known = column ? columns.constFind(*column) : columns.constEnd();
+    return known != columns.constEnd() ? std::optional<int>(*known) : std::nullopt;
+}
+
+bool SongTableModel::setColumnAvailable(const QString& identifier, bool available)
+{
+    const std::optional<int> column = columnOf(identifier);
+    if (!column || available == hasColumn(*column))
+        return false;
+    if (available)
+        missing_.remove(*column);
+    else
+        missing_.insert(*column);
+    return true;
 }
 
 int SongTableModel::rowCount(const QModelIndex& parent) const

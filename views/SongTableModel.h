@@ -5,6 +5,9 @@
 
 #include <QAbstractTableModel>
 #include <QList>
+#include <QSet>
+
+#include <optional>
 
 namespace zib {
 
@@ -46,7 +49,11 @@ class SongTableModel : public QAbstractTableModel {
     /// The items have changed. Selection and scrolling stay by row number.
     void reload();
     /// Whether the source shown now has that column.
-    [[nodiscard]] bool hasColumn(int column) const;
+    [[nodiscard]] bool hasColumn(int column) const { return !missing_.contains(column); }
+    /// Whether that is news. Of a column that this model does not know, nothing is.
+    bool setColumnAvailable(const QString& identifier, bool available);
+    /// The column that the library knows by that identifier, or none.
+    [[nodiscard]] static std::optional<int> columnOf(const QString& identifier);
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
@@ -61,7 +68,8 @@ class SongTableModel : public QAbstractTableModel {
     [[nodiscard]] bool isUnplayable(const Record& track) const;
 
     RVMainController* controller_ = nullptr;
-    int rows_ = 0; ///< as last reported to the views
+    QSet<int> missing_; ///< columns that the source shown now has not
+    int rows_ = 0;      ///< as last reported to the views
 };
 
 } // namespace zib

@@ -3,10 +3,12 @@
 
 #include "platform/TableView.h"
 
+#include <QSet>
 #include <QStringList>
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 namespace zib {
 
@@ -19,6 +21,7 @@ class FakeTableView : public TableView {
         if (rowCount)
             selected_.removeIf([rows = rowCount()](int row) { return row >= rows; });
     }
+    void reloadCell(int row, const QString& column) override { reloadedCells.append({row, column}); }
     void scrollRowToVisible(int row) override { scrolledTo = row; }
     QList<int> selectedRows() const override { return selected_; }
     void selectRows(const QList<int>& rows) override
@@ -31,11 +34,25 @@ class FakeTableView : public TableView {
     }
     void deselectAll() override { selected_.clear(); }
     void setAutosaveName(const QString& name) override { autosaveNames.append(name); }
+    QList<SortDescriptor> sortDescriptors() const override { return descriptors; }
+    void setSortDescriptors(const QList<SortDescriptor>& wanted) override { descriptors = wanted; }
+    void setColumnAvailable(const QString& column, bool available) override
+    {
+        if (available)
+            missingColumns.remove(column);
+        else
+            missingColumns.insert(column);
+    }
+    void removeSubviews() override { ++subviewRemovals; }
 
     std::function<int()> rowCount; ///< how many rows there are to select; any, when not set
     int reloads = 0;
+    QList<std::pair<int, QString>> reloadedCells; ///< in order
     int scrolledTo = -1;
+    int subviewRemovals = 0;
     QStringList autosaveNames; ///< in order
+    QList<SortDescriptor> descriptors;
+    QSet<QString> missingColumns;
 
   private:
     QList<int> selected_;
