@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktop/parsers/AudioFileStreamParsers.h"
 
+#include "platform/desktop/parsers/AiffParser.h"
 #include "platform/desktop/parsers/ByteReader.h"
 #include "platform/desktop/parsers/Id3v2.h"
 #include "platform/desktop/parsers/MpegAudioParser.h"
@@ -23,10 +24,15 @@ bool holds(std::span<const std::byte> head, std::size_t place, std::string_view 
     return startsWith(head.subspan(place), text);
 }
 
+bool isAiff(const Head& head)
+{
+    return holds(head, 0, "FORM") && (holds(head, 8, "AIFF") || holds(head, 8, "AIFC"));
+}
+
 /// Containers whose compressed contents could be mistaken for frames of MPEG audio here and there.
 bool isForeignContainer(const Head& head)
 {
-    return holds(head, 4, "ftyp") || holds(head, 0, "FORM") || holds(head, 0, "caff") ||
+    return holds(head, 4, "ftyp") || (holds(head, 0, "FORM") && !isAiff(head)) || holds(head, 0, "caff") ||
            holds(head, 0, "fLaC") || holds(head, 0, "OggS");
 }
 
@@ -128,6 +134,8 @@ class RecognisingFileStream : public AudioFileStream, private ParserOutput {
         const bool wave = (holds(head_, 0, "RIFF") || holds(head_, 0, "RF64")) && holds(head_, 8, "WAVE");
         if (wave)
             parser_ = std::make_unique<WaveParser>(output, offset_);
+        else if (isAiff(head_))
+            parser_ = std::make_unique<AiffParser>(output, offset_);
         else
             parser_ = std::make_unique<MpegAudioParser>(output, offset_);
     }

@@ -36,8 +36,6 @@ void ConstantPackets::parse(std::span<const std::byte> bytes, bool discontinuous
     if (discontinuous && deliveredSinceBreak_) {
         carry_.clear();
         deliveredSinceBreak_ = false;
-        if (dataBytes_ && seekOffset_)
-            remaining_ = std::max<std::int64_t>(*dataBytes_ - *seekOffset_, 0);
     }
     bytes = bytes.first(static_cast<std::size_t>(std::min<std::int64_t>(std::ssize(bytes), remaining_)));
     remaining_ -= std::ssize(bytes);
@@ -93,8 +91,11 @@ AudioStatus ConstantPackets::seek(std::int64_t packet, std::int64_t& byteOffset,
         packet > dataBytes_.value_or(std::numeric_limits<std::int64_t>::max() / 2) / packetBytes)
         return kIllegalPacket;
     byteOffset = packet * packetBytes;
-    seekOffset_ = byteOffset;
     estimated = false;
+    carry_.clear();
+    deliveredSinceBreak_ = false;
+    if (dataBytes_)
+        remaining_ = *dataBytes_ - byteOffset;
     return kAudioOk;
 }
 

@@ -34,7 +34,6 @@ class ConstantPackets {
     std::int64_t dataOffset_ = 0;
     std::optional<std::int64_t> dataBytes_; ///< whole packets
     std::int64_t remaining_ = 0;            ///< bytes of audio still expected
-    std::optional<std::int64_t> seekOffset_;
     bool announced_ = false;
     bool deliveredSinceBreak_ = false;
 
