@@ -15,14 +15,16 @@ void WebServiceClient::sendRequest(const UrlRequest& request)
         requestFailed({ServiceError::Kind::NoConnection, {}});
 }
 
-void WebServiceClient::didReceiveResponse(const UrlResponse& /*response*/)
+void WebServiceClient::didReceiveResponse(const UrlResponse& response)
 {
     receivedData_.truncate(0); // what came before belongs to a redirect
+    responseReceived(response);
 }
 
 void WebServiceClient::didReceiveData(QByteArrayView data)
 {
     receivedData_.append(data);
+    dataReceived();
 }
 
 void WebServiceClient::didFailWithError(const QString& description)

@@ -55,6 +55,15 @@ class WebServiceClient : private UrlConnectionDelegate {
     /// from within this call; everything else comes from the event loop.
     void sendRequest(const UrlRequest& request);
 
+    /// Drops the request: nothing more is told of it.
+    void cancelRequest() { connection_.reset(); }
+
+    /// A response has begun, receivedData is empty; more of it has come. The last thing that is done for the
+    /// event: the client may be destroyed meanwhile.
+    /// @{
+    virtual void responseReceived(const UrlResponse& /*response*/) {}
+    virtual void dataReceived() {}
+    /// @}
     /// The whole reply is in receivedData. The last thing this client does: it may be destroyed meanwhile.
     virtual void requestFinished() = 0;
     /// No reply. The last thing this client does: it may be destroyed meanwhile.
