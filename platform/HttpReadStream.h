@@ -28,6 +28,8 @@ class RunLoop {
 /// What to ask for. The address goes out byte for byte.
 struct HttpReadRequest {
     QByteArray url;
+    /// A field "Range: bytes=FROM-TO" is kept through redirects. The stream begins at FROM even where the
+    /// server ignores the field and sends the whole: what comes before is dropped.
     QList<std::pair<QByteArray, QByteArray>> headers;
     bool followRedirects = false;
     /// Any certificate is accepted, and no host name is compared.

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <optional>
 
 namespace zib {
 
@@ -20,6 +21,17 @@ Q_LOGGING_CATEGORY(lcHttp, "zib.http")
 constexpr size_t kBufferBytes = size_t{64} * 1024;
 constexpr size_t kResumeBytes = kBufferBytes / 2;
 static_assert(kResumeBytes >= CURL_MAX_WRITE_SIZE, "a resumed transfer must have room for what it held back");
+
+/// The number behind "bytes=" or "bytes " with which a range begins; nothing when there is none.
+std::optional<qint64> rangeBegin(const QByteArray& field)
+{
+    constexpr qsizetype unitLength = 6;
+    bool readable = false;
+    const qint64 begin = field.mid(unitLength).split('-').first().toLongLong(&readable);
+    if (!field.startsWith("bytes") || !readable || begin < 0)
+        return std::nullopt;
+    return begin;
+}
 
 } // namespace
 
@@ -171,12 +183,37 @@ void CurlReadStream::countWaiting(milliseconds time)
     curl_easy_pause(easy_.get(), CURLPAUSE_RECV);
 }
 
+/// How many of the answer's bytes come before those that were asked for: all of them where the server does
+/// not know ranges and begins at the beginning.
+size_t CurlReadStream::bytesBeforeRange() const
+{
+    const auto asked = std::ranges::find_if(request_.headers, [](const auto& field) {
+        return field.first.compare("Range", Qt::CaseInsensitive) == 0;
+    });
+    const auto wanted = asked == request_.headers.end() ? std::nullopt : rangeBegin(asked->second);
+    if (!wanted)
+        return 0;
+    constexpr long partialContent = 206;
+    long status = 0;
+    curl_easy_getinfo(easy_.get(), CURLINFO_RESPONSE_CODE, &status);
+    const qint64 begin =
+        status == partialContent ? rangeBegin(head_.value("Content-Range")).value_or(*wanted) : 0;
+    return static_cast<size_t>(std::max<qint64>(*wanted - begin, 0));
+}
+
 size_t CurlReadStream::storeBytes(const char* bytes, size_t count)
 {
     progressed_ = true;
-    headIsFinal_ = true;
+    if (!std::exchange(headIsFinal_, true))
+        toSkip_ = bytesBeforeRange();
     if (state_ != State::Running)
         return 0;
+    if (toSkip_ > 0) {
+        const size_t skipped = std::min(toSkip_, count);
+        toSkip_ -= skipped;
+        // The buffer is empty as yet, so the rest is not held back and none of it comes twice.
+        return skipped == count ? count : skipped + storeBytes(bytes + skipped, count - skipped);
+    }
     if (buffer_.size() - end_ < count) {
         std::memmove(buffer_.data(), buffer_.data() + begin_, end_ - begin_);
         end_ -= std::exchange(begin_, 0);

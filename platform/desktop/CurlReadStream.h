@@ -39,6 +39,7 @@ class CurlReadStream : public HttpReadStream {
     enum class State { Idle, Running, Ended, Failed, Closed };
 
     [[nodiscard]] bool isWaiting() const;
+    [[nodiscard]] size_t bytesBeforeRange() const;
     size_t storeBytes(const char* bytes, size_t count);
     static size_t onBytes(char* bytes, size_t size, size_t count, void* self);
     static size_t onHeaderLine(char* bytes, size_t size, size_t count, void* self);
@@ -55,6 +56,7 @@ class CurlReadStream : public HttpReadStream {
     State state_ = State::Idle;
     ResponseHead head_;
     bool headIsFinal_ = false;
+    size_t toSkip_ = 0;        ///< bytes of the answer that were not asked for
     std::vector<char> buffer_; ///< of fixed size; the bytes to read are those from begin_ to end_
     size_t begin_ = 0;
     size_t end_ = 0;

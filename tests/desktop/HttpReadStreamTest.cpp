@@ -36,16 +36,21 @@ class Web {
 
 class RealWeb : public Web {
   public:
+    explicit RealWeb(bool honoursRanges)
+        : honoursRanges_(honoursRanges)
+    {
+    }
     HttpReadStreams& streams() override { return streams_; }
     QByteArray serve(const QByteArray& song, bool fails) override
     {
-        TestReply reply{.body = song, .headers = {{"X-Mood", "calm"}}};
+        TestReply reply{.body = song, .headers = {{"X-Mood", "calm"}}, .honoursRanges = honoursRanges_};
         if (fails)
             reply.announcedLength = song.size() + 1;
         return server_.serve("/song.mp3", reply);
     }
 
   private:
+    const bool honoursRanges_;
     TestHttpServer server_;
     CurlReadStreams streams_;
 };
@@ -57,7 +62,7 @@ class FakedWeb : public Web {
     {
         streams_.onOpen = [song, fails](FakeHttpExchange& exchange) {
             exchange.respond({{"Content-Length", QByteArray::number(song.size())}, {"X-Mood", "calm"}});
-            exchange.send(song);
+            exchange.sendAsked(song);
             fails ? exchange.fail() : exchange.end();
         };
         return "http://fake/song.mp3";
@@ -67,18 +72,24 @@ class FakedWeb : public Web {
     FakeHttpReadStreams streams_;
 };
 
-using MakeWeb = std::unique_ptr<Web> (*)();
-class HttpReadStreamContract : public testing::TestWithParam<MakeWeb> {
+struct Side {
+    const char* name;
+    std::unique_ptr<Web> (*make)();
+
+    friend void PrintTo(const Side& side, std::ostream* out) { *out << side.name; }
+};
+constexpr Side kSides[] = {
+    {"Real", []() -> std::unique_ptr<Web> { return std::make_unique<RealWeb>(true); }},
+    {"RealWithoutRanges", []() -> std::unique_ptr<Web> { return std::make_unique<RealWeb>(false); }},
+    {"Fake", []() -> std::unique_ptr<Web> { return std::make_unique<FakedWeb>(); }},
+};
+class HttpReadStreamContract : public testing::TestWithParam<Side> {
   protected:
-    std::unique_ptr<Web> web = GetParam()();
+    std::unique_ptr<Web> web = GetParam().make();
     Reader reader{web->streams()};
 };
-INSTANTIATE_TEST_SUITE_P(RealAndFake, HttpReadStreamContract,
-                         testing::Values([]() -> std::unique_ptr<Web> { return std::make_unique<RealWeb>(); },
-                                         []() -> std::unique_ptr<Web> {
-                                             return std::make_unique<FakedWeb>();
-                                         }),
-                         [](const auto& side) { return side.index == 0 ? "Real" : "Fake"; });
+INSTANTIATE_TEST_SUITE_P(All, HttpReadStreamContract, testing::ValuesIn(kSides),
+                         [](const auto& side) { return std::string(side.param.name); });
 
 TEST_P(HttpReadStreamContract, GivesEveryByteThenOneEnd)
 {
@@ -96,6 +107,19 @@ TEST_P(HttpReadStreamContract, GivesEveryByteThenOneEnd)
         each.stream->close();
         each.stream->close();
         EXPECT_FALSE(each.loop->runFor(milliseconds(1)));
+    }
+}
+
+TEST_P(HttpReadStreamContract, BytesBeforeARangeAreLeftOutWhetherTheServerHonoursItOrNot)
+{
+    for (const qsizetype from : {1, 40'000, 299'999}) {
+        SCOPED_TRACE(from);
+        Reader each(web->streams());
+        const QByteArray range = "bytes=" + QByteArray::number(from) + "-300000";
+        ASSERT_TRUE(each.open(get(web->serve(song(300'000), false), {{"Range", range}})));
+        each.run();
+        EXPECT_EQ(each.last, Event::EndEncountered);
+        EXPECT_EQ(each.received, song(300'000).mid(from));
     }
 }
 
@@ -215,6 +239,30 @@ TEST_F(CurlReadStreamTest, FollowsAChainOfRedirectsAndTellsTheLastHeaders)
     EXPECT_EQ(reader.received, "found");
     EXPECT_EQ(reader.stream->responseHeaders().value("X-Place"), "c");
     EXPECT_FALSE(reader.stream->responseHeaders().contains("Location"));
+}
+
+TEST_F(CurlReadStreamTest, ARangeSurvivesRedirectsAndAnAnswerThatBeginsEarlier)
+{
+    server.serve("/a", TestReply::redirect(server.url("/b")));
+    server.serve("/b", {.body = song(50'000), .honoursRanges = true});
+    server.serve("/early", {.body = song(50'000).mid(1024),
+                            .status = 206,
+                            .headers = {{"content-range", "bytes 1024-49999/50000"}}});
+    server.serve("/odd", {.body = song(5000).mid(2000), .status = 206, .headers = {{"Content-Range", "x"}}});
+    const struct {
+        const char* path;
+        QByteArray received;
+    } cases[] = {
+        {"/a", song(50'000).mid(2000)}, {"/early", song(50'000).mid(2000)}, {"/odd", song(5000).mid(2000)}};
+    for (const auto& one : cases) {
+        SCOPED_TRACE(one.path);
+        Reader each(streams);
+        ASSERT_TRUE(each.open(get(server.url(one.path), {{"Range", "bytes=2000-50000"}})));
+        each.run();
+        EXPECT_EQ(each.last, Event::EndEncountered);
+        EXPECT_EQ(each.received, one.received);
+        EXPECT_EQ(server.requests().back().header("Range"), "bytes=2000-50000");
+    }
 }
 
 TEST_F(CurlReadStreamTest, AddressAndHeadersGoOutByteForByte)
