@@ -113,8 +113,8 @@ inline std::ptrdiff_t expectOnePiece(std::span<const float> heard, std::span<con
 /// Plays to the recorder, and notes where each stream began.
 class NotedOutput : public NullOutput {
   public:
-    NotedOutput(SoundRecorder& recorder, std::atomic<std::size_t>& lastBeginning)
-        : NullOutput(kSpeed, recorder.ear())
+    NotedOutput(double speed, SoundRecorder& recorder, std::atomic<std::size_t>& lastBeginning)
+        : NullOutput(speed, recorder.ear())
         , recorder_(recorder)
         , lastBeginning_(lastBeginning)
     {
@@ -137,6 +137,11 @@ class StreamedSongTest : public testing::Test {
     using StopReason = AudioStreamer::StopReason;
     using ErrorCode = AudioStreamer::ErrorCode;
 
+    /// @param speed how much faster than the clock the song is heard
+    explicit StreamedSongTest(double speed = kSpeed)
+        : speed_(speed)
+    {
+    }
     void make(const QByteArray& url)
     {
         streamer = AudioStreamer::initWithDict(
@@ -176,10 +181,43 @@ class StreamedSongTest : public testing::Test {
         expectOnePiece(heard, reference, -2 * 1152, 2 * 1152);
     }
 
+    /// Seeks to the song's middle after two seconds and listens to the end.
+    void seekToTheMiddleAndListen()
+    {
+        ASSERT_TRUE(hears(2));
+        ASSERT_FALSE(streamer->isIdle());
+        streamer->seekToTime(kSeconds / 2);
+        ASSERT_TRUE(ends());
+        EXPECT_EQ(streamer->errorCode(), ErrorCode::None);
+    }
+    /// Expects the sound to have gone on from the song's middle, and to its end, after a seek there.
+    void expectSoundFromTheMiddle(const QByteArray& file)
+    {
+        const auto reference = decode(file);
+        const auto heard = recorder.channel(0);
+        const auto before = std::span(heard).first(lastBeginning);
+        const auto after = std::span(heard).subspan(lastBeginning);
+        expectOnePiece(before, reference, -2 * 1152, 2 * 1152);
+        constexpr auto middle = std::ptrdiff_t(kSeconds / 2 * kToneRate);
+        constexpr auto tenth = std::ptrdiff_t(kToneRate / 10);
+        // First come what was at hand before the seek, and packets that lean on ones that were not fetched.
+        constexpr std::ptrdiff_t lead = 12 * 1152;
+        ASSERT_GT(std::ssize(after), lead);
+        const auto settled = after.subspan(lead);
+        const auto place =
+            expectOnePiece(settled, reference, middle - kToneRate + lead, middle + kToneRate + lead) - lead;
+        EXPECT_NEAR(static_cast<double>(place), middle, tenth);
+        EXPECT_LE(std::abs(place + std::ssize(after) - std::ssize(reference)), 1152) << "to the end";
+    }
+
+  private:
+    const double speed_;
+
+  protected:
     SoundRecorder recorder;
     std::atomic<std::size_t> lastBeginning = 0;
-    DesktopSound sound{std::make_unique<NotedOutput>(recorder, lastBeginning),
-                       std::make_unique<NullOutput>(kSpeed)};
+    DesktopSound sound{std::make_unique<NotedOutput>(speed_, recorder, lastBeginning),
+                       std::make_unique<NullOutput>(speed_)};
     DesktopAudioQueues queues{sound};
     CurlReadStreams web;
     AudioFileStreamParsers parsers;
