@@ -83,6 +83,21 @@ inline QByteArray waveFile(const QByteArray& chunks)
     return "RIFF" + littleEndian(static_cast<quint64>(chunks.size()) + 4, 4) + "WAVE" + chunks;
 }
 
+/// A frame of AAC-LC in ADTS around these raw data blocks; by default 44.1 kHz (index 4), stereo.
+inline QByteArray adtsFrame(const QByteArray& blocks, int count = 1, const QByteArray& checks = {},
+                            int rateIndex = 4, int channels = 2)
+{
+    const auto size = 7 + checks.size() + blocks.size();
+    QByteArray header(7, '\xff');
+    header[1] = checks.isEmpty() ? '\xf1' : '\xf0';
+    header[2] = static_cast<char>(0x40 | rateIndex << 2 | channels >> 2);
+    header[3] = static_cast<char>((channels & 3) << 6 | size >> 11);
+    header[4] = static_cast<char>(size >> 3 & 0xff);
+    header[5] = static_cast<char>((size & 7) << 5 | 0x1f);
+    header[6] = static_cast<char>(0xfc | (count - 1));
+    return header + checks + blocks;
+}
+
 /// Bytes that hold no sync word.
 inline QByteArray noise(qsizetype bytes)
 {

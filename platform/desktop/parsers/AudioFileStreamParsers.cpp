@@ -3,8 +3,8 @@
 
 #include "platform/desktop/parsers/AiffParser.h"
 #include "platform/desktop/parsers/ByteReader.h"
+#include "platform/desktop/parsers/FrameParser.h"
 #include "platform/desktop/parsers/Id3v2.h"
-#include "platform/desktop/parsers/MpegAudioParser.h"
 #include "platform/desktop/parsers/WaveParser.h"
 
 #include <algorithm>
@@ -137,7 +137,7 @@ class RecognisingFileStream : public AudioFileStream, private ParserOutput {
         else if (isAiff(head_))
             parser_ = std::make_unique<AiffParser>(output, offset_);
         else
-            parser_ = std::make_unique<MpegAudioParser>(output, offset_);
+            parser_ = std::make_unique<FrameParser>(output, offset_);
     }
 
     void announce(AudioFileProperties properties) override

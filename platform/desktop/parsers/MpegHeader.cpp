@@ -93,10 +93,9 @@ std::size_t MpegHeader::sideInfoBytes() const
     return channels == 1 ? 17 : 32;
 }
 
-bool MpegHeader::sameStream(const MpegHeader& other) const
+std::uint32_t MpegHeader::streamCode() const
 {
-    return layer == other.layer && lowSampleRates == other.lowSampleRates && sampleRate == other.sampleRate &&
-           channels == other.channels;
+    return sampleRate << 4 | channels << 2 | static_cast<std::uint32_t>(layer - 1);
 }
 
 AudioStreamDescription MpegHeader::description() const

@@ -12,7 +12,6 @@ namespace zib {
 /// 2.5 for low sample rates). Free-format frames are not taken: their length can't be known.
 struct MpegHeader {
     static constexpr std::size_t kBytes = 4;
-    static constexpr std::uint32_t kLargestFrame = 2881; ///< layer II, version 2.5, 160 kbit/s at 8 kHz
 
     int layer = 0;                ///< 1 to 3
     bool lowSampleRates = false;  ///< versions 2 and 2.5
@@ -35,8 +34,8 @@ struct MpegHeader {
     [[nodiscard]] std::int64_t constantRateOffset(std::int64_t index) const;
     /// Bytes after the header that an info frame leaves zero: the side information of layer III.
     [[nodiscard]] std::size_t sideInfoBytes() const;
-    /// Whether both can belong to one stream.
-    [[nodiscard]] bool sameStream(const MpegHeader& other) const;
+    /// The same in all headers that can belong to one stream.
+    [[nodiscard]] std::uint32_t streamCode() const;
     [[nodiscard]] AudioStreamDescription description() const;
 
   private:

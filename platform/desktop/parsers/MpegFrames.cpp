@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/desktop/parsers/MpegFrames.h"
+
+#include <cmath>
+
+namespace zib {
+
+std::optional<FrameCoding::Header> MpegFrames::headerAt(std::span<const std::byte> bytes) const
+{
+    const auto header = MpegHeader::parse(bytes);
+    if (!header)
+        return std::nullopt;
+    return Header{header->frameBytes(), header->streamCode()};
+}
+
+void MpegFrames::take(const Frame& frame, std::vector<AudioPacketDescription>& packets)
+{
+    const auto header = MpegHeader::parse(frame.bytes);
+    const auto size = static_cast<std::uint32_t>(frame.bytes.size());
+    if (frame.firstAfterSync) {
+        if (const auto info = MpegInfoFrame::parse(*header, frame.bytes)) {
+            if (!first_) {
+                info_ = info;
+                infoFrameBytes_ = size;
+            }
+            return;
+        }
+    }
+    if (!first_) {
+        first_ = header;
+        bound_ = (isConstantRate(*header) ? header->largestFrameOfRate() : header->largestFrame()) + 1;
+    }
+    // A file that breaks its own promise of a constant rate loses those packets rather than the reader's
+    // trust in the bound.
+    if (size >= bound_)
+        return;
+    sameRateSoFar_ = sameRateSoFar_ && header->bitRate == first_->bitRate;
+    ++packetsSeen_;
+    packetBytesSeen_ += size;
+    packets.push_back({0, 0, size});
+}
+
+bool MpegFrames::isConstantRate(const MpegHeader& header) const
+{
+    if (!info_ || !info_->constantRate)
+        return false;
+    if (!info_->packets || !info_->fileBytes)
+        return true;
+    // Some encoders call every file constant; its own figures tell when it is not.
+    const auto expected = static_cast<double>(header.constantRateOffset(*info_->packets));
+    const double tolerance = 0.01 * expected + 2.0 * header.largestFrame();
+    return std::abs(static_cast<double>(*info_->fileBytes) - expected) <= tolerance;
+}
+
+AudioFileProperties MpegFrames::properties() const
+{
+    AudioFileProperties properties;
+    properties.format = first_->description();
+    if (info_ && info_->fileBytes && *info_->fileBytes > infoFrameBytes_)
+        properties.audioDataByteCount = *info_->fileBytes - infoFrameBytes_;
+    properties.packetSizeUpperBound = bound_;
+    properties.maximumPacketSize = bound_ - 1;
+    return properties;
+}
+
+AudioStatus MpegFrames::seek(std::int64_t packet, std::int64_t& byteOffset, bool& estimated) const
+{
+    estimated = !(info_ ? isConstantRate(*first_) : sameRateSoFar_);
+    if (!estimated) {
+        byteOffset = first_->constantRateOffset(packet);
+        return kAudioOk;
+    }
+    double average = static_cast<double>(packetBytesSeen_) / static_cast<double>(packetsSeen_);
+    if (info_ && info_->packets.value_or(0) > 0 && info_->fileBytes.value_or(0) > infoFrameBytes_)
+        average = static_cast<double>(*info_->fileBytes - infoFrameBytes_) / *info_->packets;
+    byteOffset = static_cast<std::int64_t>(average * static_cast<double>(packet));
+    return kAudioOk;
+}
+
+} // namespace zib

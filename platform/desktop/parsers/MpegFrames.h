@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "platform/desktop/parsers/FrameCoding.h"
+#include "platform/desktop/parsers/MpegInfoFrame.h"
+
+namespace zib {
+
+/// The frames of MPEG audio, layers I to III. The info frame is not played.
+class MpegFrames : public FrameCoding {
+  public:
+    [[nodiscard]] std::optional<Header> headerAt(std::span<const std::byte> bytes) const override;
+    void take(const Frame& frame, std::vector<AudioPacketDescription>& packets) override;
+    [[nodiscard]] AudioFileProperties properties() const override;
+    AudioStatus seek(std::int64_t packet, std::int64_t& byteOffset, bool& estimated) const override;
+
+  private:
+    [[nodiscard]] bool isConstantRate(const MpegHeader& header) const;
+
+    std::optional<MpegInfoFrame> info_;
+    std::uint32_t infoFrameBytes_ = 0;
+    std::optional<MpegHeader> first_; ///< of the first packet
+    std::uint32_t bound_ = 0;
+    bool sameRateSoFar_ = true;
+    std::uint64_t packetsSeen_ = 0;
+    std::uint64_t packetBytesSeen_ = 0;
+};
+
+} // namespace zib
