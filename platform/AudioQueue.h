@@ -22,7 +22,9 @@ class AudioQueue;
 class AudioQueueClient {
   public:
     virtual ~AudioQueueClient() = default;
-    /// The queue is done with the buffer: played from it, or given up by an immediate stop.
+    /// The queue is done with the buffer: played from it, or given up by an immediate stop. A buffer may come
+    /// back before its sound is heard, but not the last one while nothing is enqueued after it: that comes
+    /// back once all is heard. So a queue that holds no buffer has run dry.
     virtual void bufferComplete(AudioQueue&, AudioQueueBuffer&) {}
     /// The queue has begun to run or has stopped; a pause is neither.
     virtual void isRunningChanged(AudioQueue&, bool /*running*/) {}

@@ -49,6 +49,8 @@ bool AudioQueueBuffers::enqueue(AudioQueueBuffer& face, std::span<const AudioPac
 
 bool AudioQueueBuffers::takePacket(std::vector<std::byte>& packet)
 {
+    if (pending_.empty())
+        return false;
     Buffer& buffer = *pending_.front();
     if (buffer.packets.empty())
         return takeConstantPackets(buffer, packet);
@@ -94,7 +96,7 @@ AudioQueueBuffer& AudioQueueBuffers::giveUpFront()
 std::vector<AudioQueueBuffer*> AudioQueueBuffers::giveUpAll()
 {
     std::vector<AudioQueueBuffer*> given;
-    while (!empty())
+    while (!pending_.empty())
         given.push_back(&giveUpFront());
     return given;
 }

@@ -23,11 +23,11 @@ class AudioQueueBuffers {
     /// @return false for one that is not from here, is enqueued already or overfull, and where nothing tells
     /// the packets' sizes
     [[nodiscard]] bool enqueue(AudioQueueBuffer& face, std::span<const AudioPacketDescription> packets);
-    /// Whether no buffer is enqueued.
-    [[nodiscard]] bool empty() const { return pending_.empty(); }
+    /// How many are enqueued.
+    [[nodiscard]] std::size_t enqueued() const { return pending_.size(); }
 
     /// Copies the front buffer's next packet, so that the buffer can be given up while it is decoded; of a
-    /// constant size several at once. @return false at the end of that buffer
+    /// constant size several at once. @return false at the end of that buffer, and when there is none
     bool takePacket(std::vector<std::byte>& packet);
     /// The front buffer is enqueued no more.
     AudioQueueBuffer& giveUpFront();

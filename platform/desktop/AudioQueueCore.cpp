@@ -9,6 +9,15 @@
 
 namespace zib {
 
+using namespace std::chrono_literals;
+
+namespace {
+
+/// Between two looks at what only time changes.
+constexpr auto kShortestLook = 10ms;
+
+} // namespace
+
 AudioQueueCore::AudioQueueCore(DesktopSound& sound, AudioQueue& handle, const AudioStreamDescription& format,
                                std::weak_ptr<AudioQueueClient> client)
     : format_(format)
@@ -215,21 +224,27 @@ bool AudioQueueCore::step()
         return sleep(std::move(lock));
     if (decodedUsed_ < decoded_.size())
         return writeDecoded() || sleep(std::move(lock));
-    if (!buffers_.empty())
-        return feedFrontBuffer(std::move(lock));
-    if (std::exchange(flushAsked_, false)) {
-        lock.unlock();
-        decoded_.clear();
-        decodedUsed_ = 0;
-        decoder_.finish([this](const AVFrame& frame) { converter_.convert(frame, decoded_); });
-        return true;
-    }
-    return seeToTheEnd(std::move(lock));
+    if (buffers_.takePacket(packet_))
+        return decodePacket(std::move(lock));
+    if (buffers_.enqueued() > 1)
+        return giveUpFrontBuffer(std::move(lock));
+    if (std::exchange(flushAsked_, false))
+        return finishDecoding(std::move(lock));
+    if (stopping_)
+        return seeToTheEnd(std::move(lock));
+    // The last buffer stays until it is heard, lest the queue seem dry while it sounds.
+    if (buffers_.enqueued() > 0 && player_.unheard() == 0ms)
+        return giveUpFrontBuffer(std::move(lock));
+    return sleep(std::move(lock));
 }
 
 bool AudioQueueCore::sleep(Lock lock)
 {
-    const auto look = player_.rest();
+    auto look = player_.rest();
+    if (running_ && !paused_ && buffers_.enqueued() == 1) {
+        const auto lastIsHeard = std::max(player_.unheard(), kShortestLook);
+        look = std::min(look.value_or(lastIsHeard), lastIsHeard);
+    }
     lock.unlock();
     wake_->wait(look);
     return true;
@@ -250,33 +265,45 @@ bool AudioQueueCore::writeDecoded()
     return !now.empty();
 }
 
-bool AudioQueueCore::feedFrontBuffer(Lock lock)
+bool AudioQueueCore::decodePacket(Lock lock)
 {
-    if (buffers_.takePacket(packet_)) {
-        lock.unlock();
-        decoded_.clear();
-        decodedUsed_ = 0;
-        decoder_.decode(packet_, [this](const AVFrame& frame) { converter_.convert(frame, decoded_); });
-        return true;
-    }
+    lock.unlock();
+    decoded_.clear();
+    decodedUsed_ = 0;
+    decoder_.decode(packet_, [this](const AVFrame& frame) { converter_.convert(frame, decoded_); });
+    return true;
+}
+
+bool AudioQueueCore::finishDecoding(Lock lock)
+{
+    lock.unlock();
+    decoded_.clear();
+    decodedUsed_ = 0;
+    decoder_.finish([this](const AVFrame& frame) { converter_.convert(frame, decoded_); });
+    return true;
+}
+
+bool AudioQueueCore::giveUpFrontBuffer(Lock lock)
+{
     AudioQueueBuffer& buffer = buffers_.giveUpFront();
     lock.unlock();
     callBufferComplete(buffer);
     return true;
 }
 
-/// All that was enqueued is with the player.
+/// All that was enqueued is with the player, and no more comes.
 bool AudioQueueCore::seeToTheEnd(Lock lock)
 {
-    if (!stopping_)
-        return sleep(std::move(lock));
     if (!std::exchange(finishing_, true))
         player_.finish();
     if (!player_.finished())
         return sleep(std::move(lock));
+    const auto last = buffers_.giveUpAll();
     startOver();
     const bool tell = listening_;
     lock.unlock();
+    for (AudioQueueBuffer* buffer : last)
+        callBufferComplete(*buffer);
     if (tell)
         callRunningChanged(false);
     return true;

@@ -47,7 +47,9 @@ class AudioQueueCore {
     bool step();
     bool sleep(Lock lock);
     bool writeDecoded();
-    bool feedFrontBuffer(Lock lock);
+    bool decodePacket(Lock lock);
+    bool finishDecoding(Lock lock);
+    bool giveUpFrontBuffer(Lock lock);
     bool seeToTheEnd(Lock lock);
 
     const AudioStreamDescription format_;

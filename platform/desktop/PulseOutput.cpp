@@ -241,12 +241,17 @@ void PulseStream::timeTold()
     const pa_timing_info* info = pa_stream_get_timing_info(stream_);
     if (!info || info->read_index_corrupt)
         return;
-    // What the device holds is not heard yet, and the news has been on its way.
-    const auto read =
-        pa_bytes_to_usec(static_cast<std::uint64_t>(std::max<std::int64_t>(0, info->read_index)), &shape_);
-    told_ = static_cast<std::int64_t>(read) - static_cast<std::int64_t>(info->sink_usec);
+    const auto time = [this](std::int64_t bytes) {
+        return static_cast<std::int64_t>(
+            pa_bytes_to_usec(static_cast<std::uint64_t>(std::max<std::int64_t>(0, bytes)), &shape_));
+    };
+    // What the device holds is not heard yet; behind the last frame it holds silence.
+    auto held = static_cast<std::int64_t>(info->sink_usec);
+    if (!info->playing && info->read_index >= info->write_index)
+        held = std::max<std::int64_t>(0, held - time(info->since_underrun));
+    told_ = time(info->read_index) - held;
     if (info->playing)
-        told_ += static_cast<std::int64_t>(info->transport_usec);
+        told_ += static_cast<std::int64_t>(info->transport_usec); // the news has been on its way
     toldAt_ = std::chrono::steady_clock::now();
     moving_ = info->playing != 0;
 }

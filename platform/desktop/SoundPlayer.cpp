@@ -193,6 +193,14 @@ std::int64_t SoundPlayer::heard()
     return heard_;
 }
 
+std::chrono::milliseconds SoundPlayer::unheard()
+{
+    if (!stream_)
+        return 0ms;
+    const auto frames = static_cast<double>(written_ - heard());
+    return std::chrono::milliseconds(std::llround(std::ceil(frames / format_.rate * 1000)));
+}
+
 void SoundPlayer::hear()
 {
     heard_ = std::clamp(streamFrom_ + stream_->heard(), heard_, std::max(sent_, heard_));

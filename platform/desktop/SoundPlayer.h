@@ -38,6 +38,8 @@ class SoundPlayer {
     [[nodiscard]] bool finished();
     /// Frames heard of this run; never falls, and stands while it does not run.
     [[nodiscard]] std::int64_t heard();
+    /// How long what was written will still sound while it runs; 0 only once all is heard.
+    [[nodiscard]] std::chrono::milliseconds unheard();
     /// From 0 (silent) to 1 (as written).
     void setVolume(float volume);
     /// The feeder has no more to write for now. @return how long it may sleep without being woken

@@ -88,6 +88,29 @@ TYPED_TEST(AudioQueueContract, PlaysOutGivesEachBufferBackInOrderAndReports)
     EXPECT_EQ(t.queue->currentTime(t.time), kAudioQueueStopped);
 }
 
+TYPED_TEST(AudioQueueContract, KeepsTheLastBufferUntilAllIsHeard)
+{
+    auto& t = *this;
+    std::size_t enqueued = 0;
+    ASSERT_EQ(t.queue->start(), kAudioOk);
+    for (int round = 0; round < 3; ++round) { // it goes on after it has run dry
+        t.enqueueSeconds(0.2, 4);
+        enqueued += 4;
+        t.world.play();
+        ASSERT_TRUE(t.listener->waitForCompleted(enqueued));
+        EXPECT_EQ(t.queue->currentTime(t.time), kAudioOk);
+        EXPECT_DOUBLE_EQ(t.time, 0.2 * (round + 1) * kToneRate);
+    }
+    t.enqueueSeconds(0.2, 4);
+    ASSERT_EQ(t.queue->pause(), kAudioOk) << "a pause keeps what is not heard";
+    t.enqueueSeconds(0.2, 1);
+    ASSERT_EQ(t.queue->start(), kAudioOk);
+    t.world.play();
+    ASSERT_TRUE(t.listener->waitForCompleted(enqueued + 5));
+    EXPECT_EQ(t.queue->currentTime(t.time), kAudioOk);
+    EXPECT_DOUBLE_EQ(t.time, kToneRate);
+}
+
 TYPED_TEST(AudioQueueContract, StopsAtOnceWithinTheCall)
 {
     auto& t = *this;

@@ -23,15 +23,6 @@ namespace {
 /// much may be missing there, in frames, though a listener would hear it.
 constexpr double kUnrecorded = 0.05 * kToneRate;
 
-/// The samples from the first to the last that can be heard.
-std::span<const float> sounding(std::span<const float> samples)
-{
-    const auto audible = [](float sample) { return std::abs(sample) > 0.002F; };
-    const auto first = std::ranges::find_if(samples, audible);
-    const auto last = std::find_if(samples.rbegin(), samples.rend(), audible).base();
-    return first < last ? std::span(first, last) : std::span<const float>();
-}
-
 class PulseOutputTest : public testing::Test {
   protected:
     void SetUp() override { ASSERT_TRUE(server.start()); }
@@ -119,21 +110,11 @@ TEST_F(PulseOutputTest, APauseIsSilentSoonAndLosesNothing)
     const auto recorded = server.stopRecording();
     const auto heard = sounding(recorded);
 
-    // The longest silence within is the pause: where it begins tells how soon it was heard.
-    std::size_t begin = 0;
-    std::size_t longest = 0;
-    std::size_t run = 0;
-    for (std::size_t i = 0; i < heard.size(); ++i) {
-        run = std::abs(heard[i]) <= 0.002F ? run + 1 : 0;
-        if (run > longest) {
-            longest = run;
-            begin = i + 1 - run;
-        }
-    }
-    EXPECT_GT(longest, 0.5 * kToneRate);
-    EXPECT_NEAR(static_cast<double>(begin), paused, 0.08 * kToneRate);
-    EXPECT_NEAR(static_cast<double>(heard.size() - longest), 3 * kToneRate, 2 * kUnrecorded);
-    EXPECT_NEAR(pitch(heard.subspan(begin + longest + 100)), 440, 1);
+    const Silence silence = longestSilence(heard);
+    EXPECT_GT(silence.frames, 0.5 * kToneRate);
+    EXPECT_NEAR(static_cast<double>(silence.begin), paused, 0.08 * kToneRate) << "how soon it was heard";
+    EXPECT_NEAR(static_cast<double>(heard.size() - silence.frames), 3 * kToneRate, 2 * kUnrecorded);
+    EXPECT_NEAR(pitch(heard.subspan(silence.begin + silence.frames + 100)), 440, 1);
 }
 
 TEST_F(PulseOutputTest, AVolumeIsHeardAtOnce)

@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QTemporaryFile>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <numbers>
@@ -62,6 +63,37 @@ inline double pitch(std::span<const float> samples, int rate = kToneRate)
     }
     return crossings < 2 ? 0
                          : (crossings - 1) * static_cast<double>(rate) / static_cast<double>(last - first);
+}
+
+inline bool isAudible(float sample)
+{
+    return std::abs(sample) > 0.002F;
+}
+
+/// The samples from the first to the last that can be heard.
+inline std::span<const float> sounding(std::span<const float> samples)
+{
+    const auto first = std::ranges::find_if(samples, isAudible);
+    const auto last = std::find_if(samples.rbegin(), samples.rend(), isAudible).base();
+    return first < last ? std::span(first, last) : std::span<const float>();
+}
+
+struct Silence {
+    std::size_t begin = 0;
+    std::size_t frames = 0;
+};
+
+/// The longest stretch that can't be heard.
+inline Silence longestSilence(std::span<const float> samples)
+{
+    Silence longest;
+    std::size_t run = 0;
+    for (std::size_t i = 0; i < samples.size(); ++i) {
+        run = isAudible(samples[i]) ? 0 : run + 1;
+        if (run > longest.frames)
+            longest = {i + 1 - run, run};
+    }
+    return longest;
 }
 
 /// Runs the packaged encoder on the input. @return what it wrote to its standard output.
