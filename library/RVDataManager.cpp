@@ -168,6 +168,25 @@ bool RVDataManager::isNowplaying(const Record& track) const
     return playing && playing.utf8(keys::Id) == track.utf8(keys::Id);
 }
 
+QList<Record> RVDataManager::holdersOf(const Record& track) const
+{
+    const std::string_view id = track.utf8(keys::Id);
+    QList<Record> holders{track};
+    const auto add = [&](const Record& record) {
+        if (record && record.utf8(keys::Id) == id)
+            holders.append(record);
+    };
+    for (const RecordTable* table : {&contents_.library, &tophot_, &recommended_})
+        add(table->find(id));
+    for (const Record& search : searches())
+        for (const Record& result : search.records(keys::Tracks))
+            add(result);
+    for (const Record& item : items())
+        add(item);
+    add(delegate_->nowplayingTrack());
+    return holders;
+}
+
 /// Hands the record to the snapshot, numbered as the playing one is.
 void RVDataManager::updateNowplaying(const Record& replacement)
 {

@@ -70,6 +70,11 @@ class RVDataManager : public QObject {
     void addPlaylistWithTitle(const QString& title, const QList<Record>& tracks, int kind);
     /// The same with a playlist's place; a search goes to the front all the same.
     void insertPlaylistAtIndex(int index, const QString& title, const QList<Record>& tracks, int kind);
+    /// The given record and every other record of that song that is kept, shown or playing. For transient
+    /// keys: what lasts is changed by replacing records.
+    [[nodiscard]] QList<Record> holdersOf(const Record& track) const;
+    [[nodiscard]] bool isNowplaying(const Record& track) const;
+
     /// Appends the tracks to the playlist of that index; a song may stand in it twice.
     void addObjects(const QList<Record>& tracks, int toPlaylist);
 
@@ -145,7 +150,6 @@ class RVDataManager : public QObject {
     void replaceInSearches(const Replacement& replacement);
     /// Whether the table held a record of that id.
     static bool replaceIn(RecordTable& table, const Record& record);
-    [[nodiscard]] bool isNowplaying(const Record& track) const;
     void updateNowplaying(const Record& replacement);
 
     UserDefaults& defaults_;

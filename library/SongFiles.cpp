@@ -99,19 +99,21 @@ tl::expected<QString, QString> SongFiles::place(const Record& track) const
     return pathInMusicFolder(paths_.musicFolder(), paths_.filePath(track));
 }
 
-SongFiles::Result SongFiles::write(const Record& track, const QByteArray& bytes) const
+tl::expected<bool, QString> SongFiles::write(const Record& track, const QByteArray& bytes) const
 {
     const auto path = place(track);
     if (!path)
         return tl::unexpected(path.error());
     if (isTaken(*path))
-        return {};
+        return false;
     if (auto made = makeFolderOf(*path); !made)
-        return made;
+        return tl::unexpected(made.error());
     NewFile file(QFile::encodeName(*path));
     file.write({bytes.constData(), static_cast<std::size_t>(bytes.size())});
-    if (file.commit() || file.error() == EEXIST)
-        return {};
+    if (file.commit())
+        return true;
+    if (file.error() == EEXIST)
+        return false;
     removeEmptyFolders(*path);
     return failure(*path, file.error());
 }

@@ -29,7 +29,8 @@ class SongFiles {
 
     /// Makes the song's file of those bytes. A file that is there already stays as it is, and that is no
     /// failure.
-    [[nodiscard]] Result write(const Record& track, const QByteArray& bytes) const;
+    /// @return whether the file was made now.
+    [[nodiscard]] tl::expected<bool, QString> write(const Record& track, const QByteArray& bytes) const;
     /// Makes the song's file as a copy of any file; a failure when there is one already.
     [[nodiscard]] Result copy(const QString& from, const Record& track) const;
 

@@ -6,10 +6,9 @@
 #include "platform/SettingsKeys.h"
 #include "platform/UserDefaults.h"
 #include "playback/detail/AudioStreamerInternals.h"
-#include "services/utilities/PathUtilities.h"
+#include "services/utilities/DownloadedCopy.h"
 #include "services/utilities/SongPaths.h"
 
-#include <QDirIterator>
 #include <QFileInfo>
 #include <QUrl>
 
@@ -31,24 +30,6 @@ int wholeSeconds(double seconds)
 int wholeSeconds(MovieTime time)
 {
     return time.scale == 0 ? 0 : static_cast<int>(time.value / time.scale);
-}
-
-/// The first file below the folder, as the file system lists them, that a download of the song has the name
-/// of; empty when there is none.
-QString downloadedCopy(const QString& folder, const Record& track)
-{
-    QString extension = pathExtension(track.string(keys::Location));
-    if (extension.isEmpty())
-        extension = QStringLiteral("mp3");
-    const QString wanted = (track.string(keys::Name) + QLatin1Char('.') + extension).toLower();
-    QDirIterator paths(folder, QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System,
-                       QDirIterator::Subdirectories);
-    while (paths.hasNext()) {
-        QString path = paths.next();
-        if (path.mid(folder.size() + 1).toLower().endsWith(wanted))
-            return path;
-    }
-    return {};
 }
 
 } // namespace
@@ -86,7 +67,7 @@ void RVPlayer::playTrack(const Record& track)
             stop();
             return;
         }
-        path = downloadedCopy(paths.artistPath(track), track);
+        path = downloadedCopy(paths, track);
     }
     if (path.isEmpty() ? playStream(track) : playFile(track, path))
         scheduleProgressUpdates();

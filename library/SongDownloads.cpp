@@ -1,0 +1,206 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "library/SongDownloads.h"
+
+#include "library/RVDataManager.h"
+#include "platform/Alerts.h"
+#include "platform/SettingsKeys.h"
+#include "platform/TableView.h"
+#include "platform/UserDefaults.h"
+#include "records/PropertyValue.h"
+#include "services/utilities/DownloadedCopy.h"
+
+#include <QLoggingCategory>
+
+namespace zib {
+namespace {
+
+Q_LOGGING_CATEGORY(log, "zib.library")
+
+constexpr double unknownProgress = -1;
+
+} // namespace
+
+SongDownloads::SongDownloads(RVDataManager& library, const WebServices& services, UserDefaults& defaults,
+                             Alerts& alerts)
+    : library_(library)
+    , services_(services)
+    , defaults_(defaults)
+    , alerts_(alerts)
+    , files_(defaults)
+{
+}
+
+SongDownloads::~SongDownloads() = default;
+
+std::optional<double> SongDownloads::progress(const Record& track)
+{
+    const PropertyValue value = track.value(keys::Progress);
+    const auto* const bar = value.get<Record>();
+    return bar != nullptr ? std::optional(bar->real(keys::Progress)) : std::nullopt;
+}
+
+void SongDownloads::downloadSongAtIndex(int row)
+{
+    const Record track = library_.items().value(row);
+    if (!track)
+        return;
+    if (const auto running = running_.find(track.string(keys::Id)); running != running_.end()) {
+        qCInfo(log, "wants abort!");
+        running->second.aborted = true;
+        mark(track, keys::Abort, true);
+        return;
+    }
+    if (!downloadedCopy(files_.paths(), track).isEmpty()) {
+        Alert question;
+        question.messageText = tr("Zib!");
+        question.informativeText =
+            tr("A song like this has already been downloaded. Do you want to overwrite it?");
+        question.buttons = {tr("Overwrite"), tr("Cancel")};
+        if (alerts_.runModal(question).button != 0)
+            return;
+    }
+    downloadSong(track);
+}
+
+void SongDownloads::downloadSong(const Record& track)
+{
+    const QString id = track.string(keys::Id);
+    if (isRunning(id))
+        return;
+    const SourceType source = library_.currentSourceType();
+    Record known = library_.library().find(id);
+    if (!known && source != SourceType::Library && source != SourceType::Playlists) {
+        qCInfo(log, "not in lib, adding it now...");
+        known = track;
+        library_.library().insert(id, known);
+        library_.saveLibrary();
+    }
+    // The library's own record knows an edit or a love that a search's record does not.
+    start(known ? known : track);
+}
+
+void SongDownloads::start(const Record& track)
+{
+    const QString id = track.string(keys::Id);
+    running_.try_emplace(id);
+    mark(track, keys::CanAbort, true);
+    RVFileDownloaderDelegate* const delegate = this;
+    auto client = std::make_unique<RVFileDownloader>(services_, track, delegate);
+    client->setUid(qint32(library_.currentUID()));
+    // It may have failed by now.
+    const auto running = running_.find(id);
+    if (running != running_.end() && running->second.client == nullptr)
+        running->second.client = std::move(client);
+    library_.playlistsTableView().reloadData();
+}
+
+void SongDownloads::cancel(const Record& track)
+{
+    if (isRunning(track.string(keys::Id)))
+        end(track);
+}
+
+bool SongDownloads::isShown(const RVFileDownloader& download) const
+{
+    return download.uid() == qint32(library_.currentUID());
+}
+
+void SongDownloads::downloadGotExpectedContentLength(RVFileDownloader& download)
+{
+    if (!isShown(download))
+        return;
+    const Record track = download.fileDict();
+    Download& running = running_.at(track.string(keys::Id));
+    const bool known = download.expectedContentLength() > 0;
+    running.bar = Record::make({{keys::Progress, known ? 0.0 : unknownProgress}});
+    mark(track, keys::Progress, running.bar);
+    library_.playlistsTableView().reloadData();
+}
+
+void SongDownloads::downloadReceivedContentLength(RVFileDownloader& download)
+{
+    if (!isShown(download))
+        return;
+    if (running_.at(download.fileDict().string(keys::Id)).aborted)
+        abort(download);
+    else
+        showProgress(download);
+}
+
+void SongDownloads::abort(RVFileDownloader& download)
+{
+    qCInfo(log, "aborting...");
+    const Record track = download.fileDict();
+    end(track);
+    if (library_.isNowplaying(track))
+        defaults_.setValue(settings::BriefStatusMessage, tr("Download cancelled"));
+}
+
+void SongDownloads::showProgress(const RVFileDownloader& download)
+{
+    const QString id = download.fileDict().string(keys::Id);
+    const qint64 expected = download.expectedContentLength();
+    if (expected <= 0)
+        return;
+    const double part = double(download.contentLength()) / double(expected);
+    if (Record bar = running_.at(id).bar) {
+        bar.set(keys::Progress, part);
+        Q_EMIT progressed(id);
+    }
+    if (library_.isNowplaying(download.fileDict()))
+        defaults_.setValue(settings::BriefStatusMessage,
+                           tr("Downloading... (%1 %2)").arg(int(part * 100)).arg(QLatin1Char('%')));
+}
+
+void SongDownloads::downloadCompletedForRequest(RVFileDownloader& request)
+{
+    Record track = request.fileDict();
+    // The names that it has by now, so that its file is where the song is looked for.
+    const Record known = library_.library().find(track.string(keys::Id));
+    const auto written = files_.write(known ? known : track, request.receivedData());
+    end(track);
+    if (!written) {
+        fail(track, written.error());
+        return;
+    }
+    if (*written)
+        qCInfo(log, "exported -> %s", qUtf8Printable(files_.paths().filePath(known ? known : track)));
+    library_.exportedFile(track);
+    if (library_.currentFilterType() == FilterType::Downloads)
+        library_.reloadData(); // where it is new
+}
+
+void SongDownloads::downloadFailedForRequest(RVFileDownloader& request, const ServiceError& withError)
+{
+    const Record track = request.fileDict();
+    const QString reason = withError.text; // it may be the request's
+    end(track);
+    fail(track, reason);
+}
+
+void SongDownloads::fail(const Record& track, const QString& reason)
+{
+    Alert alert;
+    alert.messageText = tr("“%1” could not be downloaded.").arg(track.string(keys::Name));
+    alert.informativeText = reason;
+    alert.buttons = {tr("OK")};
+    alerts_.runModal(alert);
+}
+
+void SongDownloads::end(const Record& track)
+{
+    const QString id = track.string(keys::Id);
+    running_.erase(id);
+    for (const RecordKey key : {keys::Progress, keys::CanAbort, keys::Abort})
+        mark(track, key, {});
+    library_.playlistsTableView().reloadData();
+    Q_EMIT ended(id);
+}
+
+void SongDownloads::mark(const Record& track, RecordKey key, const PropertyValue& value)
+{
+    for (Record& holder : library_.holdersOf(track))
+        holder.set(key, value);
+}
+
+} // namespace zib
