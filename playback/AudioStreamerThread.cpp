@@ -274,6 +274,8 @@ void AudioStreamer::internalSeekToTime(double seconds)
         }
     }
     closeReadStream();
+    bytesFilled_ = 0; // of the old place
+    packetsFilled_ = 0;
     setState(State::Stopping);
     stopReason_ = StopReason::Temporary;
     if (audioQueue_) {

@@ -97,6 +97,19 @@ TEST_F(StreamerSeekTest, AsksForTheBytesFromTheExactPacket)
     EXPECT_EQ(streamer->errorCode(), ErrorCode::None);
 }
 
+TEST_F(StreamerSeekTest, NothingOfTheOldPlaceIsHeardAtTheNew)
+{
+    startPlaying(length); // a packet is at hand that fills no buffer
+    const std::size_t enqueued = output()->everythingEnqueued().size();
+    seek(songDuration / 2);
+    const QByteArray packet = FakeAudioFile::packet(packetBytes, 'n');
+    exchange().send(packet.repeated(packetsToPlay));
+    ASSERT_TRUE(reaches(State::Playing));
+    const auto buffer = output()->everythingEnqueued().at(enqueued);
+    EXPECT_TRUE(buffer.bytes == packet.repeated(packetsPerBuffer));
+    EXPECT_EQ(buffer.packets.size(), std::size_t{packetsPerBuffer});
+}
+
 TEST_F(StreamerSeekTest, ComputesThePlaceWhereTheParserOnlyEstimatesOrFails)
 {
     for (const auto& answer : {FakeAudioFile::SeekAnswer{kAudioOk, 1, true}, {-1, 1, false}}) {
