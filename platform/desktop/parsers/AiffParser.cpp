@@ -192,11 +192,9 @@ AudioStatus AiffParser::beginSound()
 AudioStatus AiffParser::hold(std::span<const std::byte>& bytes)
 {
     const std::int64_t missing = *dataBytes_ - std::ssize(held_.bytes());
-    const auto taken =
-        bytes.first(static_cast<std::size_t>(std::min<std::int64_t>(missing, std::ssize(bytes))));
+    const auto taken = fields_.takeSome(bytes, missing);
     if (!held_.hold(taken))
         return kInvalidFile;
-    bytes = bytes.subspan(taken.size());
     if (std::ssize(taken) == missing)
         nextChunk(chunkBytes_ & 1);
     return kAudioOk;

@@ -3,6 +3,7 @@
 
 #include "platform/desktop/parsers/AiffParser.h"
 #include "platform/desktop/parsers/ByteReader.h"
+#include "platform/desktop/parsers/CafParser.h"
 #include "platform/desktop/parsers/FlacParser.h"
 #include "platform/desktop/parsers/FrameParser.h"
 #include "platform/desktop/parsers/Id3v2.h"
@@ -33,8 +34,7 @@ bool isAiff(const Head& head)
 /// Containers whose compressed contents could be mistaken for frames of MPEG audio here and there.
 bool isForeignContainer(const Head& head)
 {
-    return holds(head, 4, "ftyp") || (holds(head, 0, "FORM") && !isAiff(head)) || holds(head, 0, "caff") ||
-           holds(head, 0, "OggS");
+    return holds(head, 4, "ftyp") || (holds(head, 0, "FORM") && !isAiff(head)) || holds(head, 0, "OggS");
 }
 
 /// Passes over the tags that any kind of file may begin with, chooses the parser by what follows, and
@@ -139,6 +139,8 @@ class RecognisingFileStream : public AudioFileStream, private ParserOutput {
             parser_ = std::make_unique<AiffParser>(output, offset_);
         else if (holds(head_, 0, "fLaC"))
             parser_ = std::make_unique<FlacParser>(output, offset_);
+        else if (holds(head_, 0, "caff"))
+            parser_ = std::make_unique<CafParser>(output, offset_);
         else
             parser_ = std::make_unique<FrameParser>(output, offset_);
     }

@@ -12,17 +12,22 @@ void FieldReader::want(std::size_t bytes, std::int64_t skipBytes)
     skip_ = skipBytes;
 }
 
+std::span<const std::byte> FieldReader::takeSome(std::span<const std::byte>& bytes, std::int64_t most)
+{
+    const auto taken = bytes.first(static_cast<std::size_t>(std::min<std::int64_t>(most, std::ssize(bytes))));
+    bytes = bytes.subspan(taken.size());
+    offset_ += std::ssize(taken);
+    return taken;
+}
+
 bool FieldReader::take(std::span<const std::byte>& bytes)
 {
-    const auto skipped = std::min<std::int64_t>(skip_, std::ssize(bytes));
-    skip_ -= skipped;
-    bytes = bytes.subspan(static_cast<std::size_t>(skipped));
-    const auto taken =
-        skip_ > 0 ? bytes.first(0) : bytes.first(std::min(wanted_ - field_.size(), bytes.size()));
+    skip_ -= std::ssize(takeSome(bytes, skip_));
+    if (skip_ > 0)
+        return false;
+    const auto taken = takeSome(bytes, static_cast<std::int64_t>(wanted_ - field_.size()));
     field_.insert(field_.end(), taken.begin(), taken.end());
-    bytes = bytes.subspan(taken.size());
-    offset_ += skipped + std::ssize(taken);
-    return skip_ == 0 && field_.size() == wanted_;
+    return field_.size() == wanted_;
 }
 
 } // namespace zib

@@ -22,6 +22,8 @@ class FieldReader {
     void want(std::size_t bytes, std::int64_t skipBytes = 0);
     /// Takes bytes from the front of these; true once the field is whole.
     [[nodiscard]] bool take(std::span<const std::byte>& bytes);
+    /// Takes bytes that are no field from the front of these: as many as there are, up to most.
+    [[nodiscard]] std::span<const std::byte> takeSome(std::span<const std::byte>& bytes, std::int64_t most);
     /// The whole field, until the next is wanted.
     [[nodiscard]] std::span<const std::byte> field() const { return field_; }
     /// The byte of the file that comes next.
