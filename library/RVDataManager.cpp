@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "library/RVDataManager.h"
 
+#include "library/ITunesImporter.h"
 #include "library/LibrarySaver.h"
 #include "platform/Alerts.h"
 #include "platform/Clock.h"
@@ -40,6 +41,7 @@ RVDataManager::RVDataManager(UserDefaults& defaults, Alerts& alerts, const Clock
     , table_(playlistsTableView)
     , delegate_(&noDelegate)
     , browser_(contents_, tophot_, recommended_, playlistsTableView)
+    , iTunesImporter_(std::make_unique<ITunesImporter>(*this))
 {
     // The settings are written on the main thread only, so the save hands the removal of layouts over.
     saver_ = std::make_unique<LibrarySaver>(LibraryFile(libraryPath), [this](const QList<Record>& searches) {
@@ -336,6 +338,21 @@ void RVDataManager::setUserName(const QString& name)
 {
     contents_.userInfo.set(keys::Username, name);
     saveLibrary();
+}
+
+QString RVDataManager::iTunesLibraryPath() const
+{
+    return ITunesImporter::iTunesLibraryPath();
+}
+
+void RVDataManager::mergeLibraryWithITunesLibrary()
+{
+    iTunesImporter_->mergeLibraryWithITunesLibrary();
+}
+
+void RVDataManager::removeITunesItemsFromLibrary()
+{
+    iTunesImporter_->removeITunesItemsFromLibrary();
 }
 
 void RVDataManager::removeAutosaveForTableColumnWithUID(const QString& uid)

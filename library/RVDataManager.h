@@ -19,6 +19,7 @@ namespace zib {
 
 class Alerts;
 class Clock;
+class ITunesImporter;
 class LibrarySaver;
 class TableView;
 class UserDefaults;
@@ -96,6 +97,15 @@ class RVDataManager : public QObject {
     [[nodiscard]] QString userName() const;
     void setUserName(const QString& name);
 
+    /// Imports the songs of the user's iTunes library, or takes them out again: see ITunesImporter.
+    /// @{
+    [[nodiscard]] QString iTunesLibraryPath() const;
+    void mergeLibraryWithITunesLibrary();
+    void removeITunesItemsFromLibrary();
+    /// To follow an import, and to stop it.
+    [[nodiscard]] ITunesImporter& iTunesImporter() { return *iTunesImporter_; }
+    /// @}
+
     /// Removes every setting whose name ends with that text: a search's or playlist's column layout.
     void removeAutosaveForTableColumnWithUID(const QString& uid);
 
@@ -162,6 +172,7 @@ class RVDataManager : public QObject {
     RecordTable tophot_;
     RecordTable recommended_;
     TrackBrowser browser_;
+    std::unique_ptr<ITunesImporter> iTunesImporter_;
 };
 
 } // namespace zib

@@ -14,7 +14,7 @@ namespace zib {
 /// The files of songs in the music folder, each at its song's SongPaths::filePath: the one place that
 /// creates, fills and moves them. Nothing is touched outside of the folder, no file ever takes another's
 /// place, and a file appears whole or not at all, also when the program is killed. A failure is a text for
-/// people, and leaves every file where it was. Main thread.
+/// people, and leaves every file where it was. Any thread.
 class SongFiles {
   public:
     using Result = tl::expected<void, QString>;
