@@ -1,68 +1,122 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/AppDelegate.h"
 
+#include "library/FileImporter.h"
+#include "library/ITunesImporter.h"
 #include "library/MusicFolder.h"
 #include "library/RVDataManager.h"
 #include "platform/Alerts.h"
 #include "platform/Desktop.h"
+#include "platform/RVBusyPanel.h"
 #include "platform/SettingsKeys.h"
 #include "platform/UserDefaults.h"
+#include "services/utilities/PathUtilities.h"
 #include "views/AboutWindow.h"
 #include "views/MainWindow.h"
 
+#include <QLocale>
 #include <QUrl>
 
 #include <utility>
 
 namespace zib {
 
-AppDelegate::AppDelegate(MainWindow& mainWindow, RVDataManager& dataManager, UserDefaults& defaults,
-                         Alerts& alerts, Desktop& desktop, QString readMePath)
-    : mainWindow_(mainWindow)
-    , dataManager_(dataManager)
-    , defaults_(defaults)
-    , alerts_(alerts)
-    , desktop_(desktop)
-    , readMePath_(std::move(readMePath))
+AppDelegate::AppDelegate(Parts parts)
+    : parts_(std::move(parts))
 {
+    followImports();
 }
 
 AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::applicationDidFinishLaunching()
 {
-    mainWindow_.show();
+    parts_.mainWindow.show();
 }
 
 bool AppDelegate::applicationShouldHandleReopen(bool hasVisibleWindows)
 {
     if (!hasVisibleWindows)
-        mainWindow_.show();
+        parts_.mainWindow.show();
     return false;
 }
 
-// The library needs nothing here: every change was written when it was made.
+// The library needs nothing else: every change was written when it was made.
 void AppDelegate::applicationWillTerminate()
 {
-    defaults_.remove(settings::BriefStatusMessage);
+    parts_.importer.stopNow();
+    parts_.dataManager.iTunesImporter().stopNow();
+    parts_.defaults.remove(settings::BriefStatusMessage);
+}
+
+void AppDelegate::openFiles(const QStringList& paths)
+{
+    if (paths.isEmpty())
+        return;
+    if (pathExtension(paths.first()) == QLatin1String("zib")) {
+        parts_.desktop.bringToFront();
+        return;
+    }
+    if (!parts_.importer.isRunning())
+        parts_.sharedPanel.open(tr("Adding songs to your library"), [this] { parts_.importer.stop(); });
+    addFiles(paths);
+}
+
+void AppDelegate::addFiles(const QStringList& paths)
+{
+    parts_.importer.addFiles(paths);
+}
+
+void AppDelegate::followImports()
+{
+    RVBusyPanel& panel = parts_.sharedPanel;
+    connect(&parts_.importer, &FileImporter::adding, this,
+            [&panel](const QString& path) { panel.setInformativeText(tr("Adding %1").arg(path)); });
+    connect(&parts_.importer, &FileImporter::progressed, this,
+            [&panel](int done, int total) { panel.setProgress(done, total); });
+    connect(&parts_.importer, &FileImporter::finished, this, [this](int added) {
+        parts_.dataManager.reloadData();
+        parts_.dataManager.saveLibrary();
+        importEnded(added, tr("No songs were found"));
+    });
+
+    ITunesImporter& iTunes = parts_.dataManager.iTunesImporter();
+    connect(&iTunes, &ITunesImporter::started, this, [this, &panel, &iTunes] {
+        panel.open(tr("Importing your iTunes library"), [&iTunes] { iTunes.stop(); });
+    });
+    connect(&iTunes, &ITunesImporter::progressed, this,
+            [&panel](int done, int total) { panel.setProgress(done, total); });
+    connect(&iTunes, &ITunesImporter::finished, this, [this](int added, bool found) {
+        importEnded(added, found ? tr("No songs were found") : tr("No iTunes music library found!"));
+    });
+}
+
+void AppDelegate::importEnded(int added, const QString& nothingText)
+{
+    if (!parts_.importer.isRunning() && !parts_.dataManager.iTunesImporter().isRunning())
+        parts_.sharedPanel.close();
+    const QString text = added == 0   ? nothingText
+                         : added == 1 ? tr("1 song added")
+                                      : tr("%1 songs added").arg(QLocale().toString(added));
+    parts_.defaults.setValue(settings::BriefStatusMessage, text);
 }
 
 void AppDelegate::openCloseMainWindow()
 {
-    if (mainWindow_.isVisible()) {
-        mainWindow_.close();
+    if (parts_.mainWindow.isVisible()) {
+        parts_.mainWindow.close();
         return;
     }
-    mainWindow_.show();
-    mainWindow_.raise();
-    mainWindow_.activateWindow();
+    parts_.mainWindow.show();
+    parts_.mainWindow.raise();
+    parts_.mainWindow.activateWindow();
 }
 
 void AppDelegate::openPreferences()
 {
     if (!preferencesWindow_) {
         MusicFolderActions& musicFolder = *this;
-        preferencesWindow_ = std::make_unique<PreferencesWindow>(defaults_, musicFolder, alerts_);
+        preferencesWindow_ = std::make_unique<PreferencesWindow>(parts_.defaults, musicFolder, parts_.alerts);
     }
     preferencesWindow_->show();
     preferencesWindow_->raise();
@@ -78,7 +132,7 @@ void AppDelegate::openAboutWindow()
 
 void AppDelegate::openReadMe()
 {
-    desktop_.openUrl(QUrl::fromLocalFile(readMePath_));
+    parts_.desktop.openUrl(QUrl::fromLocalFile(parts_.readMePath));
 }
 
 void AppDelegate::goToWebsite(int tag)
@@ -86,13 +140,15 @@ void AppDelegate::goToWebsite(int tag)
     const QString& key = tag == Support           ? settings::SupportPage
                          : tag == SharedPlaylists ? settings::SharedPlaylistsPage
                                                   : settings::HomePage;
-    desktop_.openUrl(QUrl(defaults_.string(key)));
+    parts_.desktop.openUrl(QUrl(parts_.defaults.string(key)));
 }
 
 QString AppDelegate::changeTo(const QString& pickedFolder)
 {
-    const QString from = defaults_.string(settings::MusicFolder);
-    const auto moved = changeMusicFolder(defaults_, pickedFolder);
+    if (parts_.importer.isRunning())
+        return tr("Songs are being added to the music folder. Please wait for the end of that.");
+    const QString from = parts_.defaults.string(settings::MusicFolder);
+    const auto moved = changeMusicFolder(parts_.defaults, pickedFolder);
     if (!moved)
         return moved.error();
     musicFolderMoved(from);
@@ -101,8 +157,8 @@ QString AppDelegate::changeTo(const QString& pickedFolder)
 
 void AppDelegate::reset()
 {
-    const QString from = defaults_.string(settings::MusicFolder);
-    if (resetMusicFolder(defaults_))
+    const QString from = parts_.defaults.string(settings::MusicFolder);
+    if (resetMusicFolder(parts_.defaults))
         musicFolderMoved(from);
 }
 
@@ -112,7 +168,7 @@ void AppDelegate::musicFolderMoved(const QString& from)
     const auto prefix = [](const QString& folder) {
         return QString::fromUtf8(QUrl::fromLocalFile(folder + QLatin1Char('/')).toEncoded());
     };
-    dataManager_.relocate(prefix(from), prefix(defaults_.string(settings::MusicFolder)));
+    parts_.dataManager.relocate(prefix(from), prefix(parts_.defaults.string(settings::MusicFolder)));
 }
 
 } // namespace zib

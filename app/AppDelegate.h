@@ -11,8 +11,10 @@ namespace zib {
 
 class AboutWindow;
 class Desktop;
+class FileImporter;
 class MainWindow;
 class PreferencesWindow;
+class RVBusyPanel;
 class RVDataManager;
 class UserDefaults;
 class Alerts;
@@ -22,8 +24,18 @@ class AppDelegate : public QObject, private MusicFolderActions {
     Q_OBJECT
 
   public:
-    AppDelegate(MainWindow& mainWindow, RVDataManager& dataManager, UserDefaults& defaults, Alerts& alerts,
-                Desktop& desktop, QString readMePath);
+    struct Parts {
+        MainWindow& mainWindow;
+        RVDataManager& dataManager;
+        FileImporter& importer;
+        RVBusyPanel& sharedPanel;
+        UserDefaults& defaults;
+        Alerts& alerts;
+        Desktop& desktop;
+        QString readMePath;
+    };
+    /// All of them outlive the delegate.
+    explicit AppDelegate(Parts parts);
     ~AppDelegate() override;
 
     void applicationDidFinishLaunching();
@@ -33,6 +45,12 @@ class AppDelegate : public QObject, private MusicFolderActions {
     /// @return false: nothing is left for the desktop to do.
     bool applicationShouldHandleReopen(bool hasVisibleWindows);
     void applicationWillTerminate();
+
+    /// Opens documents: sound files and folders come into the library, while the busy panel tells of it. When
+    /// the first is a library file, nothing is imported and the main window comes to the front.
+    void openFiles(const QStringList& paths);
+    /// Imports files, and what is in folders. Returns at once; the library is shown and saved at the end.
+    void addFiles(const QStringList& paths);
 
     // The application menu
     void openCloseMainWindow();
@@ -48,13 +66,10 @@ class AppDelegate : public QObject, private MusicFolderActions {
     QString changeTo(const QString& pickedFolder) override;
     void reset() override;
     void musicFolderMoved(const QString& from);
+    void followImports();
+    void importEnded(int added, const QString& nothingText);
 
-    MainWindow& mainWindow_;
-    RVDataManager& dataManager_;
-    UserDefaults& defaults_;
-    Alerts& alerts_;
-    Desktop& desktop_;
-    QString readMePath_;
+    Parts parts_;
     std::unique_ptr<PreferencesWindow> preferencesWindow_; // made when first asked for, then kept
     std::unique_ptr<AboutWindow> aboutWindow_;
 };

@@ -5,12 +5,14 @@
 #include "app/CatalogueProcess.h"
 #include "controller/DefaultSettings.h"
 #include "controller/RVMainController.h"
+#include "library/FileImporter.h"
 #include "library/LibraryFile.h"
 #include "library/RVDataManager.h"
 #include "platform/SettingsKeys.h"
 #include "platform/desktop/CurlReadStreams.h"
 #include "platform/desktop/CurlUrlLoader.h"
 #include "platform/desktop/DesktopAudioQueue.h"
+#include "platform/desktop/DesktopFileMetadata.h"
 #include "platform/desktop/DesktopMovie.h"
 #include "platform/desktop/DesktopSound.h"
 #include "platform/desktop/LoginPowerEvents.h"
@@ -27,6 +29,7 @@
 #include "views/MainWindow.h"
 #include "views/Theme.h"
 #include "views/WidgetAlerts.h"
+#include "views/WidgetBusyPanel.h"
 #include "views/WidgetDesktop.h"
 
 #include <QApplication>
@@ -67,6 +70,7 @@ Places Places::standard()
     places.catalogueData = below(QStandardPaths::GenericDataLocation, QStringLiteral("zib/catalogue"));
     places.music = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
     places.readMe = programs.filePath(QStringLiteral("../share/zib/ReadMe.txt"));
+    places.metadata = programs.filePath(QStringLiteral("zib-metadata"));
     places.catalogue = programs.filePath(QStringLiteral("zib-catalogue"));
     places.meetingPlace =
         below(QStandardPaths::RuntimeLocation, QStringLiteral("zib-") + md5HexDigest(places.library).left(8));
@@ -82,11 +86,14 @@ struct Application::Parts {
         , queues(sound)
         , movies(sound)
         , window((prepare(), defaults))
+        , sharedPanel(&window)
         , dataManager(defaults, alerts, clock, window.songTable(), places.library)
         , player(nullptr, {readStreams, fileStreams, queues, alerts, defaults}, movies, desktop)
         , controller(dataManager, player, {loader, defaults, clock}, defaults, alerts, desktop, window)
         , network(reachability, powerEvents, defaults, &controller)
-        , delegate(window, dataManager, defaults, alerts, desktop, places.readMe)
+        , metadata(places.metadata)
+        , importer(dataManager, metadata, defaults)
+        , delegate({window, dataManager, importer, sharedPanel, defaults, alerts, desktop, places.readMe})
     {
     }
 
@@ -110,10 +117,13 @@ struct Application::Parts {
     WidgetAlerts alerts;
     WidgetDesktop desktop;
     MainWindow window;
+    WidgetBusyPanel sharedPanel;
     RVDataManager dataManager;
     RVPlayer player;
     RVMainController controller;
     PKNetwork network;
+    DesktopFileMetadata metadata;
+    FileImporter importer;
     AppDelegate delegate;
 };
 
@@ -159,6 +169,7 @@ Application::Application(Places places, const QVariantMap& overrides)
         [&parts](const QString& line) { parts.defaults.setValue(settings::BriefStatusMessage, line); });
     QObject::connect(qApp, &QApplication::aboutToQuit, &parts.delegate,
                      &AppDelegate::applicationWillTerminate);
+    QObject::connect(&parts.window, &MainWindow::filesGiven, &parts.delegate, &AppDelegate::openFiles);
     parts.fillApplicationMenu();
     parts.window.attach(parts.controller);
 }
@@ -178,6 +189,11 @@ void Application::reopen()
         parts_->desktop.bringToFront();
 }
 
+void Application::openFiles(const QStringList& paths)
+{
+    parts_->delegate.openFiles(paths);
+}
+
 void Application::Parts::fillApplicationMenu()
 {
     QMenu& menu = window.applicationMenu();
@@ -189,6 +205,10 @@ void Application::Parts::fillApplicationMenu()
     const auto text = [](const char* english) {
         return QCoreApplication::translate("ApplicationMenu", english);
     };
+    add(text("Add to library…"), QKeySequence(QKeySequence::Open), [this] { window.addToLibrary(); });
+    add(text("Import iTunes library…"), {}, [this] { controller.importITunesLibrary(); });
+    add(text("Remove iTunes items"), {}, [this] { controller.removeITunesItems(); });
+    menu.addSeparator();
     add(text("Preferences…"), QKeySequence(Qt::CTRL | Qt::Key_Comma), [this] { delegate.openPreferences(); });
     menu.addSeparator();
     add(text("Read me"), QKeySequence(QKeySequence::HelpContents), [this] { delegate.openReadMe(); });

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QVariantMap>
 
 #include <memory>
@@ -16,6 +17,7 @@ struct Places {
     QString catalogueData; ///< folder of the bundled service
     QString music;         ///< folder of the user's own music
     QString readMe;        ///< the text for people that comes with the program
+    QString metadata;      ///< the program that reads the tags of files
     QString catalogue;     ///< the bundled service's program
     QString meetingPlace;  ///< where a second start finds the first
 
@@ -35,6 +37,8 @@ class Application {
     void start();
     /// A later start asks for the window.
     void reopen();
+    /// Opens documents; see AppDelegate.
+    void openFiles(const QStringList& paths);
 
   private:
     struct Parts;

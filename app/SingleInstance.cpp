@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/SingleInstance.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QLockFile>
@@ -14,18 +16,33 @@ namespace {
 Q_LOGGING_CATEGORY(log, "zib.app.instance")
 
 constexpr int kPatienceMs = 2000;
+constexpr qint64 kLongestRequest = qint64(8) << 20; // no command line is longer
 const QByteArray kReopen = QByteArrayLiteral("reopen\n");
+const QByteArray kOpen = QByteArrayLiteral("open "); // and the paths as a JSON array
 
-bool askRunningInstance(const QString& name)
+bool askRunningInstance(const QString& name, const QStringList& files)
 {
     QLocalSocket socket;
     socket.connectToServer(name);
     if (!socket.waitForConnected(kPatienceMs))
         return false;
     socket.write(kReopen);
-    socket.waitForBytesWritten(kPatienceMs);
+    if (!files.isEmpty())
+        socket.write(kOpen + QJsonDocument(QJsonArray::fromStringList(files)).toJson(QJsonDocument::Compact) +
+                     '\n');
+    while (socket.bytesToWrite() > 0 && socket.waitForBytesWritten(kPatienceMs)) {
+    }
     socket.disconnectFromServer();
     return true;
+}
+
+QStringList pathsOf(const QByteArray& json)
+{
+    QStringList paths;
+    const QJsonArray array = QJsonDocument::fromJson(json).array();
+    for (const auto path : array)
+        paths.append(path.toString());
+    return paths;
 }
 
 } // namespace
@@ -37,13 +54,13 @@ SingleInstance::SingleInstance(QString name)
 
 SingleInstance::~SingleInstance() = default;
 
-bool SingleInstance::claim()
+bool SingleInstance::claim(const QStringList& files)
 {
     // Two starts at the same moment must not both find nobody and both take the place.
     QLockFile lock(name_ + QStringLiteral(".lock"));
     if (!lock.tryLock(kPatienceMs))
         qCWarning(log, "no lock at %s", qUtf8Printable(lock.fileName()));
-    if (askRunningInstance(name_))
+    if (askRunningInstance(name_, files))
         return false;
 
     server_ = std::make_unique<QLocalServer>();
@@ -63,8 +80,15 @@ void SingleInstance::receive(QLocalSocket* connection)
 {
     connect(connection, &QLocalSocket::disconnected, connection, &QObject::deleteLater);
     const auto read = [this, connection] {
-        if (connection->canReadLine() && connection->readLine(64) == kReopen)
-            Q_EMIT reopenRequested();
+        while (connection->canReadLine()) {
+            const QByteArray line = connection->readLine(kLongestRequest);
+            if (line == kReopen)
+                Q_EMIT reopenRequested();
+            else if (line.startsWith(kOpen))
+                Q_EMIT openRequested(pathsOf(line.mid(kOpen.size())));
+        }
+        if (connection->bytesAvailable() > kLongestRequest)
+            connection->abort();
     };
     connect(connection, &QLocalSocket::readyRead, this, read);
     read();

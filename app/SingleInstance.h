@@ -23,12 +23,15 @@ class SingleInstance : public QObject {
     ~SingleInstance() override;
 
     /// @return true when this is the first; it then receives what later ones say. False when another runs,
-    /// which has been asked to come to the front; this one is to end.
-    bool claim();
+    /// which has been asked to come to the front and to open the files; this one is to end.
+    /// @param files absolute paths.
+    bool claim(const QStringList& files = {});
 
   Q_SIGNALS:
     /// A later start asks for the window.
     void reopenRequested();
+    /// A later start was given files.
+    void openRequested(const QStringList& files);
 
   private:
     void receive(QLocalSocket* connection);

@@ -8,7 +8,9 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QFileInfo>
 #include <QTextStream>
+#include <QUrl>
 
 #include <algorithm>
 #include <cstring>
@@ -48,9 +50,20 @@ void parse(QCommandLineParser& parser, const Options& options)
     parser.setApplicationDescription(QCoreApplication::translate("main", "Finds, plays and keeps music."));
     parser.addHelpOption();
     parser.addVersionOption();
+    parser.addPositionalArgument(
+        QStringLiteral("FILE"),
+        QCoreApplication::translate("main", "Sound files and folders to add to the library."),
+        QStringLiteral("[FILE…]"));
     parser.addOption(options.services);
     parser.addOption(options.exportLibrary);
     parser.process(*QCoreApplication::instance());
+}
+
+/// The absolute path of an argument, which may be an address as desktops hand them over.
+QString pathOf(const QString& argument)
+{
+    return argument.startsWith(QLatin1String("file://")) ? QUrl(argument).toLocalFile()
+                                                         : QFileInfo(argument).absoluteFilePath();
 }
 
 /// Needs no window, so it must not need a display either.
@@ -77,10 +90,14 @@ int runProgram(int argc, char** argv)
     const Options options;
     QCommandLineParser parser;
     parse(parser, options);
-    if (!parser.positionalArguments().isEmpty())
-        return fail(QCoreApplication::translate("main", "unexpected argument “%1”")
-                        .arg(parser.positionalArguments().constFirst()),
-                    kUsageError);
+    QStringList files;
+    const QStringList arguments = parser.positionalArguments();
+    for (const QString& argument : arguments) {
+        files.append(pathOf(argument));
+        if (!QFileInfo::exists(files.last()))
+            return fail(QCoreApplication::translate("main", "there is no file “%1”").arg(argument),
+                        kUsageError);
+    }
     QVariantMap overrides;
     if (parser.isSet(options.services)) {
         const auto hosts = zib::hostsAtBase(parser.value(options.services));
@@ -94,13 +111,16 @@ int runProgram(int argc, char** argv)
 
     const zib::Places places = zib::Places::standard();
     zib::SingleInstance instance(places.meetingPlace);
-    if (!instance.claim())
+    if (!instance.claim(files))
         return 0;
     zib::Application program(places, overrides);
     QObject::connect(&instance, &zib::SingleInstance::reopenRequested, &application,
                      [&] { program.reopen(); });
+    QObject::connect(&instance, &zib::SingleInstance::openRequested, &application,
+                     [&](const QStringList& paths) { program.openFiles(paths); });
     const zib::TerminationSignals signalHandler([] { QCoreApplication::quit(); });
     program.start();
+    program.openFiles(files);
     return QApplication::exec();
 }
 

@@ -3,7 +3,10 @@
 
 #include "controller/MainWindowView.h"
 #include "library/RVDataManager.h"
+#include "platform/SettingsKeys.h"
 #include "platform/TableView.h"
+
+#include <QCoreApplication>
 
 namespace zib {
 
@@ -49,6 +52,22 @@ void RVMainController::showSearch(int index)
     context_.dataManager.setSource(SourceType::RecentSearches);
     context_.dataManager.setCurrentPlaylistIndex(index);
     context_.window.reloadSources();
+}
+
+void RVMainController::importITunesLibrary()
+{
+    const int button = notices_.runSuppressibleConfirmation(
+        QCoreApplication::translate("RVMainController",
+                                    "You are about to import your iTunes music library. Songs will be added "
+                                    "by reference. No songs will be duplicated on disk."),
+        settings::SupressDialogITunes);
+    if (button == 0)
+        context_.dataManager.mergeLibraryWithITunesLibrary();
+}
+
+void RVMainController::removeITunesItems()
+{
+    context_.dataManager.removeITunesItemsFromLibrary();
 }
 
 void RVMainController::connectedToInternetNotification()

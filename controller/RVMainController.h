@@ -37,6 +37,11 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
     /// Shows a recent search; 0 is the newest.
     void showSearch(int index);
 
+    /// Imports the user's iTunes library, once the user has agreed to it.
+    void importITunesLibrary();
+    /// Takes the songs that came from it out again.
+    void removeITunesItems();
+
     // For the library manager
     [[nodiscard]] Record nowplayingTrack() const override { return playback_.nowplayingTrack(); }
     void setNowplayingTrack(const Record& track) override { playback_.setNowplayingTrack(track); }

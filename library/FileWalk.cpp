@@ -49,22 +49,26 @@ bool FileWalk::lookAhead()
         entries_[places[i]].attributes = attributes.value(i);
 
     bool known = true;
-    for (std::size_t place = end(); place-- > 0;) { // from the back, so that the places before stay
-        if (entries_[place].attributes && entries_[place].attributes->kind == folderKind) {
-            enterFolder(place);
-            known = false;
+    for (std::size_t place = 0; place < end();) {
+        const auto& entry = entries_[place];
+        if (!entry.attributes || entry.attributes->kind != folderKind) {
+            ++place;
+            continue;
         }
+        known = false;
+        place += enterFolder(place);
     }
     return known;
 }
 
-void FileWalk::enterFolder(std::size_t place)
+/// How many entries stand in its place now.
+std::size_t FileWalk::enterFolder(std::size_t place)
 {
     const QString path = entries_[place].path;
     entries_.erase(entries_.begin() + qsizetype(place));
     const QString canonical = QFileInfo(path).canonicalFilePath();
     if (canonical.isEmpty() || entered_.contains(canonical))
-        return;
+        return 0;
     entered_.insert(canonical);
     const QDir folder(path);
     const QStringList names =
@@ -73,6 +77,7 @@ void FileWalk::enterFolder(std::size_t place)
     for (const QString& name : names)
         content.push_back({folder.filePath(name), {}});
     entries_.insert(entries_.begin() + qsizetype(place), content.begin(), content.end());
+    return content.size();
 }
 
 } // namespace zib

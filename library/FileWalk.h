@@ -36,7 +36,7 @@ class FileWalk {
     };
 
     [[nodiscard]] bool lookAhead();
-    void enterFolder(std::size_t place);
+    std::size_t enterFolder(std::size_t place);
 
     FileMetadata& metadata_;
     std::deque<Entry> entries_;

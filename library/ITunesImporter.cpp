@@ -129,6 +129,7 @@ void ITunesImporter::mergeLibraryWithITunesLibrary()
         if (!path.isEmpty())
             readLibrary(sink, path);
     });
+    Q_EMIT started();
 }
 
 void ITunesImporter::readLibrary(ImportThread::Sink& sink, const QString& path)

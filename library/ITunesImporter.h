@@ -35,6 +35,7 @@ class ITunesImporter : public QObject {
     void removeITunesItemsFromLibrary();
 
   Q_SIGNALS:
+    void started();
     /// @param done songs of all.
     void progressed(int done, int total);
     /// @param found whether there was an iTunes library that could be read.

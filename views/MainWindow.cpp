@@ -5,6 +5,7 @@
 #include "library/RVDataManager.h"
 #include "platform/SettingsKeys.h"
 #include "platform/UserDefaults.h"
+#include "views/AddToLibraryPanel.h"
 #include "views/EmptyPlace.h"
 #include "views/Icons.h"
 #include "views/NowPlayingPanel.h"
@@ -17,9 +18,11 @@
 
 #include <QApplication>
 #include <QBoxLayout>
+#include <QDropEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
+#include <QMimeData>
 #include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
@@ -47,6 +50,17 @@ QToolButton* makeButton(const QString& iconName, int iconSize, const QString& ac
     return button;
 }
 
+/// The files on this computer among what is dragged.
+QStringList draggedFiles(const QMimeData& data)
+{
+    QStringList paths;
+    const QList<QUrl> urls = data.urls();
+    for (const QUrl& url : urls)
+        if (url.isLocalFile())
+            paths.append(url.toLocalFile());
+    return paths;
+}
+
 } // namespace
 
 MainWindow::MainWindow(UserDefaults& defaults)
@@ -54,6 +68,7 @@ MainWindow::MainWindow(UserDefaults& defaults)
 {
     setWindowTitle(QStringLiteral("Zib"));
     setMinimumSize(smallestWindow);
+    setAcceptDrops(true);
     auto* content = new QWidget(this);
     auto* layout = new QVBoxLayout(content);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -252,6 +267,31 @@ void MainWindow::makeShortcuts()
         else
             love_->click();
     });
+}
+
+void MainWindow::addToLibrary()
+{
+    AddToLibraryPanel panel(this);
+    if (panel.exec() == QDialog::Accepted)
+        Q_EMIT filesGiven(panel.pickedPaths());
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!draggedFiles(*event->mimeData()).isEmpty()) {
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+    }
+}
+
+void MainWindow::dropEvent(QDropEvent* event)
+{
+    const QStringList paths = draggedFiles(*event->mimeData());
+    event->setDropAction(Qt::CopyAction); // whoever offers to move would remove the files
+    event->accept();
+    // Later, so that the file manager need not wait for what follows.
+    QMetaObject::invokeMethod(
+        this, [this, paths] { Q_EMIT filesGiven(paths); }, Qt::QueuedConnection);
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event)

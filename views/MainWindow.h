@@ -43,6 +43,9 @@ class MainWindow : public QMainWindow, public MainWindowView {
     /// controller when nobody uses it any more.
     void attach(RVMainController& controller);
 
+    /// Asks for files and folders to add to the library.
+    void addToLibrary();
+
     // From the controller
     void setPlaying(bool playing) override;
     void setFavorite(bool loved) override;
@@ -61,7 +64,13 @@ class MainWindow : public QMainWindow, public MainWindowView {
     void reloadSources() override;
     void setConnected(bool connected) override;
 
+  Q_SIGNALS:
+    /// The user has picked files or folders, or dropped them on the window.
+    void filesGiven(const QStringList& paths);
+
   protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -33,7 +33,7 @@ void TextLabel::paintEvent(QPaintEvent*)
     painter.setPen(palette().color(foregroundRole()));
     const QRect area = contentsRect();
     painter.drawText(area, int(alignment()) | Qt::TextSingleLine,
-                     fontMetrics().elidedText(text_, Qt::ElideRight, area.width()));
+                     fontMetrics().elidedText(text_, elideMode_, area.width()));
 }
 
 void TextLabel::resizeEvent(QResizeEvent* event)

@@ -7,8 +7,8 @@
 
 namespace zib {
 
-/// A label of changing text with a lasting accessible name. It ends in "…" where the text does not fit, and
-/// then has the whole text as its tip.
+/// A label of changing text with a lasting accessible name. Where the text does not fit, part of it gives way
+/// to "…", its end unless told otherwise, and the whole text is the tip.
 class TextLabel : public QLabel, public ShowsText {
     Q_OBJECT
 
@@ -16,6 +16,7 @@ class TextLabel : public QLabel, public ShowsText {
     explicit TextLabel(const QString& accessibleName, QWidget* parent = nullptr);
 
     void setShownText(const QString& text);
+    void setElideMode(Qt::TextElideMode mode) { elideMode_ = mode; }
     [[nodiscard]] QString shownText() const override { return text_; }
     [[nodiscard]] QSize minimumSizeHint() const override;
 
@@ -27,6 +28,7 @@ class TextLabel : public QLabel, public ShowsText {
     void updateTip();
 
     QString text_;
+    Qt::TextElideMode elideMode_ = Qt::ElideRight;
 };
 
 } // namespace zib

@@ -3,18 +3,24 @@
 // when their folder moves.
 #include "app/AppDelegate.h"
 #include "controller/DefaultSettings.h"
+#include "library/FileImporter.h"
+#include "library/ITunesImporter.h"
 #include "library/RVDataManager.h"
 #include "platform/SettingsKeys.h"
 #include "records/PropertyValue.h"
 #include "tests/fakes/FakeAlerts.h"
+#include "tests/fakes/FakeBusyPanel.h"
 #include "tests/fakes/FakeClock.h"
 #include "tests/fakes/FakeDesktop.h"
+#include "tests/fakes/FakeFileMetadata.h"
 #include "tests/fakes/FakeTableView.h"
 #include "tests/fakes/FakeUserDefaults.h"
 #include "views/MainWindow.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QUrl>
@@ -34,8 +40,10 @@ class AppDelegateTest : public testing::Test {
         window_ = std::make_unique<MainWindow>(defaults_);
         manager_ = std::make_unique<RVDataManager>(defaults_, alerts_, clock_, table_,
                                                    disk_.filePath(QStringLiteral("l.zib")));
-        delegate_ = std::make_unique<AppDelegate>(*window_, *manager_, defaults_, alerts_, desktop_,
-                                                  QStringLiteral("/doc/ReadMe.txt"));
+        importer_ = std::make_unique<FileImporter>(*manager_, metadata_, defaults_);
+        delegate_ = std::make_unique<AppDelegate>(
+            AppDelegate::Parts{*window_, *manager_, *importer_, sharedPanel_, defaults_, alerts_, desktop_,
+                               QStringLiteral("/doc/ReadMe.txt")});
     }
     ~AppDelegateTest() override { qputenv("HOME", home_); }
 
@@ -56,7 +64,10 @@ class AppDelegateTest : public testing::Test {
     FakeDesktop desktop_;
     FakeTableView table_;
     std::unique_ptr<MainWindow> window_;
+    FakeBusyPanel sharedPanel_;
+    FakeFileMetadata metadata_;
     std::unique_ptr<RVDataManager> manager_;
+    std::unique_ptr<FileImporter> importer_;
     std::unique_ptr<AppDelegate> delegate_;
 };
 
@@ -131,6 +142,47 @@ TEST_F(AppDelegateTest, PreferencesMoveTheMusicAndTheSongsFollow)
     const Record moved = manager_->library().find(QStringLiteral("0123456789abcdef"));
     EXPECT_EQ(QUrl(moved.string(keys::Location)).toLocalFile(),
               disk_.filePath(QStringLiteral("Music/Zib/Zib Music/Ann/So ng.mp3")));
+}
+
+TEST_F(AppDelegateTest, OpenedFilesComeInWhileThePanelTells)
+{
+    defaults_.setValue(settings::CopyImportedFilesToLibrary, false);
+    metadata_.addSound(QStringLiteral("a.mp3"), QStringLiteral("A"));
+    const QString song = disk_.filePath(QStringLiteral("a.mp3"));
+    const QString library = disk_.filePath(QStringLiteral("L.zib"));
+
+    delegate_->openFiles({library, song}); // the first alone decides
+    EXPECT_FALSE(importer_->isRunning());
+    EXPECT_EQ(desktop_.calls, QStringList(QStringLiteral("bringToFront")));
+
+    manager_->setSource(SourceType::Library);
+    delegate_->openFiles({song, library});
+    EXPECT_TRUE(sharedPanel_.isOpen);
+    while (sharedPanel_.isOpen)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    EXPECT_EQ(sharedPanel_.texts, QStringList(QStringLiteral("Adding ") + song));
+    EXPECT_EQ(manager_->items().size(), 1);
+    EXPECT_EQ(defaults_.string(settings::BriefStatusMessage), QStringLiteral("1 song added"));
+    manager_->waitForSaves();
+    EXPECT_EQ(LibraryFile(disk_.filePath(QStringLiteral("l.zib"))).load()->library.size(), 1);
+}
+
+TEST_F(AppDelegateTest, FilesDroppedOnTheWindowAreHandedOn)
+{
+    QStringList given;
+    QObject::connect(window_.get(), &MainWindow::filesGiven, window_.get(),
+                     [&given](const QStringList& paths) { given = paths; });
+    QMimeData data;
+    data.setUrls({QUrl(QStringLiteral("file:///a%20b.mp3")), QUrl(QStringLiteral("http://a.example/c.mp3"))});
+    QDragEnterEvent enter(QPoint(9, 9), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
+                          Qt::NoModifier);
+    QApplication::sendEvent(window_.get(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(QPointF(9, 9), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(window_.get(), &drop);
+    EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(given, QStringList(QStringLiteral("/a b.mp3")));
 }
 
 } // namespace

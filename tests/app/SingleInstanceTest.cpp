@@ -22,15 +22,22 @@ TEST(SingleInstance, TheSecondTellsTheFirstAndIsRefused)
     ASSERT_TRUE(first.claim());
     int asked = 0;
     QObject::connect(&first, &SingleInstance::reopenRequested, &first, [&asked] { ++asked; });
+    QStringList received;
+    QObject::connect(&first, &SingleInstance::openRequested, &first,
+                     [&received](const QStringList& files) { received = files; });
 
+    QStringList files; // as many as a shell's "*" can name
+    for (int number = 0; number < 20'000; ++number)
+        files.append(QStringLiteral("/müsic/a \"song\"\n%1.mp3").arg(number));
     bool claimed = true;
-    std::thread second([&] { claimed = SingleInstance(place).claim(); });
+    std::thread second([&] { claimed = SingleInstance(place).claim(files); });
     const QDeadlineTimer deadline(30'000);
-    while (asked == 0 && !deadline.hasExpired())
+    while (received.isEmpty() && !deadline.hasExpired())
         QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
     second.join();
     EXPECT_FALSE(claimed);
     EXPECT_EQ(asked, 1);
+    EXPECT_EQ(received, files);
 }
 
 TEST(SingleInstance, WhatAKilledProgramLeftBehindIsTakenOver)
