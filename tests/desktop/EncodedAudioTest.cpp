@@ -76,6 +76,41 @@ TEST_F(EncodedAudioTest, SeeksInConstantRatesHitThePacket)
     }
 }
 
+TEST_F(EncodedAudioTest, SeeksInVariableRatesComeNearThePacket)
+{
+    // Silence, then noise, then tones: the average is far from the truth.
+    const QString path = folder.filePath(QStringLiteral("uneven.mp3"));
+    run(QStringLiteral("ffmpeg"),
+        {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-f"), QStringLiteral("lavfi"),
+         QStringLiteral("-i"),
+         QStringLiteral("aevalsrc=exprs='(random(0)-0.5)*gt(t\\,20)*lt(t\\,35)+0.2*sin(3000*t)*gt(t\\,45)':d="
+                        "60:s=44100"),
+         QStringLiteral("-ac"), QStringLiteral("2"), QStringLiteral("-q:a"), QStringLiteral("3"), path});
+    const QByteArray file = contents(path);
+    const Parsing whole(file);
+    QList<qint64> places{0};
+    for (const QByteArray& packet : whole.listener.packets)
+        places.append(places.last() + packet.size());
+    const qsizetype count = whole.listener.packets.size();
+    ASSERT_GT(count, 2000);
+
+    const Parsing parsing(file.left(8000));
+    double furthest = 0; // of the average
+    for (qsizetype packet = 0; packet < count; packet += 9) {
+        std::int64_t offset = -1;
+        bool estimated = true;
+        ASSERT_EQ(parsing.stream->seek(packet, offset, estimated), kAudioOk);
+        EXPECT_FALSE(estimated);
+        const auto secondsFrom = [&](qint64 place) {
+            const auto found = std::ranges::lower_bound(places, place) - places.begin();
+            return std::abs(static_cast<double>(found - packet)) * 1152 / 44100;
+        };
+        EXPECT_LT(secondsFrom(offset), 0.5) << packet;
+        furthest = std::max(furthest, secondsFrom(places.last() * packet / count));
+    }
+    EXPECT_GT(furthest, 5);
+}
+
 TEST_F(EncodedAudioTest, WaveSamplesAreThoseThatAnotherDemuxerFinds)
 {
     struct Case {

@@ -8,6 +8,16 @@ namespace {
 
 using namespace audiofiles;
 
+/// As id3Tag().
+QByteArray apeTag(int bodyBytes)
+{
+    const QByteArray body = mp3Frame(5).repeated(bodyBytes / 100).left(bodyBytes);
+    const QByteArray edge = "APETAGEX" + littleEndian(2000, 4) +
+                            littleEndian(static_cast<quint64>(body.size()) + 32, 4) + littleEndian(1, 4);
+    return edge + littleEndian(0xa0000000, 4) + QByteArray(8, '\0') + body + edge +
+           littleEndian(0x80000000, 4) + QByteArray(8, '\0');
+}
+
 /// Frames that can be told apart.
 QList<QByteArray> frames(int count, int rateIndex = 9)
 {
@@ -31,6 +41,9 @@ TEST(MpegAudioParserTest, FindsTheFramesAndNothingElse)
         {"bare", {}, {}},
         {"tag", id3Tag(5000), {}},
         {"empty tag", id3Tag(0), {}},
+        {"the other kind of tag", apeTag(3000), {}},
+        {"one tag of each kind", id3Tag(90) + apeTag(0) + id3Tag(20), {}},
+        {"unsynchronised tag", id3Tag(3000).replace(5, 1, "\x80"), {}},
         {"tag of one byte", id3Tag(1), {}},
         {"large tag", id3Tag(700'000), {}},
         {"tag with footer, then another", id3Tag(3000, true) + id3Tag(400), {}},
@@ -40,7 +53,9 @@ TEST(MpegAudioParserTest, FindsTheFramesAndNothingElse)
         {"info frame", infoFrame("Info", 40, size + 417), {}},
         {"variable rate", id3Tag(300) + infoFrame("Xing", 40, size + 417), {}},
         {"the other info frame", infoFrame("VBRI", 40, size + 417), {}},
-        {"tags at the end", {}, "APETAGEX" + noise(300) + "TAG" + noise(125)},
+        {"tags at the end",
+         {},
+         apeTag(9000) + "LYRICSBEGIN" + noise(300) + "000311LYRICS200TAG" + noise(125)},
         {"cut off", {}, mp3Frame().left(200)},
     };
     for (const Case& one : cases) {
@@ -178,6 +193,97 @@ TEST(MpegAudioParserTest, SeeksByTheAverageWhereTheRateVaries)
     ASSERT_EQ(parsing.stream->seek(50, offset, estimated), kAudioOk);
     EXPECT_TRUE(estimated);
     EXPECT_EQ(offset, song.size() / 2);
+}
+
+TEST(MpegAudioParserTest, SeeksByATableWhereTheRateVaries)
+{
+    const QList<QByteArray> song = frames(400, 1) + frames(400, 14) + frames(800, 5);
+    const QByteArray bytes = song.join();
+    const auto fileBytes = static_cast<quint32>(bytes.size()) + 1044;
+    QList<qint64> places{0}; // of the packets
+    for (const QByteArray& frame : song)
+        places.append(places.last() + frame.size());
+    QByteArray hundredths;
+    for (qsizetype i = 0; i < 100; ++i)
+        hundredths += static_cast<char>((places[i * song.size() / 100] + 1044) * 256 / fileBytes);
+    QByteArray spans;
+    for (qsizetype i = 0; i < 32; ++i)
+        spans +=
+            bigEndian32(static_cast<quint32>(places[(i + 1) * 50] - places[i * 50] + (i == 0 ? 1044 : 0)) / 4)
+                .mid(2);
+    const QByteArray packets = bigEndian32(static_cast<quint32>(song.size()));
+    const QByteArray shape = bigEndian32(32 << 16 | 4) + bigEndian32(2 << 16 | 50);
+    const QByteArray xing = "Xing" + bigEndian32(7) + packets + bigEndian32(fileBytes) + hundredths;
+    const QByteArray vbri = "VBRI" + QByteArray(6, '\0') + bigEndian32(fileBytes) + packets + shape + spans;
+    for (const QByteArray& tag : {xing, vbri}) {
+        const QByteArray head = mp3Frame(14, false, '\0').replace(36, tag.size(), tag);
+        Parsing parsing(head + bytes.left(20'000));
+        for (qsizetype packet = 0; packet < song.size() - 2; packet += 7) {
+            SCOPED_TRACE(testing::Message() << tag.left(4).constData() << ", packet " << packet);
+            std::int64_t offset = -1;
+            bool estimated = true;
+            ASSERT_EQ(parsing.stream->seek(packet, offset, estimated), kAudioOk);
+            EXPECT_FALSE(estimated);
+            const qint64 found = std::ranges::lower_bound(places, offset) - places.begin();
+            EXPECT_LE(std::abs(found - packet), 19) << "half a second";
+        }
+    }
+    // A table that can't be is not believed.
+    for (const QByteArray& tag :
+         {QByteArray(xing).replace(16, 100, QByteArray(100, '\0')), xing.left(16) + noise(100),
+          QByteArray(vbri).replace(26, 64, noise(64)), QByteArray(vbri).replace(22, 2, QByteArray(2, '\0')),
+          QByteArray(vbri).replace(18, 2, QByteArray(2, '\xff'))}) {
+        Parsing parsing(mp3Frame(14, false, '\0').replace(36, tag.size(), tag) + bytes.left(20'000));
+        std::int64_t offset = 0;
+        bool estimated = false;
+        EXPECT_EQ(parsing.stream->seek(700, offset, estimated), kAudioOk);
+        EXPECT_TRUE(estimated);
+        EXPECT_EQ(offset, bytes.size() * 700 / song.size());
+    }
+}
+
+TEST(MpegAudioParserTest, KnowsWhereItHasBeen)
+{
+    const QList<QByteArray> song = frames(200, 5) + frames(200, 14) + frames(200, 5);
+    const QByteArray garbage = noise(3000);
+    const QByteArray bytes = song.first(100).join() + garbage + song.mid(100).join();
+    Parsing parsing(id3Tag(300) + bytes.left(bytes.size() - 20'000));
+    std::int64_t offset = -1;
+    bool estimated = true;
+    for (const qint64 packet : {0, 1, 16, 99, 160, 250, 400}) {
+        SCOPED_TRACE(packet);
+        ASSERT_EQ(parsing.stream->seek(packet, offset, estimated), kAudioOk);
+        EXPECT_FALSE(estimated);
+        const qint64 place = song.first(packet).join().size() + (packet > 100 ? garbage.size() : 0);
+        EXPECT_NEAR(static_cast<double>(offset), static_cast<double>(place), packet % 16 == 0 ? 0 : 1045);
+        parsing.listener.packets.clear();
+        EXPECT_EQ(feed(*parsing.stream, bytes.mid(offset, 30'000), 2048, true), kAudioOk);
+        EXPECT_FALSE(parsing.listener.packets.isEmpty());
+    }
+    EXPECT_EQ(parsing.stream->seek(590, offset, estimated), kAudioOk);
+    EXPECT_TRUE(estimated) << "not been there, and no table";
+}
+
+TEST(MpegAudioParserTest, ASecondSeekForgetsTheFirst)
+{
+    const QList<QByteArray> song = frames(50);
+    const QByteArray bytes = song.join();
+    Parsing parsing(bytes);
+    std::int64_t offset = -1;
+    bool estimated = true;
+    ASSERT_EQ(parsing.stream->seek(16, offset, estimated), kAudioOk);
+    ASSERT_EQ(feed(*parsing.stream, song[16].left(400), 400, true), kAudioOk); // too little for a packet
+    ASSERT_EQ(parsing.stream->seek(32, offset, estimated), kAudioOk);
+    parsing.listener.packets.clear();
+    ASSERT_EQ(feed(*parsing.stream, song.mid(32).join(), 2048, true), kAudioOk);
+    EXPECT_EQ(parsing.listener.packets, song.mid(32));
+}
+
+TEST(MpegAudioParserTest, PassesOverTheLargestCover)
+{
+    const Parsing parsing(id3Tag(20'000'000) + frames(9).join(), 65'536);
+    EXPECT_EQ(parsing.listener.packets, frames(9));
+    EXPECT_EQ(parsing.listener.dataOffset, 20'000'010);
 }
 
 TEST(MpegAudioParserTest, ADiscontinuityRepeatedUntilPacketsComeIsOne)

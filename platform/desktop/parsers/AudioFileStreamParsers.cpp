@@ -6,7 +6,7 @@
 #include "platform/desktop/parsers/CafParser.h"
 #include "platform/desktop/parsers/FlacParser.h"
 #include "platform/desktop/parsers/FrameParser.h"
-#include "platform/desktop/parsers/Id3v2.h"
+#include "platform/desktop/parsers/LeadingTag.h"
 #include "platform/desktop/parsers/WaveParser.h"
 
 #include <algorithm>
@@ -17,8 +17,8 @@ namespace zib {
 
 namespace {
 
-/// As many bytes as every known file type is told by.
-constexpr std::size_t kHeadBytes = 12;
+/// As many bytes as every known file type, and every tag before it, is told by.
+constexpr std::size_t kHeadBytes = kLeadingTagHeaderBytes;
 using Head = std::array<std::byte, kHeadBytes>;
 
 bool holds(std::span<const std::byte> head, std::size_t place, std::string_view text)
@@ -109,7 +109,7 @@ class RecognisingFileStream : public AudioFileStream, private ParserOutput {
             bytes = bytes.subspan(taken.size());
             if (headBytes_ < kHeadBytes)
                 return kAudioOk;
-            if (const auto tag = id3v2TagBytes(head_)) {
+            if (const auto tag = leadingTagBytes(head_)) {
                 passTag(*tag);
                 continue;
             }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktop/parsers/FrameParser.h"
 
-#include "platform/desktop/parsers/Id3v2.h"
+#include "platform/desktop/parsers/LeadingTag.h"
 
 #include <algorithm>
 
@@ -30,12 +30,12 @@ FrameParser::FrameParser(ParserOutput& output, std::int64_t startOffset)
 
 AudioStatus FrameParser::parse(std::span<const std::byte> bytes, bool discontinuous)
 {
-    if (discontinuous && deliveredSinceBreak_) {
+    if (discontinuous && breakExpected_) {
         buffer_.clear();
         skip_ = 0;
         locked_ = false;
         broken_ = true;
-        deliveredSinceBreak_ = false;
+        breakExpected_ = false;
     }
     while (!bytes.empty()) {
         const auto slice = bytes.first(std::min(bytes.size(), kSliceBytes));
@@ -62,7 +62,7 @@ AudioStatus FrameParser::frameBuffer()
             place_ += skipped;
             skip_ -= static_cast<std::int64_t>(skipped);
         }
-        if (rest().size() < kId3v2HeaderBytes && (rest().empty() || !locked_))
+        if (rest().size() < kLeadingTagHeaderBytes && (rest().empty() || !locked_))
             step = Step::NeedsMore;
         else
             step = locked_ ? takeFrame() : search();
@@ -121,7 +121,7 @@ FrameParser::Step FrameParser::search()
     case Verdict::NoFrame:
         break;
     }
-    if (const auto tag = id3v2TagBytes(rest())) {
+    if (const auto tag = leadingTagBytes(rest())) {
         skip_ = *tag;
         return Step::Forward;
     }
@@ -175,7 +175,7 @@ void FrameParser::deliver()
     const std::int64_t end = batch_.back().startOffset + batch_.back().dataByteSize;
     for (auto& packet : batch_)
         packet.startOffset -= begin;
-    deliveredSinceBreak_ = true;
+    breakExpected_ = true;
     output_.packets(
         std::span(buffer_).subspan(static_cast<std::size_t>(begin), static_cast<std::size_t>(end - begin)),
         static_cast<std::uint32_t>(batch_.size()), batch_);
@@ -187,6 +187,7 @@ AudioStatus FrameParser::seek(std::int64_t packet, std::int64_t& byteOffset, boo
     constexpr std::int64_t kMaximumPacket = std::int64_t{1} << 32;
     if (!stream_ || packet < 0 || packet > kMaximumPacket)
         return kIllegalPacket;
+    breakExpected_ = true;
     return coding_->seek(packet, byteOffset, estimated);
 }
 

@@ -38,7 +38,8 @@ class FrameParser : public FormatParser {
     std::int64_t searched_ = 0; ///< bytes passed over before the first packet
     bool locked_ = false;
     bool firstAfterSync_ = false;
-    bool deliveredSinceBreak_ = false;
+    bool breakExpected_ =
+        false; ///< the next discontinuity is a new one: packets came, or a seek was answered
 
     MpegFrames mpeg_;
     AdtsFrames adts_;

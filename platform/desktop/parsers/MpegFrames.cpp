@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktop/parsers/MpegFrames.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace zib {
@@ -35,9 +36,20 @@ void MpegFrames::take(const Frame& frame, std::vector<AudioPacketDescription>& p
     if (size >= bound_)
         return;
     sameRateSoFar_ = sameRateSoFar_ && header->bitRate == first_->bitRate;
-    ++packetsSeen_;
-    packetBytesSeen_ += size;
+    note(frame);
     packets.push_back({0, 0, size});
+}
+
+void MpegFrames::note(const Frame& frame)
+{
+    constexpr std::uint64_t kEvery = 16; // packets; between them it is known to a fraction of a second
+    constexpr std::size_t kMost = std::size_t{128} * 1024; // fifteen hours
+    if (packetsSeen_ == 0)
+        dataOffset_ = frame.offset.value_or(0);
+    if (frame.offset && packetsSeen_ == seen_.size() * kEvery && seen_.size() < kMost)
+        seen_.add(static_cast<double>(packetsSeen_), static_cast<double>(*frame.offset - dataOffset_));
+    ++packetsSeen_;
+    packetBytesSeen_ += frame.bytes.size();
 }
 
 bool MpegFrames::isConstantRate(const MpegHeader& header) const
@@ -63,13 +75,29 @@ AudioFileProperties MpegFrames::properties() const
     return properties;
 }
 
+/// Where the packet begins, nearly, if that is known better than by the average.
+std::optional<std::int64_t> MpegFrames::placeOf(std::int64_t packet) const
+{
+    if (const auto place = seen_.at(packet))
+        return place;
+    if (!info_)
+        return std::nullopt;
+    const auto place = info_->places.at(packet);
+    return place ? std::optional(std::max<std::int64_t>(*place - infoFrameBytes_, 0)) : std::nullopt;
+}
+
 AudioStatus MpegFrames::seek(std::int64_t packet, std::int64_t& byteOffset, bool& estimated) const
 {
-    estimated = !(info_ ? isConstantRate(*first_) : sameRateSoFar_);
-    if (!estimated) {
+    estimated = false;
+    if (info_ ? isConstantRate(*first_) : sameRateSoFar_) {
         byteOffset = first_->constantRateOffset(packet);
         return kAudioOk;
     }
+    if (const auto place = placeOf(packet)) {
+        byteOffset = *place;
+        return kAudioOk;
+    }
+    estimated = true;
     double average = static_cast<double>(packetBytesSeen_) / static_cast<double>(packetsSeen_);
     if (info_ && info_->packets.value_or(0) > 0 && info_->fileBytes.value_or(0) > infoFrameBytes_)
         average = static_cast<double>(*info_->fileBytes - infoFrameBytes_) / *info_->packets;

@@ -16,6 +16,8 @@ class MpegFrames : public FrameCoding {
 
   private:
     [[nodiscard]] bool isConstantRate(const MpegHeader& header) const;
+    void note(const Frame& frame);
+    [[nodiscard]] std::optional<std::int64_t> placeOf(std::int64_t packet) const;
 
     std::optional<MpegInfoFrame> info_;
     std::uint32_t infoFrameBytes_ = 0;
@@ -24,6 +26,8 @@ class MpegFrames : public FrameCoding {
     bool sameRateSoFar_ = true;
     std::uint64_t packetsSeen_ = 0;
     std::uint64_t packetBytesSeen_ = 0;
+    std::int64_t dataOffset_ = 0;
+    PlaceCurve seen_; ///< where every so manieth packet is, from the first on without a gap
 };
 
 } // namespace zib

@@ -3,14 +3,42 @@
 
 #include "platform/desktop/parsers/ByteReader.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace zib {
 
 namespace {
+
+/// A hundred places at even times, each in 256ths of the file and rounded down.
+PlaceCurve evenPlaces(std::span<const std::byte> table, double packets, double fileBytes)
+{
+    constexpr double kUnits = 256;
+    // Not even a last hundredth that is loud after silence takes half of the file: some programs leave zeros.
+    constexpr std::byte kLeastLast{128};
+    PlaceCurve places;
+    if (!std::ranges::is_sorted(table) || table.back() < kLeastLast)
+        return places;
+    const auto count = static_cast<double>(table.size());
+    places.add(0, 0);
+    for (std::size_t i = 1; i < table.size(); ++i) {
+        // Quiet music stays at one figure for long: only where it changes is it known well, which is half-way
+        // between the two times, at the middle of what the two may have been before rounding.
+        if (table[i] == table[i - 1])
+            continue;
+        const double units = std::to_integer<int>(table[i - 1]) + std::to_integer<int>(table[i]) + 1;
+        places.add((static_cast<double>(i) - 0.5) / count * packets, units / 2 / kUnits * fileBytes);
+    }
+    places.add(packets, fileBytes);
+    return places;
+}
 
 std::optional<MpegInfoFrame> parseXing(std::span<const std::byte> tag)
 {
     constexpr std::uint32_t kHasPackets = 1;
     constexpr std::uint32_t kHasBytes = 2;
+    constexpr std::uint32_t kHasPlaces = 4;
+    constexpr std::size_t kPlaces = 100;
     const bool constantRate = startsWith(tag, "Info");
     if (!(constantRate || startsWith(tag, "Xing")) || tag.size() < 16)
         return std::nullopt;
@@ -22,18 +50,46 @@ std::optional<MpegInfoFrame> parseXing(std::span<const std::byte> tag)
         info.packets = bigEndian32(tag.subspan(place));
         place += 4;
     }
-    if ((flags & kHasBytes) != 0)
+    if ((flags & kHasBytes) != 0) {
         info.fileBytes = bigEndian32(tag.subspan(place));
+        place += 4;
+    }
+    if ((flags & kHasPlaces) != 0 && info.packets && info.fileBytes && tag.size() >= place + kPlaces)
+        info.places = evenPlaces(tag.subspan(place, kPlaces), *info.packets, *info.fileBytes);
     return info;
+}
+
+/// The sizes of spans of so many packets each, which begins the places at the first.
+PlaceCurve placesOfSpans(std::span<const std::byte> tag, double fileBytes)
+{
+    constexpr std::size_t kTable = 26;
+    const std::size_t count = bigEndian16(tag.subspan(18));
+    const double scale = bigEndian16(tag.subspan(20));
+    const std::size_t entryBytes = bigEndian16(tag.subspan(22));
+    const double spanPackets = bigEndian16(tag.subspan(24));
+    PlaceCurve places;
+    if (entryBytes < 1 || entryBytes > 4 || count > (tag.size() - kTable) / entryBytes)
+        return places;
+    double place = 0;
+    places.add(0, 0);
+    for (std::size_t i = 0; i < count; ++i) {
+        place += scale * static_cast<double>(bigEndian(tag.subspan(kTable + i * entryBytes, entryBytes)));
+        places.add(static_cast<double>(i + 1) * spanPackets, place);
+    }
+    // A table of another file, or of none.
+    constexpr double kTolerance = 0.1;
+    return std::abs(place - fileBytes) <= kTolerance * fileBytes ? places : PlaceCurve();
 }
 
 std::optional<MpegInfoFrame> parseVbri(std::span<const std::byte> tag)
 {
-    if (!startsWith(tag, "VBRI") || tag.size() < 18)
+    constexpr std::size_t kHeaderBytes = 26;
+    if (!startsWith(tag, "VBRI") || tag.size() < kHeaderBytes)
         return std::nullopt;
     MpegInfoFrame info;
     info.fileBytes = bigEndian32(tag.subspan(10));
     info.packets = bigEndian32(tag.subspan(14));
+    info.places = placesOfSpans(tag, *info.fileBytes);
     return info;
 }
 

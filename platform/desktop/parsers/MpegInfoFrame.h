@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/desktop/parsers/MpegHeader.h"
+#include "platform/desktop/parsers/PlaceCurve.h"
 
 namespace zib {
 
@@ -10,6 +11,7 @@ struct MpegInfoFrame {
     bool constantRate = false;              ///< the encoder calls the bit rate constant
     std::optional<std::uint32_t> packets;   ///< audio frames that follow
     std::optional<std::uint32_t> fileBytes; ///< bytes from this frame on, itself included
+    PlaceCurve places; ///< of the audio frames, from this frame on; empty when it does not tell them
 
     /// None when this whole frame is an ordinary one.
     static std::optional<MpegInfoFrame> parse(const MpegHeader& header, std::span<const std::byte> frame);
