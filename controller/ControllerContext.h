@@ -6,11 +6,13 @@ namespace zib {
 class MainWindowView;
 class Notices;
 class RVDataManager;
+class SongDownloads;
 class UserDefaults;
 
 /// What the parts of the main controller share; the controller holds it for them.
 struct ControllerContext {
     RVDataManager& dataManager;
+    const SongDownloads& downloads;
     UserDefaults& defaults;
     MainWindowView& window;
     Notices& notices;

@@ -21,6 +21,9 @@ class MainWindowView {
     virtual void setPlaying(bool playing) = 0;
     virtual void setFavorite(bool loved) = 0;
     virtual void setFavoriteEnabled(bool enabled) = 0;
+    /// Whether the song now playing is on disk, or on its way there.
+    virtual void setDownloaded(bool downloaded) = 0;
+    virtual void setDownloadEnabled(bool enabled) = 0;
 
     // Now-playing panel
     virtual void setArtwork(Artwork artwork) = 0;

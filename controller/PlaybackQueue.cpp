@@ -6,6 +6,7 @@
 #include "controller/Notices.h"
 #include "controller/SongPlaces.h"
 #include "library/RVDataManager.h"
+#include "library/SongDownloads.h"
 #include "platform/Clock.h"
 #include "platform/SettingsKeys.h"
 #include "platform/TableView.h"
@@ -92,6 +93,7 @@ void PlaybackQueue::playTrack(const Record& chosen)
         adoptLocalFile(track);
     if (snapshot_)
         snapshot_->track = track;
+    showDownloaded();
     reloadTracks();
 
     if (playsFile)
@@ -139,6 +141,15 @@ void PlaybackQueue::stop()
     showIdleBanner();
     context_.window.setFavorite(false);
     context_.window.setFavoriteEnabled(false);
+    showDownloaded();
+}
+
+void PlaybackQueue::showDownloaded()
+{
+    const Record track = nowplayingTrack();
+    const bool onDisk = isLocalFile(track) || track.boolean(keys::Downloaded);
+    context_.window.setDownloaded(onDisk || context_.downloads.isRunning(track.string(keys::Id)));
+    context_.window.setDownloadEnabled(track && !onDisk);
 }
 
 void PlaybackQueue::showIdleBanner()

@@ -50,6 +50,8 @@ class PlaybackQueue : public RVPlayerDelegate {
     /// The same after an edit, whose names are shown.
     void updateNowplayingTrack(const Record& track);
     void showIdleBanner();
+    /// Shows whether the song now playing is on disk.
+    void showDownloaded();
 
     // The snapshot; without one no record, and -1.
     [[nodiscard]] const std::optional<NowPlayingSnapshot>& snapshot() const { return snapshot_; }

@@ -15,9 +15,15 @@ RVMainController::RVMainController(RVDataManager& dataManager, RVPlayer& player,
                                    MainWindowView& window)
     : player_(player)
     , notices_(defaults, alerts, desktop)
-    , context_{.dataManager = dataManager, .defaults = defaults, .window = window, .notices = notices_}
+    , downloads_(dataManager, services, defaults, alerts)
+    , context_{.dataManager = dataManager,
+               .downloads = downloads_,
+               .defaults = defaults,
+               .window = window,
+               .notices = notices_}
     , playback_(context_, player, services.clock)
     , search_(context_, playback_, services)
+    , downloading_(context_, playback_, downloads_)
 {
     dataManager.setDelegate(this);
     player.setDelegate(&playback_);

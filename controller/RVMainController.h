@@ -2,10 +2,12 @@
 #pragma once
 
 #include "controller/ControllerContext.h"
+#include "controller/DownloadActions.h"
 #include "controller/Notices.h"
 #include "controller/PlaybackQueue.h"
 #include "controller/SearchFlow.h"
 #include "library/RVDataManagerDelegate.h"
+#include "library/SongDownloads.h"
 #include "services/PKNetwork.h"
 
 namespace zib {
@@ -30,6 +32,7 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
     [[nodiscard]] PlaybackQueue& playback() { return playback_; }
     [[nodiscard]] const PlaybackQueue& playback() const { return playback_; }
     [[nodiscard]] SearchFlow& search() { return search_; }
+    [[nodiscard]] DownloadActions& downloading() { return downloading_; }
     [[nodiscard]] Notices& notices() { return notices_; }
 
     /// Shows the library's songs that pass the filter.
@@ -57,9 +60,11 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
 
     RVPlayer& player_;
     Notices notices_;
+    SongDownloads downloads_;
     ControllerContext context_;
     PlaybackQueue playback_;
     SearchFlow search_;
+    DownloadActions downloading_;
 };
 
 } // namespace zib

@@ -2,6 +2,7 @@
 #include "library/SongDownloads.h"
 
 #include "library/RVDataManager.h"
+#include "library/SongColumns.h"
 #include "platform/Alerts.h"
 #include "platform/SettingsKeys.h"
 #include "platform/TableView.h"
@@ -96,8 +97,11 @@ void SongDownloads::start(const Record& track)
 
 void SongDownloads::cancel(const Record& track)
 {
-    if (isRunning(track.string(keys::Id)))
-        end(track);
+    const QString id = track.string(keys::Id);
+    if (!isRunning(id))
+        return;
+    end(track);
+    Q_EMIT ended(id);
 }
 
 bool SongDownloads::isShown(const RVFileDownloader& download) const
@@ -121,17 +125,13 @@ void SongDownloads::downloadReceivedContentLength(RVFileDownloader& download)
 {
     if (!isShown(download))
         return;
-    if (running_.at(download.fileDict().string(keys::Id)).aborted)
-        abort(download);
-    else
-        showProgress(download);
-}
-
-void SongDownloads::abort(RVFileDownloader& download)
-{
-    qCInfo(log, "aborting...");
     const Record track = download.fileDict();
-    end(track);
+    if (!running_.at(track.string(keys::Id)).aborted) {
+        showProgress(download);
+        return;
+    }
+    qCInfo(log, "aborting...");
+    cancel(track);
     if (library_.isNowplaying(track))
         defaults_.setValue(settings::BriefStatusMessage, tr("Download cancelled"));
 }
@@ -145,7 +145,9 @@ void SongDownloads::showProgress(const RVFileDownloader& download)
     const double part = double(download.contentLength()) / double(expected);
     if (Record bar = running_.at(id).bar) {
         bar.set(keys::Progress, part);
-        Q_EMIT progressed(id);
+        for (int row = 0; row < library_.items().size(); ++row)
+            if (library_.items()[row].utf8(keys::Id) == download.fileDict().utf8(keys::Id))
+                library_.playlistsTableView().reloadCell(row, identifierOf(SongColumn::Progress));
     }
     if (library_.isNowplaying(download.fileDict()))
         defaults_.setValue(settings::BriefStatusMessage,
@@ -154,20 +156,23 @@ void SongDownloads::showProgress(const RVFileDownloader& download)
 
 void SongDownloads::downloadCompletedForRequest(RVFileDownloader& request)
 {
-    Record track = request.fileDict();
+    const Record track = request.fileDict();
+    const QString id = track.string(keys::Id);
     // The names that it has by now, so that its file is where the song is looked for.
-    const Record known = library_.library().find(track.string(keys::Id));
-    const auto written = files_.write(known ? known : track, request.receivedData());
+    const Record known = library_.library().find(id);
+    const Record named = known ? known : track;
+    const auto written = files_.write(named, request.receivedData());
     end(track);
-    if (!written) {
-        fail(track, written.error());
-        return;
+    if (written) {
+        if (*written)
+            qCInfo(log, "exported -> %s", qUtf8Printable(files_.paths().filePath(named)));
+        library_.exportedFile(track);
+        if (library_.currentFilterType() == FilterType::Downloads)
+            library_.reloadData(); // where it is new
     }
-    if (*written)
-        qCInfo(log, "exported -> %s", qUtf8Printable(files_.paths().filePath(known ? known : track)));
-    library_.exportedFile(track);
-    if (library_.currentFilterType() == FilterType::Downloads)
-        library_.reloadData(); // where it is new
+    Q_EMIT ended(id);
+    if (!written)
+        showFailure(track, written.error());
 }
 
 void SongDownloads::downloadFailedForRequest(RVFileDownloader& request, const ServiceError& withError)
@@ -175,10 +180,11 @@ void SongDownloads::downloadFailedForRequest(RVFileDownloader& request, const Se
     const Record track = request.fileDict();
     const QString reason = withError.text; // it may be the request's
     end(track);
-    fail(track, reason);
+    Q_EMIT ended(track.string(keys::Id));
+    showFailure(track, reason);
 }
 
-void SongDownloads::fail(const Record& track, const QString& reason)
+void SongDownloads::showFailure(const Record& track, const QString& reason)
 {
     Alert alert;
     alert.messageText = tr("“%1” could not be downloaded.").arg(track.string(keys::Name));
@@ -189,12 +195,10 @@ void SongDownloads::fail(const Record& track, const QString& reason)
 
 void SongDownloads::end(const Record& track)
 {
-    const QString id = track.string(keys::Id);
-    running_.erase(id);
+    running_.erase(track.string(keys::Id));
     for (const RecordKey key : {keys::Progress, keys::CanAbort, keys::Abort})
         mark(track, key, {});
     library_.playlistsTableView().reloadData();
-    Q_EMIT ended(id);
 }
 
 void SongDownloads::mark(const Record& track, RecordKey key, const PropertyValue& value)

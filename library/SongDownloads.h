@@ -47,9 +47,7 @@ class SongDownloads : public QObject, private RVFileDownloaderDelegate {
     [[nodiscard]] static std::optional<double> progress(const Record& track);
 
   Q_SIGNALS:
-    /// The song's progress is another one; nothing else has changed.
-    void progressed(const QString& id);
-    /// The download has ended: completed, failed or stopped.
+    /// The download has ended: completed, failed or stopped; all records say so.
     void ended(const QString& id);
 
   private:
@@ -65,8 +63,7 @@ class SongDownloads : public QObject, private RVFileDownloaderDelegate {
     void downloadFailedForRequest(RVFileDownloader& request, const ServiceError& withError) override;
 
     void start(const Record& track);
-    void abort(RVFileDownloader& download);
-    void fail(const Record& track, const QString& reason);
+    void showFailure(const Record& track, const QString& reason);
     [[nodiscard]] bool isShown(const RVFileDownloader& download) const;
     void showProgress(const RVFileDownloader& download);
     /// Lets go of the download and of what records say of it.

@@ -112,6 +112,10 @@ QWidget* MainWindow::makeBar()
     love_ = makeButton(QStringLiteral("heart"), 20, tr("Love"), tr("Love this song (Ctrl+L)"), bar);
     love_->setCheckable(true);
     love_->setEnabled(false);
+    download_ =
+        makeButton(QStringLiteral("download"), 20, tr("Download"), tr("Download this song (Ctrl+D)"), bar);
+    download_->setCheckable(true);
+    download_->setEnabled(false);
     speaker_ = new QLabel(bar);
     volume_ = new VolumeSlider(bar);
     volume_->setFixedWidth(88);
@@ -128,6 +132,7 @@ QWidget* MainWindow::makeBar()
     layout->addWidget(panel_, 3);
     layout->addSpacing(Theme::within);
     layout->addWidget(love_);
+    layout->addWidget(download_);
     layout->addSpacing(Theme::between);
     layout->addWidget(speaker_);
     layout->addWidget(volume_);
@@ -223,6 +228,8 @@ void MainWindow::connectControls()
         setFavorite(on);
         playback().addCurrentFavorite(on);
     });
+    connect(download_, &QToolButton::clicked, this,
+            [this](bool on) { controller_->downloading().downloadCurrentSong(on); });
     connect(panel_, &NowPlayingPanel::scanRequested, this,
             [this](double percent) { playback().scanTrack(percent); });
     connect(volume_, &VolumeSlider::chosen, this, [this](double percent) {
@@ -241,6 +248,8 @@ void MainWindow::connectControls()
             [this](const QString& tag) { controller_->search().beginSearchForTags({tag}); });
     connect(table_, &SongTable::activated, this, [this] { playback().songSelected(); });
     connect(table_, &SongTable::loveToggled, this, [this](int row) { playback().addFavorite(row); });
+    connect(table_, &SongTable::downloadPressed, this,
+            [this](int row) { controller_->downloading().downloadSong(row); });
     connect(table_, &SongTable::reloaded, this, &MainWindow::updateEmptyPlace);
 }
 
@@ -259,6 +268,7 @@ void MainWindow::makeShortcuts()
     add(Qt::CTRL | Qt::Key_Right, [this] { playback().nextTrack(); });
     add(Qt::CTRL | Qt::Key_Up, [this] { playback().volumeUp(); });
     add(Qt::CTRL | Qt::Key_Down, [this] { playback().volumeDown(); });
+    add(Qt::CTRL | Qt::Key_D, [this] { download_->click(); });
     // The songs selected where the table has the focus, else the one that plays.
     add(Qt::CTRL | Qt::Key_L, [this] {
         const QList<int> rows = table_->selectedRows();
@@ -332,6 +342,19 @@ void MainWindow::setFavorite(bool loved)
 void MainWindow::setFavoriteEnabled(bool enabled)
 {
     love_->setEnabled(enabled);
+}
+
+void MainWindow::setDownloaded(bool downloaded)
+{
+    download_->setChecked(downloaded);
+    download_->setIcon(icon(QStringLiteral("download"), downloaded ? Tint::Accent : Tint::Text));
+    download_->setToolTip(downloaded ? tr("This song is on your disk, or on its way there")
+                                     : tr("Download this song (Ctrl+D)"));
+}
+
+void MainWindow::setDownloadEnabled(bool enabled)
+{
+    download_->setEnabled(enabled);
 }
 
 void MainWindow::setArtwork(Artwork artwork)

@@ -50,6 +50,8 @@ class MainWindow : public QMainWindow, public MainWindowView {
     void setPlaying(bool playing) override;
     void setFavorite(bool loved) override;
     void setFavoriteEnabled(bool enabled) override;
+    void setDownloaded(bool downloaded) override;
+    void setDownloadEnabled(bool enabled) override;
     void setArtwork(Artwork artwork) override;
     void setTickerHeader(const QString& text) override;
     void setTickerText(const QString& text) override;
@@ -93,6 +95,7 @@ class MainWindow : public QMainWindow, public MainWindowView {
     QToolButton* playPause_ = nullptr;
     QToolButton* next_ = nullptr;
     QToolButton* love_ = nullptr;
+    QToolButton* download_ = nullptr;
     QLabel* speaker_ = nullptr;
     VolumeSlider* volume_ = nullptr;
     NowPlayingPanel* panel_ = nullptr;

@@ -350,6 +350,9 @@ void SongTable::contextMenuEvent(QContextMenuEvent* event)
     const bool loved = index.data(Model::LovedRole).toBool();
     connect(menu.addAction(loved ? tr("Love no more") : tr("Love")), &QAction::triggered, this,
             [this, row] { Q_EMIT loveToggled(row); });
+    if (const QString download = index.data(Model::DownloadRole).toString(); !download.isEmpty())
+        connect(menu.addAction(download), &QAction::triggered, this,
+                [this, row] { Q_EMIT downloadPressed(row); });
     menu.exec(event->reason() == QContextMenuEvent::Keyboard
                   ? viewport()->mapToGlobal(visualRect(index).bottomLeft())
                   : event->globalPos());

@@ -43,6 +43,8 @@ class SongTable : public QTableView, public TableView {
     void activated();
     /// The heart of that row was pressed.
     void loveToggled(int row);
+    /// That row's song is to be downloaded, or no longer.
+    void downloadPressed(int row);
     void reloaded();
 
   protected:

@@ -137,6 +137,8 @@ QVariant SongTableModel::data(const QModelIndex& index, int role) const
         return track.boolean(keys::BrokenLink);
     case UnplayableRole:
         return isUnplayable(track);
+    case DownloadRole:
+        return downloadText(track);
     default:
         return {};
     }
@@ -209,6 +211,15 @@ bool SongTableModel::isPlaying(const Record& track) const
     if (library.sourceHasBrowser())
         return track.string(keys::Id) == playback.nowplayingTrackID();
     return track.integer(keys::Index) == playback.nowplayingTrackIndex();
+}
+
+QString SongTableModel::downloadText(const Record& track) const
+{
+    if (track.boolean(keys::CanAbort))
+        return tr("Stop downloading");
+    const bool canBe =
+        controller_->connectedToInternet() && needsConnection(track) && !track.boolean(keys::BrokenLink);
+    return canBe ? tr("Download") : QString();
 }
 
 bool SongTableModel::isUnplayable(const Record& track) const

@@ -41,6 +41,7 @@ class SongTableModel : public QAbstractTableModel {
         PlayingRole,              ///< whether this row is the one now playing
         BrokenRole,
         UnplayableRole, ///< whether the song can't be played because the machine is offline
+        DownloadRole,   ///< what can be done about having the song on disk, in words; or nothing
     };
 
     using QAbstractTableModel::QAbstractTableModel;
@@ -65,6 +66,7 @@ class SongTableModel : public QAbstractTableModel {
     [[nodiscard]] QString spokenText(const Record& track, const QModelIndex& index) const;
     [[nodiscard]] QString toolTip(const Record& track) const;
     [[nodiscard]] bool isPlaying(const Record& track) const;
+    [[nodiscard]] QString downloadText(const Record& track) const;
     [[nodiscard]] bool isUnplayable(const Record& track) const;
 
     RVMainController* controller_ = nullptr;

@@ -11,6 +11,8 @@ class FakeMainWindow : public MainWindowView {
     void setPlaying(bool on) override { playing = on; }
     void setFavorite(bool on) override { favorite = on; }
     void setFavoriteEnabled(bool on) override { favoriteEnabled = on; }
+    void setDownloaded(bool on) override { downloaded = on; }
+    void setDownloadEnabled(bool on) override { downloadEnabled = on; }
     void setArtwork(Artwork picture) override { artwork = picture; }
     void setTickerHeader(const QString& text) override { tickerHeader = text; }
     void setTickerText(const QString& text) override { tickerText = text; }
@@ -28,6 +30,8 @@ class FakeMainWindow : public MainWindowView {
     bool playing = false;
     bool favorite = false;
     bool favoriteEnabled = false;
+    bool downloaded = false;
+    bool downloadEnabled = false;
     Artwork artwork = Artwork::Standard;
     QString tickerHeader;
     QString tickerText;
