@@ -81,7 +81,7 @@ TYPED_TEST_SUITE(FileMetadataContract, Implementations);
 TYPED_TEST(FileMetadataContract, AnswersEachPathInItsPlace)
 {
     const Files files;
-    const QString sound = files.encode(text("a.wav"), {text("-map_metadata"), text("-1")});
+    const QString sound = files.encode(text("a.wav"), {text("-metadata"), text("title=")});
     const QString letter = files.make("letter.txt", "Dear listener");
     QDir().mkdir(files.at(text("folder.mp3")));
     const auto metadata = make<TypeParam>();

@@ -29,7 +29,7 @@ QString fromTag(const TagLib::String& text)
     return singleLine(QString::fromUtf8(head.toCString(true)));
 }
 
-QStringList authorsOf(const TagLib::File& file)
+QStringList authorsOf(const TagLib::Tag& tag, const TagLib::PropertyMap& properties)
 {
     QStringList authors;
     const auto add = [&authors](const TagLib::String& name) {
@@ -37,11 +37,10 @@ QStringList authorsOf(const TagLib::File& file)
         if (!author.isEmpty() && authors.size() < mostAuthors)
             authors.append(author);
     };
-    const TagLib::PropertyMap properties = file.properties();
     for (const TagLib::String& name : properties["ARTIST"])
         add(name);
-    if (authors.isEmpty()) // the properties are those of one kind of tag, the tag is a union of all
-        add(file.tag()->artist());
+    if (authors.isEmpty())
+        add(tag.artist());
     return authors;
 }
 
@@ -50,6 +49,25 @@ std::optional<int> numberOf(unsigned number)
     if (number == 0 || number > largestNumber)
         return std::nullopt;
     return int(number);
+}
+
+/// The tag is a union of all that a file has, but for WAVE files, whose own kind is among the properties
+/// only; the properties are those of one kind of tag.
+void addTags(const TagLib::Tag& tag, const TagLib::PropertyMap& properties, FileAttributes& attributes)
+{
+    const auto text = [&properties](const TagLib::String& value, const char* key) {
+        return fromTag(value.isEmpty() && properties.contains(key) ? properties[key].toString() : value);
+    };
+    const auto number = [&properties](unsigned value, const char* key) {
+        return numberOf(value == 0 && properties.contains(key) ? unsigned(properties[key].toString().toInt())
+                                                               : value);
+    };
+    attributes.authors = authorsOf(tag, properties);
+    attributes.album = text(tag.album(), "ALBUM");
+    attributes.title = text(tag.title(), "TITLE");
+    attributes.musicalGenre = text(tag.genre(), "GENRE");
+    attributes.recordingYear = number(tag.year(), "DATE");
+    attributes.audioTrackNumber = number(tag.track(), "TRACKNUMBER");
 }
 
 } // namespace
@@ -79,14 +97,8 @@ FileAttributes attributesOfSound(TagLib::IOStream& stream)
     attributes.mediaTypes = {soundMedia};
     if (sound->lengthInMilliseconds() > 0)
         attributes.durationSeconds = sound->lengthInMilliseconds() / 1000.0;
-    if (const TagLib::Tag* tag = file->tag()) {
-        attributes.authors = authorsOf(*file);
-        attributes.album = fromTag(tag->album());
-        attributes.title = fromTag(tag->title());
-        attributes.musicalGenre = fromTag(tag->genre());
-        attributes.recordingYear = numberOf(tag->year());
-        attributes.audioTrackNumber = numberOf(tag->track());
-    }
+    if (const TagLib::Tag* tag = file->tag())
+        addTags(*tag, file->properties(), attributes);
     return attributes;
 }
 
