@@ -123,6 +123,44 @@ class Ours(Player):
         self.process.stdin.flush()
 
 
+class Program(Player):
+    """zib with its window, as a person without aids sees it, and with its companion service, a process apart."""
+
+    ARTIST = "Broadband"
+    FIRST_ROW = ("600", "125")  # of the songs, in the window as it first opens
+
+    def __init__(self, lab, kilobits, seconds):
+        super().__init__(lab, "zib")
+        self._lab = lab
+        music = lab.home / "Music"
+        music.mkdir()
+        lab.make_song("song.mp3", kilobits, seconds, "-metadata", f"artist={self.ARTIST}", "-metadata",
+                      "title=Song of noise", "-metadata", "album=Noises").rename(music / "song.mp3")
+        environment = dict(self.environment)
+        del environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"]
+        self.process = lab.start_with([str(BUILD / "bin/zib")], environment, stdin=subprocess.DEVNULL,
+                                      stderr=subprocess.DEVNULL)
+
+    def search_and_play(self):
+        """Until it is heard; the service may still be reading the folder at first."""
+        window = self._xdotool("search", "--sync", "--onlyvisible", "--name", "^Zib$").split()[0]
+        self._xdotool("windowfocus", "--sync", window)
+        begin = self.ear.heard()
+        wait_until(lambda: self._try(begin, window), 40, "a song in the program")
+
+    def _try(self, begin, window):
+        self._xdotool("key", "ctrl+f", "ctrl+a")
+        self._xdotool("type", self.ARTIST)
+        self._xdotool("key", "Return")
+        time.sleep(1)
+        self._xdotool("mousemove", "--window", window, *self.FIRST_ROW, "click", "--repeat", "2", "--delay", "60", "1")
+        time.sleep(1)
+        return self.ear.samples(begin).any()
+
+    def _xdotool(self, *arguments):
+        return self._lab.run(["xdotool", *arguments]).decode()
+
+
 class Mpv(Player):
     """The yardstick, warm and waiting for orders; without its scripts and its terminal, which cost it time."""
 

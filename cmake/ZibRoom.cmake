@@ -51,10 +51,12 @@ function(zib_fuzz name)
     endif()
 endfunction()
 
-# zib_bench(NAME SOURCES ... LINKS ...): a benchmark program bench_NAME that ./bench/run starts.
+# zib_bench(NAME SOURCES ... LINKS ...): a benchmark program bench_NAME that ./bench/run starts. It builds the target
+# "benchmarks", which has all that it needs.
 function(zib_bench name)
     cmake_parse_arguments(BENCH "" "" "SOURCES;LINKS" ${ARGN})
     add_executable(bench_${name} ${BENCH_SOURCES})
     target_link_libraries(bench_${name} PRIVATE ${BENCH_LINKS})
     set_target_properties(bench_${name} PROPERTIES AUTOMOC ON RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bench)
+    add_dependencies(benchmarks bench_${name})
 endfunction()
