@@ -67,5 +67,101 @@ TEST_F(EncodedAacTest, AdtsPacketsAreThoseThatAnotherDemuxerFinds)
     }
 }
 
+struct MovieCase {
+    const char* name;
+    const char* options;
+    std::uint32_t formatId;
+    std::uint32_t framesPerPacket;
+    bool indexed = true; ///< its header tells of every packet
+};
+constexpr char kPicture[] = "-f lavfi -i testsrc=s=600x600:d=0.04 -map 0:a -map 1:v -c:v png "
+                            "-disposition:v attached_pic -c:a aac -ac 2 -b:a 128k";
+constexpr char kFilm[] = "-f lavfi -i testsrc=s=320x240:d=4 -f lavfi -i sine=d=4 -map 1:v -map 0:a -map 2:a "
+                         "-c:v mpeg4 -c:a aac -ac 2 -b:a 128k";
+const MovieCase kMovies[] = {
+    {"index-last.m4a", "-c:a aac -ac 2 -b:a 128k", audioformat::Aac, 1024},
+    {"index-first.m4a", "-c:a aac -ac 2 -b:a 128k -movflags +faststart", audioformat::Aac, 1024},
+    {"surround.mp4", "-c:a aac -ac 6 -ar 48000 -movflags +faststart", audioformat::Aac, 1024},
+    {"cover.m4a", kPicture, audioformat::Aac, 1024},
+    {"film.mp4", kFilm, audioformat::Aac, 1024},
+    {"film.mov", kFilm, audioformat::Aac, 1024},
+    {"lossless.m4a", "-c:a alac -ac 2 -movflags +faststart", audioformat::AppleLossless, 4096},
+    {"lossless.mov", "-c:a alac -ac 1 -sample_fmt s32p", audioformat::AppleLossless, 4096},
+    {"mp3.mp4", "-c:a libmp3lame -ac 2 -b:a 128k", audioformat::MpegLayer3, 1152},
+    {"flac.mp4", "-c:a flac -strict -2 -ac 2", audioformat::Flac, 4608},
+    {"opus.mp4", "-c:a libopus -ac 2 -ar 48000 -b:a 96k", audioformat::Opus, 960},
+    {"fragments.mp4",
+     "-c:a aac -ac 2 -movflags frag_keyframe+empty_moov+default_base_moof -frag_duration 500000",
+     audioformat::Aac, 1024, false},
+    {"fragments-by-offset.mp4", "-c:a aac -ac 2 -movflags frag_keyframe+empty_moov -frag_duration 500000",
+     audioformat::Aac, 1024, false},
+    {"first-fragment-in-movie.mp4", "-c:a aac -ac 2 -movflags frag_keyframe -frag_duration 500000",
+     audioformat::Aac, 1024, false},
+    {"fragments-with-index.mp4", "-c:a aac -ac 2 -movflags dash+global_sidx -frag_duration 500000",
+     audioformat::Aac, 1024, false},
+    {"lossless-fragments.mp4", "-c:a alac -ac 2 -movflags frag_keyframe+empty_moov -frag_duration 500000",
+     audioformat::AppleLossless, 4096, false},
+    {"film-in-fragments.mp4",
+     "-f lavfi -i testsrc=s=320x240:d=4 -map 1:v -map 0:a -c:v mpeg4 -g 10 -c:a aac -ac 2 "
+     "-movflags frag_keyframe+empty_moov",
+     audioformat::Aac, 1024, false},
+};
+
+void checkPackets(const MovieCase& one, const QByteArray& file, const QList<QByteArray>& expected)
+{
+    for (const qsizetype piece : {qsizetype{1}, qsizetype{7}, qsizetype{2048}, file.size()}) {
+        SCOPED_TRACE(piece);
+        const Parsing parsing(file, piece);
+        const Listener& heard = parsing.listener;
+        EXPECT_EQ(parsing.status, kAudioOk);
+        ASSERT_TRUE(packetDigests(heard.packets) == expected)
+            << heard.packets.size() << " of " << expected.size();
+        EXPECT_EQ(heard.format.formatId, one.formatId);
+        EXPECT_EQ(heard.format.framesPerPacket, one.framesPerPacket);
+        EXPECT_EQ(heard.audioDataByteCount.has_value(), one.indexed);
+        if (!one.indexed)
+            continue;
+        EXPECT_TRUE(file.mid(heard.dataOffset).startsWith(heard.packets.first()));
+        EXPECT_TRUE(file.left(heard.dataOffset + static_cast<qsizetype>(*heard.audioDataByteCount))
+                        .endsWith(heard.packets.last()));
+        qsizetype largest = 0;
+        for (const QByteArray& packet : heard.packets)
+            largest = std::max(largest, packet.size());
+        EXPECT_EQ(heard.bound, largest + 1);
+    }
+}
+
+void checkSeeks(const MovieCase& one, const QByteArray& file)
+{
+    Parsing parsing(file);
+    Listener& heard = parsing.listener;
+    const QList<QByteArray> song = heard.packets;
+    const bool segments = QByteArrayView(one.name) == "fragments-with-index.mp4";
+    for (qsizetype packet = 0; packet < song.size(); packet += 5) {
+        std::int64_t offset = -1;
+        bool estimated = false;
+        ASSERT_EQ(parsing.stream->seek(packet, offset, estimated), kAudioOk);
+        EXPECT_EQ(estimated, !one.indexed && !segments);
+        heard.packets.clear();
+        ASSERT_EQ(feed(*parsing.stream, file.mid(heard.dataOffset + offset), 2048, true), kAudioOk);
+        ASSERT_TRUE(heard.packets == song.last(heard.packets.size())) << packet;
+        const auto missing = song.size() - packet - heard.packets.size();
+        ASSERT_TRUE(one.indexed ? missing == 0 : missing <= 0 || !segments) << packet;
+    }
+}
+
+TEST_F(EncodedAacTest, MoviePacketsAreThoseThatAnotherDemuxerFindsAndSeeksHitThem)
+{
+    for (const MovieCase& one : kMovies) {
+        SCOPED_TRACE(one.name);
+        const QString path = encode(QLatin1String(one.name), one.options);
+        const QByteArray file = contents(path);
+        const QList<QByteArray> expected = packetDigests(path, QStringLiteral("a:0"));
+        ASSERT_GT(expected.size(), 25);
+        checkPackets(one, file, expected);
+        checkSeeks(one, file);
+    }
+}
+
 } // namespace
 } // namespace zib

@@ -51,13 +51,12 @@ class EncodedAudioTest : public testing::Test {
 };
 
 /// Digests of the packets, as the other demuxer finds them.
-inline QList<QByteArray> packetDigests(const QString& path)
+inline QList<QByteArray> packetDigests(const QString& path, const QString& stream = QStringLiteral("a"))
 {
-    const QByteArray output =
-        run(QStringLiteral("ffprobe"),
-            {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-select_streams"),
-             QStringLiteral("a"), QStringLiteral("-show_packets"), QStringLiteral("-show_data_hash"),
-             QStringLiteral("MD5"), path});
+    const QByteArray output = run(QStringLiteral("ffprobe"),
+                                  {QStringLiteral("-v"), QStringLiteral("error"),
+                                   QStringLiteral("-select_streams"), stream, QStringLiteral("-show_packets"),
+                                   QStringLiteral("-show_data_hash"), QStringLiteral("MD5"), path});
     QList<QByteArray> digests;
     for (const QByteArray& line : output.split('\n')) {
         if (line.startsWith("data_hash=MD5:"))

@@ -309,11 +309,7 @@ TEST(MpegAudioParserTest, GivesUpOnWhatIsNoAudioWithinBounds)
         EXPECT_NE(feed(*parsing.stream, frames(9).join(), 2048), kAudioOk) << "a failure stays one";
         EXPECT_TRUE(parsing.listener.found.empty());
     }
-    for (const QByteArray& head : {QByteArray("\0\0\0\x20"
-                                              "ftypM4A ",
-                                              12),
-                                   QByteArray("OggS")})
-        EXPECT_NE(Parsing(head + noise(100)).status, kAudioOk);
+    EXPECT_NE(Parsing("OggS" + noise(100)).status, kAudioOk);
 }
 
 TEST(MpegAudioParserTest, NothingIsKnownBeforeTheFirstPacket)

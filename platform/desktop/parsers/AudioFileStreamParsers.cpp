@@ -7,6 +7,7 @@
 #include "platform/desktop/parsers/FlacParser.h"
 #include "platform/desktop/parsers/FrameParser.h"
 #include "platform/desktop/parsers/LeadingTag.h"
+#include "platform/desktop/parsers/Mpeg4Parser.h"
 #include "platform/desktop/parsers/WaveParser.h"
 
 #include <algorithm>
@@ -31,10 +32,18 @@ bool isAiff(const Head& head)
     return holds(head, 0, "FORM") && (holds(head, 8, "AIFF") || holds(head, 8, "AIFC"));
 }
 
+/// Whether a box begins there that MPEG-4 and QuickTime files may begin with.
+bool isMpeg4(const Head& head)
+{
+    constexpr std::string_view kNames[] = {"ftyp", "styp", "moov", "mdat", "sidx", "free", "skip", "wide"};
+    return std::any_of(std::begin(kNames), std::end(kNames),
+                       [&head](std::string_view name) { return holds(head, 4, name); });
+}
+
 /// Containers whose compressed contents could be mistaken for frames of MPEG audio here and there.
 bool isForeignContainer(const Head& head)
 {
-    return holds(head, 4, "ftyp") || (holds(head, 0, "FORM") && !isAiff(head)) || holds(head, 0, "OggS");
+    return (holds(head, 0, "FORM") && !isAiff(head)) || holds(head, 0, "OggS");
 }
 
 /// Passes over the tags that any kind of file may begin with, chooses the parser by what follows, and
@@ -141,6 +150,8 @@ class RecognisingFileStream : public AudioFileStream, private ParserOutput {
             parser_ = std::make_unique<FlacParser>(output, offset_);
         else if (holds(head_, 0, "caff"))
             parser_ = std::make_unique<CafParser>(output, offset_);
+        else if (isMpeg4(head_))
+            parser_ = std::make_unique<Mpeg4Parser>(output, offset_);
         else
             parser_ = std::make_unique<FrameParser>(output, offset_);
     }

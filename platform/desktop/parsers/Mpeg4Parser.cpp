@@ -1,0 +1,295 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/desktop/parsers/Mpeg4Parser.h"
+
+#include "platform/desktop/parsers/ByteReader.h"
+
+#include <algorithm>
+
+namespace zib {
+
+namespace {
+
+using Handling = Mpeg4BoxReader::Handling;
+
+// An hour of AAC at 256 kbit/s, several songs without loss. Nothing can be heard until the index is there, so
+// whoever waits for a longer one is better told that the file can't be streamed.
+constexpr std::size_t kMostKept = std::size_t{128} << 20;
+constexpr std::size_t kKeptBlock = std::size_t{64} << 10;
+constexpr std::size_t kLargestBox = std::size_t{32} << 20;
+constexpr std::size_t kMostTracks = 64;
+constexpr std::size_t kFragmentMark = 16; ///< bytes that only a fragment begins with
+
+constexpr auto kMovie = fourCharacters("moov");
+constexpr auto kTrack = fourCharacters("trak");
+constexpr auto kExtends = fourCharacters("mvex");
+constexpr auto kTrackExtends = fourCharacters("trex");
+constexpr auto kFragment = fourCharacters("moof");
+constexpr auto kTrackFragment = fourCharacters("traf");
+constexpr auto kTrackFragmentHeader = fourCharacters("tfhd");
+constexpr auto kRun = fourCharacters("trun");
+constexpr auto kMedia = fourCharacters("mdat");
+constexpr auto kSegmentIndex = fourCharacters("sidx");
+
+} // namespace
+
+Mpeg4Parser::Mpeg4Parser(ParserOutput& output, std::int64_t startOffset)
+    : boxes_(*this, startOffset)
+    , cutter_(output)
+{
+}
+
+AudioStatus Mpeg4Parser::parse(std::span<const std::byte> bytes, bool discontinuous)
+{
+    // A seek tells a new break from the same one repeated until packets come.
+    if (discontinuous && (cutter_.packets() > packetsBeforeBreak_ || sought_))
+        beginAnew();
+    if (searching_)
+        return searchFragment(bytes);
+    if (!indexed_ || fragmented_) {
+        const AudioStatus status = boxes_.read(bytes);
+        offset_ = boxes_.offset();
+        if (status != kAudioOk)
+            return status;
+    }
+    if (!lost_)
+        cutter_.cut(bytes, offset_);
+    offset_ += std::ssize(bytes);
+    return kAudioOk;
+}
+
+void Mpeg4Parser::beginAnew()
+{
+    packetsBeforeBreak_ = cutter_.packets();
+    const auto sought = std::exchange(sought_, std::nullopt);
+    if (fragmented_) {
+        searching_ = true;
+        searched_.clear();
+        offsetsHold_ = false;
+        cutter_.follow({});
+        return;
+    }
+    lost_ = !sought.has_value();
+    if (sought)
+        offset_ = cutter_.goTo(*sought);
+}
+
+/// Looks for the beginning of a fragment and goes on from there.
+AudioStatus Mpeg4Parser::searchFragment(std::span<const std::byte> bytes)
+{
+    constexpr std::string_view kMark("moof\0\0\0\x10mfhd", 12);
+    constexpr std::size_t kSizeBytes = kFragmentMark - kMark.size();
+    searched_.insert(searched_.end(), bytes.begin(), bytes.end());
+    const auto mark =
+        std::search(searched_.begin(), searched_.end(), kMark.begin(), kMark.end(),
+                    [](std::byte byte, char letter) { return byte == static_cast<std::byte>(letter); });
+    const auto before = static_cast<std::size_t>(mark - searched_.begin());
+    if (mark == searched_.end() || before < kSizeBytes) {
+        const std::size_t kept = std::min(searched_.size(), kFragmentMark - 1);
+        searched_.erase(searched_.begin(), searched_.end() - static_cast<std::ptrdiff_t>(kept));
+        return kAudioOk;
+    }
+    searching_ = false;
+    boxes_.restart(0);
+    const auto found = std::exchange(searched_, {});
+    auto rest = std::span(found).subspan(before - kSizeBytes);
+    return boxes_.read(rest);
+}
+
+Mpeg4BoxReader::Treatment Mpeg4Parser::topBoxBegins(std::uint32_t type, std::int64_t offset)
+{
+    switch (type) {
+    case kMovie:
+        return {indexed_ ? Handling::Skip : Handling::Enter};
+    case kMedia:
+        return {Handling::Pass};
+    case kSegmentIndex:
+        return {segments_.isEmpty() ? Handling::Gather : Handling::Skip, kLargestBox};
+    case kFragment:
+        if (!fragment_)
+            return {};
+        fragment_->begin(offset, offsetsHold_);
+        audioBegins(offset);
+        return {Handling::Enter};
+    default:
+        return {};
+    }
+}
+
+Mpeg4BoxReader::Treatment Mpeg4Parser::boxBegins(std::uint32_t type, std::uint32_t parent,
+                                                 std::int64_t offset)
+{
+    switch (parent) {
+    case 0:
+        return topBoxBegins(type, offset);
+    case kMovie:
+        if (type == kExtends)
+            fragmented_ = true;
+        else if (type != kTrack || (track_ && track_->isEnabled()))
+            return {};
+        reading_ = {};
+        return {Handling::Enter};
+    case kExtends:
+        return {type == kTrackExtends ? Handling::Gather : Handling::Skip, 24};
+    case kFragment:
+        return {type == kTrackFragment ? Handling::Enter : Handling::Skip};
+    case kTrackFragment:
+        return {type == kTrackFragmentHeader || type == kRun ? Handling::Gather : Handling::Skip,
+                kLargestBox};
+    default:
+        return reading_.treatmentOf(type, parent);
+    }
+}
+
+AudioStatus Mpeg4Parser::boxGathered(std::uint32_t type, std::span<const std::byte> body, std::int64_t offset)
+{
+    switch (type) {
+    case kSegmentIndex:
+        segments_.read(body, offset);
+        break;
+    case kTrackExtends:
+        if (body.size() == 24 && defaultSizes_.size() < kMostTracks)
+            defaultSizes_.emplace_back(bigEndian32(body.subspan(4)), bigEndian32(body.subspan(16)));
+        break;
+    case kTrackFragmentHeader:
+        fragment_->readTrackHeader(body);
+        break;
+    case kRun:
+        return fragment_->readRun(body);
+    default:
+        reading_.read(type, body);
+        break;
+    }
+    return kAudioOk;
+}
+
+AudioStatus Mpeg4Parser::boxEnds(std::uint32_t type)
+{
+    switch (type) {
+    case kTrack:
+        trackEnds();
+        break;
+    case kMovie:
+        return movieEnds();
+    case kFragment:
+        cutter_.follow(fragment_->takeTable());
+        break;
+    default:
+        break;
+    }
+    return kAudioOk;
+}
+
+/// Takes the first track of sound that is enabled, or else the first.
+void Mpeg4Parser::trackEnds()
+{
+    if (track_ && (track_->isEnabled() || !reading_.isEnabled()))
+        return;
+    if (reading_.isPlayable())
+        track_ = std::move(reading_);
+}
+
+AudioStatus Mpeg4Parser::movieEnds()
+{
+    if (!track_)
+        return kUnsupportedDataFormat;
+    Mpeg4SampleTable& table = track_->table();
+    if (const AudioStatus status = table.finish(); status != kAudioOk)
+        return status;
+    if (table.count() == 0 && !fragmented_)
+        return kInvalidFile;
+    indexed_ = true;
+    std::uint32_t largest = table.largest();
+    properties_ = track_->description().properties;
+    if (fragmented_)
+        largest = std::max(largest, track_->description().largestSample);
+    properties_->packetSizeUpperBound = largest + 1;
+    properties_->maximumPacketSize = largest;
+    if (table.count() > 0) {
+        const std::int64_t begin = table.placeOf(0).offset;
+        if (!fragmented_)
+            properties_->audioDataByteCount = static_cast<std::uint64_t>(table.end() - begin);
+        audioBegins(begin);
+    }
+    cutter_.follow(std::move(table));
+    releaseKept();
+    if (!fragmented_) {
+        boxes_.stop();
+        return kAudioOk;
+    }
+    const auto size = std::find_if(defaultSizes_.begin(), defaultSizes_.end(),
+                                   [this](const auto& entry) { return entry.first == track_->id(); });
+    fragment_.emplace(track_->id(), size == defaultSizes_.end() ? 0 : size->second);
+    return kAudioOk;
+}
+
+void Mpeg4Parser::audioBegins(std::int64_t offset)
+{
+    if (dataOffset_)
+        return;
+    dataOffset_ = offset;
+    properties_->dataOffset = offset;
+    cutter_.setProperties(*std::exchange(properties_, std::nullopt));
+}
+
+AudioStatus Mpeg4Parser::bytesPass(std::span<const std::byte> bytes, std::int64_t offset)
+{
+    if (!indexed_)
+        return keep(bytes, offset);
+    cutter_.cut(bytes, offset);
+    return kAudioOk;
+}
+
+AudioStatus Mpeg4Parser::keep(std::span<const std::byte> bytes, std::int64_t offset)
+{
+    constexpr std::size_t kOverhead = 64; // of a block, however little is in it
+    keptBytes_ += bytes.size();
+    while (!bytes.empty()) {
+        const bool follows = !kept_.empty() && kept_.back().bytes.size() < kKeptBlock &&
+                             kept_.back().offset + std::ssize(kept_.back().bytes) == offset;
+        if (!follows) {
+            kept_.push_back({offset, {}});
+            keptBytes_ += kOverhead;
+        }
+        auto& block = kept_.back().bytes;
+        const auto taken = bytes.first(std::min(bytes.size(), kKeptBlock - block.size()));
+        block.insert(block.end(), taken.begin(), taken.end());
+        bytes = bytes.subspan(taken.size());
+        offset += std::ssize(taken);
+    }
+    return keptBytes_ > kMostKept ? kIndexTooLate : kAudioOk;
+}
+
+void Mpeg4Parser::releaseKept()
+{
+    for (; !kept_.empty(); kept_.pop_front())
+        cutter_.cut(kept_.front().bytes, kept_.front().offset);
+    kept_.shrink_to_fit();
+}
+
+AudioStatus Mpeg4Parser::seek(std::int64_t packet, std::int64_t& byteOffset, bool& estimated)
+{
+    if (packet < 0 || cutter_.packets() == 0)
+        return kIllegalPacket;
+    estimated = false;
+    if (!fragmented_) {
+        const std::uint64_t last = cutter_.table().count() - 1;
+        sought_ = std::min(static_cast<std::uint64_t>(packet), last);
+        byteOffset = cutter_.table().placeOf(*sought_).offset - *dataOffset_;
+        return kAudioOk;
+    }
+    const auto& format = *track_->description().properties.format;
+    const double seconds = static_cast<double>(packet) * format.framesPerPacket / format.sampleRate;
+    if (const auto offset = segments_.offsetAt(seconds); offset && *offset >= *dataOffset_) {
+        byteOffset = *offset - *dataOffset_;
+    } else {
+        constexpr double kLargest = 1e15;
+        estimated = true;
+        const double average =
+            static_cast<double>(cutter_.packetBytes()) / static_cast<double>(cutter_.packets());
+        byteOffset = static_cast<std::int64_t>(std::min(average * static_cast<double>(packet), kLargest));
+    }
+    sought_ = static_cast<std::uint64_t>(packet);
+    return kAudioOk;
+}
+
+} // namespace zib
