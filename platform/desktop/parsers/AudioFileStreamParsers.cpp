@@ -8,6 +8,7 @@
 #include "platform/desktop/parsers/FrameParser.h"
 #include "platform/desktop/parsers/LeadingTag.h"
 #include "platform/desktop/parsers/Mpeg4Parser.h"
+#include "platform/desktop/parsers/OggParser.h"
 #include "platform/desktop/parsers/WaveParser.h"
 
 #include <algorithm>
@@ -43,7 +44,7 @@ bool isMpeg4(const Head& head)
 /// Containers whose compressed contents could be mistaken for frames of MPEG audio here and there.
 bool isForeignContainer(const Head& head)
 {
-    return (holds(head, 0, "FORM") && !isAiff(head)) || holds(head, 0, "OggS");
+    return holds(head, 0, "FORM") && !isAiff(head);
 }
 
 /// Passes over the tags that any kind of file may begin with, chooses the parser by what follows, and
@@ -152,6 +153,8 @@ class RecognisingFileStream : public AudioFileStream, private ParserOutput {
             parser_ = std::make_unique<CafParser>(output, offset_);
         else if (isMpeg4(head_))
             parser_ = std::make_unique<Mpeg4Parser>(output, offset_);
+        else if (holds(head_, 0, "OggS"))
+            parser_ = std::make_unique<OggParser>(output, offset_);
         else
             parser_ = std::make_unique<FrameParser>(output, offset_);
     }

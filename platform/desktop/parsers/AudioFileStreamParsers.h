@@ -6,8 +6,8 @@
 namespace zib {
 
 /// The parsers that the program plays with: MPEG audio (layers I to III), AAC in ADTS, MPEG-4, WAVE, AIFF,
-/// Core Audio files and FLAC. The bytes decide which one is used, whatever the hint says, since addresses lie
-/// about their extension.
+/// Core Audio files, FLAC and Ogg. The bytes decide which one is used, whatever the hint says, since
+/// addresses lie about their extension.
 class AudioFileStreamParsers : public AudioFileStreams {
   public:
     [[nodiscard]] std::unique_ptr<AudioFileStream> open(AudioFileType hint, AudioFileStreamClient& client,

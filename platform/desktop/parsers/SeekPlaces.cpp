@@ -15,7 +15,7 @@ constexpr std::int64_t kMaximumFrame = std::int64_t{1} << 44;
 constexpr std::size_t kMostPlaces = 14'400;
 constexpr double kPlaceDistance = 0.5; // seconds
 // Places this near to each other are gone to themselves, those further apart are guessed between.
-constexpr double kNear = 1.0; // seconds
+constexpr double kNear = 1.5; // seconds
 // Readers tell the time after a seek from the place, as if all of the file had the rate so far. Where that
 // is further from the time asked for, a clock that jumps is worse than music from a little aside.
 constexpr double kClockTolerance = 2.0; // seconds
