@@ -140,11 +140,11 @@ TEST(WaveParserTest, SeeksExactlyAndStillKnowsTheEnd)
     const QByteArray after = chunk("LIST", noise(500));
     Parsing parsing(waveFile(chunk("fmt ", waveFormat(kPcm, 2, 44100, 24)) + chunk("data", audio)) + after);
     ASSERT_EQ(parsing.listener.constantBytes, audio);
-    for (const qint64 packet : {0, 1, 5000, 9999}) {
+    for (const qint64 packet : {0, 1, 5000, 9999, 12'345}) {
         std::int64_t offset = -1;
         bool estimated = true;
         ASSERT_EQ(parsing.stream->seek(packet, offset, estimated), kAudioOk);
-        EXPECT_EQ(offset, packet * 6);
+        EXPECT_EQ(offset, qMin(packet, qint64{9999}) * 6) << "beyond the end is the end";
         EXPECT_FALSE(estimated);
         parsing.listener.constantBytes.clear();
         EXPECT_EQ(feed(*parsing.stream, audio.mid(offset) + after, 1000, true), kAudioOk);
@@ -152,7 +152,6 @@ TEST(WaveParserTest, SeeksExactlyAndStillKnowsTheEnd)
     }
     std::int64_t offset = 0;
     bool estimated = false;
-    EXPECT_NE(parsing.stream->seek(10'001, offset, estimated), kAudioOk);
     EXPECT_NE(parsing.stream->seek(-1, offset, estimated), kAudioOk);
 }
 

@@ -86,16 +86,18 @@ void ConstantPackets::emitPackets(std::span<const std::byte> bytes)
 
 AudioStatus ConstantPackets::seek(std::int64_t packet, std::int64_t& byteOffset, bool& estimated)
 {
+    constexpr std::int64_t kMaximumPacket = std::int64_t{1} << 48;
     const std::int64_t packetBytes = format_ ? format_->bytesPerPacket : 0;
-    if (!format_ || packet < 0 ||
-        packet > dataBytes_.value_or(std::numeric_limits<std::int64_t>::max() / 2) / packetBytes)
+    if (!format_ || packet < 0 || packet > kMaximumPacket)
         return kIllegalPacket;
     byteOffset = packet * packetBytes;
+    if (dataBytes_) {
+        byteOffset = std::min(byteOffset, std::max(*dataBytes_ - packetBytes, std::int64_t{0}));
+        remaining_ = *dataBytes_ - byteOffset;
+    }
     estimated = false;
     carry_.clear();
     deliveredSinceBreak_ = false;
-    if (dataBytes_)
-        remaining_ = *dataBytes_ - byteOffset;
     return kAudioOk;
 }
 

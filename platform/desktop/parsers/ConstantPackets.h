@@ -22,7 +22,8 @@ class ConstantPackets {
                std::optional<std::int64_t> dataBytes);
     /// As FormatParser::parse; what follows the audio is left alone.
     void parse(std::span<const std::byte> bytes, bool discontinuous);
-    /// As AudioFileStream::seek.
+    /// As AudioFileStream::seek, always exact. A packet beyond the last one is the last one: refused, a
+    /// reader would go to a place of its own reckoning, and samples cut in the wrong place are noise.
     AudioStatus seek(std::int64_t packet, std::int64_t& byteOffset, bool& estimated);
 
   private:

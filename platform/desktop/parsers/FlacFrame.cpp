@@ -11,7 +11,6 @@ namespace zib {
 namespace {
 
 constexpr std::uint32_t kLeastBits = 4;
-constexpr std::uint32_t kMostBits = 32;
 constexpr std::uint32_t kShortestBlock = 16;
 constexpr std::size_t kCrcBytes = 2;
 constexpr std::uint32_t kLeftSide = 8;
