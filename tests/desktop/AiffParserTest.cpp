@@ -161,7 +161,7 @@ TEST_F(EncodedAudioTest, AiffSamplesAreThoseThatAnotherDemuxerFinds)
                 {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-i"), path,
                  QStringLiteral("-map"), QStringLiteral("0:a"), QStringLiteral("-c"), QStringLiteral("copy"),
                  QStringLiteral("-f"), QStringLiteral("data"), QStringLiteral("-")});
-        for (const qsizetype piece : {qsizetype{1}, qsizetype{2048}, file.size()}) {
+        for (const qsizetype piece : {qsizetype{7}, qsizetype{2048}, file.size()}) {
             const Parsing parsing(file, piece);
             EXPECT_EQ(parsing.status, kAudioOk);
             EXPECT_TRUE(parsing.listener.constantBytes == expected);

@@ -180,6 +180,7 @@ TEST(CafParserTest, RefusesWhatItCannotPlay)
         linear + data(noise(90), 3),
         linear + cafChunk("free", noise(9), -9),
         aac + huge + end,
+        aac + cafChunk("kuki", kAacCookie.left(20)) + end,
         aac + cafChunk("pakt", noise(5)) + end,
         file + cafChunk("desc", noise(12)) + end,
     };
@@ -227,7 +228,7 @@ TEST_F(EncodedAudioTest, CafPacketsAreThoseThatAnotherDemuxerFinds)
                  QStringLiteral("-map"), QStringLiteral("0:a"), QStringLiteral("-c"), QStringLiteral("copy"),
                  QStringLiteral("-f"), QStringLiteral("data"), QStringLiteral("-")});
         ASSERT_GT(audio.size(), 5000);
-        for (const qsizetype piece : {qsizetype{1}, qsizetype{2048}, file.size()}) {
+        for (const qsizetype piece : {qsizetype{7}, qsizetype{2048}, file.size()}) {
             const Parsing parsing(file, piece);
             EXPECT_EQ(parsing.status, kAudioOk);
             EXPECT_TRUE(parsing.listener.allBytes() == audio);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktop/parsers/CafParser.h"
 
+#include "platform/desktop/parsers/AacConfig.h"
 #include "platform/desktop/parsers/ByteReader.h"
 #include "platform/desktop/parsers/EsDescriptor.h"
 #include "platform/desktop/parsers/SampleFormat.h"
@@ -46,10 +47,14 @@ std::optional<AudioStreamDescription> codedFormat(double sampleRate, std::uint32
     return format;
 }
 
+bool isAac(const AudioStreamDescription& format)
+{
+    return format.formatId == audioformat::Aac || format.formatId == audioformat::HeAac;
+}
+
 bool needsCookie(const AudioStreamDescription& format)
 {
-    return format.formatId == audioformat::Aac || format.formatId == audioformat::HeAac ||
-           format.formatId == audioformat::AppleLossless;
+    return isAac(format) || format.formatId == audioformat::AppleLossless;
 }
 
 /// The configuration in a cookie for Apple Lossless: bare, or in the boxes "frma" and "alac" as older
@@ -213,8 +218,10 @@ AudioStatus CafParser::readCookie()
     std::span<const std::byte> cookie = fields_.field();
     if (format_->formatId == audioformat::AppleLossless)
         cookie = losslessConfiguration(cookie);
-    else if (format_->formatId == audioformat::Aac || format_->formatId == audioformat::HeAac)
+    else if (isAac(*format_))
         cookie = aacConfiguration(cookie);
+    if (isAac(*format_) && !AacConfig::parse(cookie))
+        return kUnsupportedDataFormat;
     cookie_.assign(cookie.begin(), cookie.end());
     nextChunk(0);
     if (complete() && dataOffset_)
@@ -279,6 +286,8 @@ void CafParser::beginSizedPackets()
     state_ = State::Data;
     AudioFileProperties properties;
     properties.format = format_;
+    if (isAac(*format_)) // which of the two kinds the description names differs from program to program
+        properties = AacConfig::parse(cookie_)->properties();
     properties.dataOffset = dataOffset_;
     properties.magicCookie = cookie_;
     if (dataBytes_)
