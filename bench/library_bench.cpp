@@ -5,7 +5,6 @@
 #include "library/LibraryFile.h"
 #include "library/RVDataManager.h"
 #include "platform/Clock.h"
-#include "platform/TableView.h"
 #include "records/PropertyValue.h"
 
 #include <QCoreApplication>
@@ -195,21 +194,6 @@ void benchSave()
 class SystemClock : public Clock {
   public:
     [[nodiscard]] QDateTime now() const override { return QDateTime::currentDateTimeUtc(); }
-};
-
-class NoTable : public TableView {
-  public:
-    void reloadData() override {}
-    void scrollRowToVisible(int) override {}
-    [[nodiscard]] QList<int> selectedRows() const override { return {}; }
-    void selectRows(const QList<int>&) override {}
-    void deselectAll() override {}
-    void setAutosaveName(const QString&) override {}
-    void reloadCell(int, const QString&) override {}
-    [[nodiscard]] QList<SortDescriptor> sortDescriptors() const override { return {}; }
-    void setSortDescriptors(const QList<SortDescriptor>&) override {}
-    void setColumnAvailable(const QString&, bool) override {}
-    void removeSubviews() override {}
 };
 
 /// The main thread's time for loving one song of the whole library that is shown, saved in the background.
