@@ -34,6 +34,11 @@ constexpr Format kFormats[] = {
     {"Caf", "/song.caf", "-c:a pcm_s24be", 1, 48000},
     {"CafLossless", "/song.caf", "-c:a alac", 4096, 44100, 0.5, false},
     {"AacAdts", "/song.aac", "-c:a aac -b:a 128k -aac_pns 0", 1024, 44100, 0.5},
+    {"M4a", "/song.m4a", "-c:a aac -b:a 128k -aac_pns 0 -movflags +faststart", 1024, 44100, 0.5},
+    {"M4aIndexLast", "/song.m4a", "-c:a aac -b:a 128k -aac_pns 0", 1024, 44100, 0.5, false},
+    {"M4aLossless", "/song.m4a", "-c:a alac -movflags +faststart", 4096, 44100, 0.5},
+    {"Mp4Fragments", "/song.mp4",
+     "-c:a aac -b:a 128k -aac_pns 0 -movflags dash+global_sidx -frag_duration 1000000", 1024, 44100, 1.1},
     {"Flac", "/song.flac", "-c:a flac", 4608, 44100, 0.5},
 };
 

@@ -194,7 +194,7 @@ AudioStatus AiffParser::hold(std::span<const std::byte>& bytes)
     const std::int64_t missing = *dataBytes_ - std::ssize(held_.bytes());
     const auto taken = fields_.takeSome(bytes, missing);
     if (!held_.hold(taken))
-        return kInvalidFile;
+        return kIndexTooLate;
     if (std::ssize(taken) == missing)
         nextChunk(chunkBytes_ & 1);
     return kAudioOk;

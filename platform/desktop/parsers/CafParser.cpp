@@ -274,7 +274,7 @@ AudioStatus CafParser::hold(std::span<const std::byte>& bytes)
 {
     const auto taken = fields_.takeSome(bytes, chunkLeft_);
     if (!held_.hold(taken))
-        return kInvalidFile;
+        return kIndexTooLate;
     chunkLeft_ -= std::ssize(taken);
     if (chunkLeft_ == 0)
         nextChunk(0);

@@ -13,7 +13,7 @@ inline constexpr auto kUnsupportedFileType = static_cast<AudioStatus>(fourCharac
 inline constexpr auto kUnsupportedDataFormat = static_cast<AudioStatus>(fourCharacters("fmt?"));
 /// The file contradicts itself.
 inline constexpr auto kInvalidFile = static_cast<AudioStatus>(fourCharacters("dta?"));
-/// The file tells where its audio is only after more audio than can be kept.
+/// The file tells how its audio is to be taken apart only after more of it than can be held.
 inline constexpr auto kIndexTooLate = static_cast<AudioStatus>(fourCharacters("optm"));
 /// The property is not known, or not yet.
 inline constexpr auto kUnknownProperty = static_cast<AudioStatus>(fourCharacters("pty?"));

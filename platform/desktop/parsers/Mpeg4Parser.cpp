@@ -11,10 +11,6 @@ namespace {
 
 using Handling = Mpeg4BoxReader::Handling;
 
-// An hour of AAC at 256 kbit/s, several songs without loss. Nothing can be heard until the index is there, so
-// whoever waits for a longer one is better told that the file can't be streamed.
-constexpr std::size_t kMostKept = std::size_t{128} << 20;
-constexpr std::size_t kKeptBlock = std::size_t{64} << 10;
 constexpr std::size_t kLargestBox = std::size_t{32} << 20;
 constexpr std::size_t kMostTracks = 64;
 constexpr std::size_t kFragmentMark = 16; ///< bytes that only a fragment begins with
@@ -211,7 +207,7 @@ AudioStatus Mpeg4Parser::movieEnds()
         audioBegins(begin);
     }
     cutter_.follow(std::move(table));
-    releaseKept();
+    releaseHeld();
     if (!fragmented_) {
         boxes_.stop();
         return kAudioOk;
@@ -234,36 +230,28 @@ void Mpeg4Parser::audioBegins(std::int64_t offset)
 AudioStatus Mpeg4Parser::bytesPass(std::span<const std::byte> bytes, std::int64_t offset)
 {
     if (!indexed_)
-        return keep(bytes, offset);
+        return hold(bytes, offset);
     cutter_.cut(bytes, offset);
     return kAudioOk;
 }
 
-AudioStatus Mpeg4Parser::keep(std::span<const std::byte> bytes, std::int64_t offset)
+AudioStatus Mpeg4Parser::hold(std::span<const std::byte> bytes, std::int64_t offset)
 {
-    constexpr std::size_t kOverhead = 64; // of a block, however little is in it
-    keptBytes_ += bytes.size();
-    while (!bytes.empty()) {
-        const bool follows = !kept_.empty() && kept_.back().bytes.size() < kKeptBlock &&
-                             kept_.back().offset + std::ssize(kept_.back().bytes) == offset;
-        if (!follows) {
-            kept_.push_back({offset, {}});
-            keptBytes_ += kOverhead;
-        }
-        auto& block = kept_.back().bytes;
-        const auto taken = bytes.first(std::min(bytes.size(), kKeptBlock - block.size()));
-        block.insert(block.end(), taken.begin(), taken.end());
-        bytes = bytes.subspan(taken.size());
-        offset += std::ssize(taken);
-    }
-    return keptBytes_ > kMostKept ? kIndexTooLate : kAudioOk;
+    if (stretches_.empty() || offset != heldEnd_)
+        stretches_.push_back({offset, held_.bytes().size()});
+    heldEnd_ = offset + std::ssize(bytes);
+    return held_.hold(bytes) ? kAudioOk : kIndexTooLate;
 }
 
-void Mpeg4Parser::releaseKept()
+void Mpeg4Parser::releaseHeld()
 {
-    for (; !kept_.empty(); kept_.pop_front())
-        cutter_.cut(kept_.front().bytes, kept_.front().offset);
-    kept_.shrink_to_fit();
+    const auto bytes = held_.bytes();
+    for (std::size_t i = 0; i < stretches_.size(); ++i) {
+        const std::size_t end = i + 1 < stretches_.size() ? stretches_[i + 1].held : bytes.size();
+        cutter_.cut(bytes.subspan(stretches_[i].held, end - stretches_[i].held), stretches_[i].offset);
+    }
+    held_.release();
+    stretches_ = {};
 }
 
 AudioStatus Mpeg4Parser::seek(std::int64_t packet, std::int64_t& byteOffset, bool& estimated)

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/desktop/parsers/HeldAudio.h"
 #include "platform/desktop/parsers/Mpeg4BoxReader.h"
 #include "platform/desktop/parsers/Mpeg4Fragment.h"
 #include "platform/desktop/parsers/Mpeg4SampleCutter.h"
 #include "platform/desktop/parsers/Mpeg4SegmentIndex.h"
 #include "platform/desktop/parsers/Mpeg4Track.h"
-
-#include <deque>
 
 namespace zib {
 
@@ -26,9 +25,10 @@ class Mpeg4Parser : public FormatParser, private Mpeg4BoxReader::Client {
 
   private:
     using Treatment = Mpeg4BoxReader::Treatment;
-    struct Kept {
-        std::int64_t offset;
-        std::vector<std::byte> bytes;
+    /// A stretch of the audio that is held.
+    struct Stretch {
+        std::int64_t offset; ///< byte of the file that begins it
+        std::size_t held;    ///< and of what is held
     };
 
     Treatment boxBegins(std::uint32_t type, std::uint32_t parent, std::int64_t offset) override;
@@ -39,11 +39,11 @@ class Mpeg4Parser : public FormatParser, private Mpeg4BoxReader::Client {
     AudioStatus bytesPass(std::span<const std::byte> bytes, std::int64_t offset) override;
 
     void beginAnew();
-    AudioStatus keep(std::span<const std::byte> bytes, std::int64_t offset);
+    AudioStatus hold(std::span<const std::byte> bytes, std::int64_t offset);
     void trackEnds();
     AudioStatus movieEnds();
     void audioBegins(std::int64_t offset);
-    void releaseKept();
+    void releaseHeld();
     AudioStatus searchFragment(std::span<const std::byte> bytes);
 
     Mpeg4BoxReader boxes_;
@@ -53,8 +53,9 @@ class Mpeg4Parser : public FormatParser, private Mpeg4BoxReader::Client {
     std::optional<Mpeg4Track> track_; ///< the best so far, then the one that is played
     bool indexed_ = false;            ///< the movie's description was read
     std::vector<std::pair<std::uint32_t, std::uint32_t>> defaultSizes_; ///< of samples, by track
-    std::deque<Kept> kept_;
-    std::size_t keptBytes_ = 0;
+    HeldAudio held_;
+    std::vector<Stretch> stretches_;
+    std::int64_t heldEnd_ = 0; ///< byte of the file that follows what is held
 
     bool fragmented_ = false;
     std::optional<Mpeg4Fragment> fragment_;
