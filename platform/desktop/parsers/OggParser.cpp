@@ -244,7 +244,7 @@ bool OggParser::heardEnough() const
 void OggParser::announce()
 {
     announced_ = true;
-    bound_ = boundSoFar();
+    bound_ = unfillableBound(boundSoFar());
 
     AudioFileProperties properties;
     properties.format = codec_->format();
