@@ -16,5 +16,6 @@
 #include "platform/SettingsKeys.h"
 #include "platform/TableView.h"
 #include "platform/TagApi.h"
+#include "platform/Trash.h"
 #include "platform/UrlConnection.h"
 #include "platform/UserDefaults.h"
