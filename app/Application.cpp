@@ -15,6 +15,7 @@
 #include "platform/desktop/DesktopFileMetadata.h"
 #include "platform/desktop/DesktopMovie.h"
 #include "platform/desktop/DesktopSound.h"
+#include "platform/desktop/DesktopTrash.h"
 #include "platform/desktop/LoginPowerEvents.h"
 #include "platform/desktop/NetworkReachability.h"
 #include "platform/desktop/SettingsFile.h"
@@ -89,7 +90,7 @@ struct Application::Parts {
         , sharedPanel(&window)
         , dataManager(defaults, alerts, clock, window.songTable(), places.library)
         , player(nullptr, {readStreams, fileStreams, queues, alerts, defaults}, movies, desktop)
-        , controller(dataManager, player, {loader, defaults, clock}, defaults, alerts, desktop, window)
+        , controller(dataManager, player, {loader, defaults, clock}, defaults, alerts, desktop, trash, window)
         , network(reachability, powerEvents, defaults, &controller)
         , metadata(places.metadata)
         , importer(dataManager, metadata, defaults)
@@ -116,6 +117,7 @@ struct Application::Parts {
     LoginPowerEvents powerEvents;
     WidgetAlerts alerts;
     WidgetDesktop desktop;
+    DesktopTrash trash;
     MainWindow window;
     WidgetBusyPanel sharedPanel;
     RVDataManager dataManager;
@@ -208,6 +210,7 @@ void Application::Parts::fillApplicationMenu()
     add(text("Add to library…"), QKeySequence(QKeySequence::Open), [this] { window.addToLibrary(); });
     add(text("Import iTunes library…"), {}, [this] { controller.importITunesLibrary(); });
     add(text("Remove iTunes items"), {}, [this] { controller.removeITunesItems(); });
+    add(text("Clean up broken links…"), {}, [this] { controller.cleanUpBrokenLinks(); });
     menu.addSeparator();
     add(text("Preferences…"), QKeySequence(Qt::CTRL | Qt::Key_Comma), [this] { delegate.openPreferences(); });
     menu.addSeparator();

@@ -64,6 +64,12 @@ class PlaybackQueue : public RVPlayerDelegate {
     [[nodiscard]] int nowplayingSourceType() const { return snapshot_ ? int(snapshot_->sourceType) : -1; }
     [[nodiscard]] int nowplayingPlaylistIndex() const { return snapshot_ ? snapshot_->playlistIndex : -1; }
     [[nodiscard]] qint64 nowplayingPlaylistUID() const { return snapshot_ ? snapshot_->playlistUid : -1; }
+    /// What is played from has changed: what plays next is looked for there.
+    void setNowplayingPlaylistItems(const QList<Record>& items)
+    {
+        if (snapshot_)
+            snapshot_->playlistItems = items;
+    }
     /// The playing search or playlist has moved to another place of its list.
     void setNowplayingPlaylistIndex(int index)
     {

@@ -11,11 +11,12 @@
 namespace zib {
 
 RVMainController::RVMainController(RVDataManager& dataManager, RVPlayer& player, const WebServices& services,
-                                   UserDefaults& defaults, Alerts& alerts, Desktop& desktop,
+                                   UserDefaults& defaults, Alerts& alerts, Desktop& desktop, Trash& trash,
                                    MainWindowView& window)
     : player_(player)
     , notices_(defaults, alerts, desktop)
     , downloads_(dataManager, services, defaults, alerts)
+    , removal_({dataManager, downloads_, defaults, trash, alerts, desktop})
     , context_{.dataManager = dataManager,
                .downloads = downloads_,
                .defaults = defaults,
@@ -74,6 +75,15 @@ void RVMainController::importITunesLibrary()
 void RVMainController::removeITunesItems()
 {
     context_.dataManager.removeITunesItemsFromLibrary();
+}
+
+void RVMainController::cleanUpBrokenLinks()
+{
+    const QString warning = QCoreApplication::translate(
+        "RVMainController",
+        "You are about to remove all songs with broken links from your music library and playlists.");
+    if (notices_.runSuppressibleConfirmation(warning, settings::SupressDialogCleanUp) == 0)
+        removal_.removeBrokenLinks();
 }
 
 void RVMainController::connectedToInternetNotification()

@@ -8,12 +8,14 @@
 #include "controller/SearchFlow.h"
 #include "library/RVDataManagerDelegate.h"
 #include "library/SongDownloads.h"
+#include "library/SongRemoval.h"
 #include "services/PKNetwork.h"
 
 namespace zib {
 
 class Alerts;
 class Desktop;
+class Trash;
 
 /// The main window's controller: what a control of the window does is one call here. Its parts do the work.
 /// It is the delegate of the library manager and the player from its construction on; the connectivity
@@ -22,7 +24,8 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
   public:
     /// All of them outlive the controller.
     RVMainController(RVDataManager& dataManager, RVPlayer& player, const WebServices& services,
-                     UserDefaults& defaults, Alerts& alerts, Desktop& desktop, MainWindowView& window);
+                     UserDefaults& defaults, Alerts& alerts, Desktop& desktop, Trash& trash,
+                     MainWindowView& window);
     ~RVMainController() override;
 
     /// Fills the window: search type, idle banner, and the most recent search or else the library.
@@ -45,9 +48,21 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
     /// Takes the songs that came from it out again.
     void removeITunesItems();
 
+    /// Removes the selected songs, from the library or the shown playlist.
+    void deleteSelectedItems() { removal_.deleteSelectedItems(); }
+    /// Removes the songs that could not be opened, once the user has agreed to it.
+    void cleanUpBrokenLinks();
+
     // For the library manager
     [[nodiscard]] Record nowplayingTrack() const override { return playback_.nowplayingTrack(); }
     void setNowplayingTrack(const Record& track) override { playback_.setNowplayingTrack(track); }
+    [[nodiscard]] int nowplayingSourceType() const override { return playback_.nowplayingSourceType(); }
+    [[nodiscard]] qint64 nowplayingPlaylistUID() const override { return playback_.nowplayingPlaylistUID(); }
+    void setNowplayingPlaylistItems(const QList<Record>& items) override
+    {
+        playback_.setNowplayingPlaylistItems(items);
+    }
+    void stop() override { playback_.stop(); }
     [[nodiscard]] bool connectedToInternet() const override { return context_.connectedToInternet; }
 
     // From the connectivity monitor
@@ -61,6 +76,7 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
     RVPlayer& player_;
     Notices notices_;
     SongDownloads downloads_;
+    SongRemoval removal_;
     ControllerContext context_;
     PlaybackQueue playback_;
     SearchFlow search_;

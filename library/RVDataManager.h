@@ -41,6 +41,7 @@ class RVDataManager : public QObject {
     ~RVDataManager() override;
 
     void setDelegate(RVDataManagerDelegate* delegate);
+    [[nodiscard]] RVDataManagerDelegate& delegate() const { return *delegate_; }
 
     /// The collections. Whoever changes one calls saveLibrary(), and reloadData() when it is shown.
     /// @{
@@ -134,6 +135,8 @@ class RVDataManager : public QObject {
     [[nodiscard]] static bool sourceIsContinuos(SourceType source);
 
     void reloadData();
+    /// Takes rows out of what is shown. Their songs stay where they are.
+    void removeItems(const QList<int>& rows) { browser_.removeItems(rows); }
     void updateTracksBrowser();
 
   Q_SIGNALS:

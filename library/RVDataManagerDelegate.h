@@ -3,6 +3,8 @@
 
 #include "records/Record.h"
 
+#include <QList>
+
 namespace zib {
 
 /// What the library manager asks of the main controller. Main thread.
@@ -14,6 +16,16 @@ class RVDataManagerDelegate {
     [[nodiscard]] virtual Record nowplayingTrack() const { return {}; }
     /// The record of the song now playing was replaced by this one: it is the snapshot's "Track" from now on.
     virtual void setNowplayingTrack(const Record& /*track*/) {}
+
+    /// The list that the song now playing was started from; -1 without one.
+    /// @{
+    [[nodiscard]] virtual int nowplayingSourceType() const { return -1; }
+    [[nodiscard]] virtual qint64 nowplayingPlaylistUID() const { return -1; }
+    /// @}
+    /// That list has changed where it is shown: its next song is now the one that follows there.
+    virtual void setNowplayingPlaylistItems(const QList<Record>& /*items*/) {}
+    /// The song now playing is no longer there: nothing plays.
+    virtual void stop() {}
 
     /// Whether the machine is online.
     [[nodiscard]] virtual bool connectedToInternet() const { return true; }

@@ -179,6 +179,21 @@ bool TrackBrowser::replaceItems(const QList<Record>& versions, const Record& rep
     return replaced;
 }
 
+void TrackBrowser::removeItems(const QList<int>& rows)
+{
+    QList<Record> left;
+    left.reserve(items_.size());
+    auto row = rows.begin();
+    for (int place = 0; place < items_.size(); ++place) {
+        if (row != rows.end() && *row == place)
+            ++row;
+        else
+            left.append(items_[place]);
+    }
+    items_ = left;
+    show();
+}
+
 void TrackBrowser::updateTracksBrowser(const Record& old, const Record& replacement, bool inRow)
 {
     const bool stays = hasBrowser() && inRow && passesFilter(old) && passesFilter(replacement);

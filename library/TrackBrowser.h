@@ -54,6 +54,8 @@ class TrackBrowser : public QObject {
     /// Puts the replacement, numbered like the old record, into every row that shows one of the old versions,
     /// and shows the rows anew. row: where it is known to stand. Whether any row did.
     bool replaceItems(const QList<Record>& versions, const Record& replacement, int row = NotFound);
+    /// Takes those rows, in ascending order, out of the items.
+    void removeItems(const QList<int>& rows);
     /// The same as updateTracksBrowser() when all that happened since the items were filled is that the
     /// record was replaced in its place in the shown collection and, as inRow says, in its row. Filling
     /// 100,000 rows anew would be felt.

@@ -250,6 +250,7 @@ void MainWindow::connectControls()
     connect(table_, &SongTable::loveToggled, this, [this](int row) { playback().addFavorite(row); });
     connect(table_, &SongTable::downloadPressed, this,
             [this](int row) { controller_->downloading().downloadSong(row); });
+    connect(table_, &SongTable::deletePressed, this, [this] { controller_->deleteSelectedItems(); });
     connect(table_, &SongTable::reloaded, this, &MainWindow::updateEmptyPlace);
 }
 

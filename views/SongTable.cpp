@@ -308,6 +308,10 @@ void SongTable::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Enter:
         Q_EMIT activated();
         return;
+    case Qt::Key_Delete:
+    case Qt::Key_Backspace:
+        Q_EMIT deletePressed();
+        return;
     case Qt::Key_Space: // plays or pauses, for the window; not a change of the selection
         event->ignore();
         return;
@@ -353,6 +357,8 @@ void SongTable::contextMenuEvent(QContextMenuEvent* event)
     if (const QString download = index.data(Model::DownloadRole).toString(); !download.isEmpty())
         connect(menu.addAction(download), &QAction::triggered, this,
                 [this, row] { Q_EMIT downloadPressed(row); });
+    if (const QString remove = model_->removalText(); !remove.isEmpty())
+        connect(menu.addAction(remove), &QAction::triggered, this, [this] { Q_EMIT deletePressed(); });
     menu.exec(event->reason() == QContextMenuEvent::Keyboard
                   ? viewport()->mapToGlobal(visualRect(index).bottomLeft())
                   : event->globalPos());

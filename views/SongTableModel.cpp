@@ -213,6 +213,20 @@ bool SongTableModel::isPlaying(const Record& track) const
     return track.integer(keys::Index) == playback.nowplayingTrackIndex();
 }
 
+QString SongTableModel::removalText() const
+{
+    if (!controller_)
+        return {};
+    switch (controller_->dataManager().currentSourceType()) {
+    case SourceType::Library:
+        return tr("Remove from library…");
+    case SourceType::Playlists:
+        return tr("Remove from playlist");
+    default:
+        return {};
+    }
+}
+
 QString SongTableModel::downloadText(const Record& track) const
 {
     if (track.boolean(keys::CanAbort))

@@ -61,6 +61,9 @@ class SongTableModel : public QAbstractTableModel {
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
+    /// What removing songs from the shown list is called; nothing where they can't be removed.
+    [[nodiscard]] QString removalText() const;
+
   private:
     [[nodiscard]] QString text(const Record& track, int row, int column) const;
     [[nodiscard]] QString spokenText(const Record& track, const QModelIndex& index) const;

@@ -17,6 +17,7 @@
 #include "tests/fakes/FakeHttpReadStreams.h"
 #include "tests/fakes/FakeMovies.h"
 #include "tests/fakes/FakeTableView.h"
+#include "tests/fakes/FakeTrash.h"
 #include "tests/fakes/FakeUrlLoader.h"
 #include "tests/fakes/FakeUserDefaults.h"
 
@@ -50,8 +51,9 @@ class ControllerWorld : public testing::Test {
                                                   folder.filePath(QStringLiteral("Library.zib")));
         player = std::make_unique<RVPlayer>(
             nullptr, AudioStreamerPorts{http, parsers, outputs, alerts, defaults}, movies, desktop);
-        controller = std::make_unique<RVMainController>(
-            *library, *player, WebServices{urlLoader, defaults, clock}, defaults, alerts, desktop, window);
+        controller =
+            std::make_unique<RVMainController>(*library, *player, WebServices{urlLoader, defaults, clock},
+                                               defaults, alerts, desktop, trash, window);
     }
     void quit()
     {
@@ -121,6 +123,7 @@ class ControllerWorld : public testing::Test {
     FakeClock clock;
     FakeAlerts alerts;
     FakeDesktop desktop;
+    FakeTrash trash;
     FakeUrlLoader urlLoader;
     FakeMovies movies;
     FakeHttpReadStreams http;
