@@ -9,10 +9,13 @@
 #include "records/PropertyValue.h"
 #include "services/utilities/StringUtilities.h"
 
+#include <QDirIterator>
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QLoggingCategory>
 #include <QUrl>
 
+#include <algorithm>
 #include <utility>
 
 namespace zib {
@@ -67,13 +70,31 @@ ImportedSong imported(const FileWalk::File& file, const UserDefaults& defaults)
     return {file.path, track};
 }
 
+/// How many files there are, for the eye that waits. What happens on the disk meanwhile may make it wrong.
+int countFiles(ImportThread::Sink& sink, const QStringList& paths)
+{
+    int count = 0;
+    for (const QString& path : paths) {
+        if (!QFileInfo(path).isDir()) {
+            ++count;
+            continue;
+        }
+        QDirIterator entries(path, QDir::Files | QDir::Hidden | QDir::System,
+                             QDirIterator::Subdirectories | QDirIterator::FollowSymlinks);
+        for (; entries.hasNext() && !sink.stopRequested(); entries.next())
+            ++count;
+    }
+    return count;
+}
+
 void importFiles(ImportThread::Sink& sink, FileMetadata& metadata, const UserDefaults& defaults,
                  const QStringList& paths)
 {
+    const int expected = countFiles(sink, paths);
     FileWalk walk(metadata, paths);
     int done = 0;
     for (QList<FileWalk::File> files; !sink.stopRequested() && !(files = walk.next()).isEmpty();) {
-        const int total = done + int(files.size()) + walk.ahead();
+        const int total = std::max(expected, done + int(files.size()));
         ImportThread::Songs songs;
         QElapsedTimer sinceDelivery;
         sinceDelivery.start();

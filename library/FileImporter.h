@@ -34,7 +34,7 @@ class FileImporter : public QObject {
   Q_SIGNALS:
     /// That file's song is stored next.
     void adding(const QString& path);
-    /// @param done files dealt with, of those known by now.
+    /// @param done files dealt with, of those that there are.
     void progressed(int done, int total);
     /// No more files come in. The caller shows and saves the library. @param added songs
     void finished(int added);

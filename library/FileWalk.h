@@ -26,8 +26,6 @@ class FileWalk {
 
     /// The next files, at most some dozens; none at the end.
     QList<File> next();
-    /// How many files and folders are still ahead, as far as is known.
-    [[nodiscard]] int ahead() const { return int(entries_.size()); }
 
   private:
     struct Entry {

@@ -36,7 +36,7 @@ class ImportThread : public QObject {
         virtual ~Sink() = default;
         /// Whether the work is to end, with what it has delivered.
         [[nodiscard]] virtual bool stopRequested() = 0;
-        /// Hands songs over. @param total how many there will be in all, as far as is known by now.
+        /// Hands songs over. @param total how many there will be in all, as far as is known.
         virtual void deliver(Songs songs, int total) = 0;
     };
     using Work = std::function<void(Sink&)>;

@@ -455,7 +455,8 @@ void MainWindow::updateEmptyPlace()
     else
         empty_->say(tr("Your library is empty"),
                     tr("Type an artist into the search field and press Return. Play what you find, and press "
-                       "the heart beside a song to keep it here. Or try a tag:"));
+                       "the heart beside a song to keep it here. Your own files come in with Ctrl+O, or when "
+                       "you drop them here. Or try a tag:"));
     songs_->setCurrentWidget(empty_);
 }
 

@@ -31,6 +31,7 @@ WidgetBusyPanel::WidgetBusyPanel(QWidget* parent)
 {
     setObjectName(QStringLiteral("busyPanel"));
     setFixedWidth(panelWidth);
+    setAttribute(Qt::WA_ShowWithoutActivating); // whoever is typing goes on typing
     title_->setObjectName(QStringLiteral("busyTitle"));
     text_->setObjectName(QStringLiteral("busyText"));
     text_->setElideMode(Qt::ElideMiddle); // of a path both ends tell
