@@ -99,6 +99,8 @@ const MovieCase kMovies[] = {
      audioformat::Aac, 1024, false},
     {"fragments-with-index.mp4", "-c:a aac -ac 2 -movflags dash+global_sidx -frag_duration 500000",
      audioformat::Aac, 1024, false},
+    {"an-index-for-each-fragment.mp4", "-c:a aac -ac 2 -movflags dash -frag_duration 500000",
+     audioformat::Aac, 1024, false},
     {"lossless-fragments.mp4", "-c:a alac -ac 2 -movflags frag_keyframe+empty_moov -frag_duration 500000",
      audioformat::AppleLossless, 4096, false},
     {"film-in-fragments.mp4",
@@ -141,12 +143,14 @@ void checkSeeks(const MovieCase& one, const QByteArray& file)
         std::int64_t offset = -1;
         bool estimated = false;
         ASSERT_EQ(parsing.stream->seek(packet, offset, estimated), kAudioOk);
-        EXPECT_EQ(estimated, !one.indexed && !segments);
+        EXPECT_TRUE(!estimated || (!one.indexed && !segments));
         heard.packets.clear();
         ASSERT_EQ(feed(*parsing.stream, file.mid(heard.dataOffset + offset), 2048, true), kAudioOk);
         ASSERT_TRUE(heard.packets == song.last(heard.packets.size())) << packet;
         const auto missing = song.size() - packet - heard.packets.size();
-        ASSERT_TRUE(one.indexed ? missing == 0 : missing <= 0 || !segments) << packet;
+        constexpr qsizetype kSegment = 25; // packets
+        ASSERT_TRUE(one.indexed ? missing == 0 : (missing <= 0 && missing > -kSegment) || estimated)
+            << packet << ": " << missing;
     }
 }
 

@@ -99,7 +99,7 @@ Mpeg4BoxReader::Treatment Mpeg4Parser::topBoxBegins(std::uint32_t type, std::int
     case kMedia:
         return {Handling::Pass};
     case kSegmentIndex:
-        return {segments_.isEmpty() ? Handling::Gather : Handling::Skip, kLargestBox};
+        return {segments_.isEmpty() && offsetsHold_ ? Handling::Gather : Handling::Skip, kLargestBox};
     case kFragment:
         if (!fragment_)
             return {};

@@ -32,11 +32,12 @@ void Mpeg4SegmentIndex::read(std::span<const std::byte> body, std::int64_t end)
         offset += bigEndian32(entry) & kSize;
         time += bigEndian32(entry.subspan(4));
     }
+    end_ = time / scale;
 }
 
 std::optional<std::int64_t> Mpeg4SegmentIndex::offsetAt(double seconds) const
 {
-    if (segments_.empty())
+    if (seconds >= end_)
         return std::nullopt;
     const auto after =
         std::upper_bound(std::next(segments_.begin()), segments_.end(), seconds,

@@ -15,8 +15,8 @@ class Mpeg4SegmentIndex {
     /// @param end the byte of the file after the box.
     void read(std::span<const std::byte> body, std::int64_t end);
     [[nodiscard]] bool isEmpty() const { return segments_.empty(); }
-    /// The byte of the file that the segment heard at that time begins at, the last one's for later times;
-    /// none without an index.
+    /// The byte of the file that the segment heard at that time begins at; none where the index does not
+    /// reach: many files have one for each segment.
     [[nodiscard]] std::optional<std::int64_t> offsetAt(double seconds) const;
 
   private:
@@ -25,6 +25,7 @@ class Mpeg4SegmentIndex {
         double begin; ///< seconds
     };
     std::vector<Segment> segments_;
+    double end_ = 0; ///< seconds
 };
 
 } // namespace zib
