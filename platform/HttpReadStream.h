@@ -16,8 +16,9 @@ namespace zib {
 class RunLoop {
   public:
     virtual ~RunLoop() = default;
-    /// Delivers the events of the streams scheduled here until that much time has passed, or earlier when an
-    /// event was delivered or wake() was called.
+    /// Delivers the events that are due on the streams scheduled here. When none is, waits for one, that long
+    /// at most or until wake() is called, and leaves it to the next run, so that the caller sees how things
+    /// stood until it came.
     /// @return false when the loop could not run, because no stream is scheduled on it. A stream that has
     /// ended or failed counts as scheduled until it is closed.
     virtual bool runFor(std::chrono::milliseconds time) = 0;

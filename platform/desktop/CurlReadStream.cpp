@@ -133,21 +133,25 @@ void CurlReadStream::close()
     begin_ = end_ = 0;
 }
 
+std::optional<CurlReadStream::Event> CurlReadStream::dueEvent() const
+{
+    if (hasBytesAvailable())
+        return bytesAnnounced_ ? std::nullopt : std::optional(Event::HasBytesAvailable);
+    if (endAnnounced_)
+        return std::nullopt;
+    if (state_ == State::Ended)
+        return Event::EndEncountered;
+    return state_ == State::Failed ? std::optional(Event::ErrorOccurred) : std::nullopt;
+}
+
 bool CurlReadStream::deliverEvent()
 {
-    Event event = Event::HasBytesAvailable;
-    if (hasBytesAvailable()) {
-        if (std::exchange(bytesAnnounced_, true))
-            return false;
-    } else if (state_ == State::Ended || state_ == State::Failed) {
-        if (std::exchange(endAnnounced_, true))
-            return false;
-        event = state_ == State::Ended ? Event::EndEncountered : Event::ErrorOccurred;
-    } else {
+    const auto event = dueEvent();
+    if (!event)
         return false;
-    }
+    (*event == Event::HasBytesAvailable ? bytesAnnounced_ : endAnnounced_) = true;
     if (client_)
-        client_(*this, event);
+        client_(*this, *event);
     return true;
 }
 

@@ -4,6 +4,7 @@
 #include "platform/HttpReadStream.h"
 #include "platform/desktop/CurlHandles.h"
 
+#include <optional>
 #include <vector>
 
 namespace zib {
@@ -28,6 +29,8 @@ class CurlReadStream : public HttpReadStream {
 
     // For the loop.
     [[nodiscard]] CURL* handle() const { return easy_.get(); }
+    /// What the client has not been told of.
+    [[nodiscard]] std::optional<Event> dueEvent() const;
     /// @return whether there was an event. The stream may be closed afterwards.
     bool deliverEvent();
     void transferDone(CURLcode result);

@@ -24,20 +24,21 @@ CurlRunLoop::~CurlRunLoop()
 bool CurlRunLoop::runFor(milliseconds time)
 {
     const auto end = steady_clock::now() + time;
-    while (true) {
-        if (streams_.empty())
-            return false;
-        if (deliverEvents())
-            return true;
-        transfer();
-        if (deliverEvents() || woken_.exchange(false))
-            return true;
+    if (streams_.empty())
+        return false;
+    if (deliverEvents())
+        return true;
+    transfer();
+    if (deliverEvents())
+        return true;
+    while (!woken_.exchange(false) && !isEventDue()) {
         // Rounded up: a rest of less than a millisecond must not become a busy wait.
         const auto left = std::chrono::ceil<milliseconds>(end - steady_clock::now());
         if (left <= milliseconds::zero())
-            return true;
+            break;
         wait(left);
     }
+    return true;
 }
 
 void CurlRunLoop::wake()
@@ -61,6 +62,12 @@ void CurlRunLoop::remove(CurlReadStream& stream)
 bool CurlRunLoop::isScheduled(const CurlReadStream* stream) const
 {
     return std::find(streams_.begin(), streams_.end(), stream) != streams_.end();
+}
+
+bool CurlRunLoop::isEventDue() const
+{
+    return std::any_of(streams_.begin(), streams_.end(),
+                       [](const CurlReadStream* stream) { return stream->dueEvent().has_value(); });
 }
 
 bool CurlRunLoop::deliverEvents()

@@ -27,6 +27,7 @@ class CurlRunLoop : public RunLoop {
 
   private:
     [[nodiscard]] bool isScheduled(const CurlReadStream* stream) const;
+    [[nodiscard]] bool isEventDue() const;
     bool deliverEvents();
     void transfer();
     /// Waits for the network, and has the streams count the time that they waited.

@@ -251,12 +251,9 @@ inline bool FakeRunLoop::runFor(std::chrono::milliseconds time)
         return false;
     if (deliverOne())
         return true;
-    {
-        std::unique_lock lock(mutex_);
-        changed_.wait_for(lock, time, [this] { return woken_; });
-        woken_ = false;
-    }
-    deliverOne();
+    std::unique_lock lock(mutex_);
+    changed_.wait_for(lock, time, [this] { return woken_; });
+    woken_ = false;
     return true;
 }
 
