@@ -158,7 +158,13 @@ class StreamedSongTest : public testing::Test {
 
     /// @param speed how much faster than the clock the song is heard
     explicit StreamedSongTest(double speed = kSpeed)
-        : speed_(speed)
+        : sound(std::make_unique<NotedOutput>(speed, recorder, lastBeginning),
+                std::make_unique<NullOutput>(speed))
+    {
+    }
+    /// To be heard there, or in silence while it is not there.
+    explicit StreamedSongTest(std::unique_ptr<SoundOutput> output)
+        : sound(std::move(output), std::make_unique<NullOutput>())
     {
     }
     void make(const QByteArray& url)
@@ -235,14 +241,9 @@ class StreamedSongTest : public testing::Test {
             << "to the end";
     }
 
-  private:
-    const double speed_;
-
-  protected:
     SoundRecorder recorder;
     std::atomic<std::size_t> lastBeginning = 0;
-    DesktopSound sound{std::make_unique<NotedOutput>(speed_, recorder, lastBeginning),
-                       std::make_unique<NullOutput>(speed_)};
+    DesktopSound sound;
     DesktopAudioQueues queues{sound};
     CurlReadStreams web;
     AudioFileStreamParsers parsers;

@@ -7,6 +7,8 @@
 #include <QStringList>
 #include <QThread>
 
+#include <signal.h>
+
 #include <cstring>
 
 namespace zib::test {
@@ -62,6 +64,16 @@ void PrivatePulse::kill()
     server_.waitForFinished();
 }
 
+void PrivatePulse::freeze() const
+{
+    ::kill(static_cast<pid_t>(server_.processId()), SIGSTOP);
+}
+
+void PrivatePulse::thaw() const
+{
+    ::kill(static_cast<pid_t>(server_.processId()), SIGCONT);
+}
+
 QByteArray PrivatePulse::control(const QStringList& arguments) const
 {
     QProcess pactl;
@@ -71,17 +83,17 @@ QByteArray PrivatePulse::control(const QStringList& arguments) const
     return pactl.readAllStandardOutput();
 }
 
-void PrivatePulse::startRecording()
+void PrivatePulse::startRecording(const QString& sink)
 {
     // Into a file, because a pipe that nobody empties holds the recorder up.
     const QString path = folder_.filePath(QStringLiteral("recorded"));
     QFile::remove(path);
     recorder_.setProcessEnvironment(environment());
     recorder_.setStandardOutputFile(path);
-    recorder_.start(QStringLiteral("parec"),
-                    {QStringLiteral("--device=ear.monitor"), QStringLiteral("--format=float32le"),
-                     QStringLiteral("--rate=44100"), QStringLiteral("--channels=1"),
-                     QStringLiteral("--latency-msec=20"), QStringLiteral("--raw")});
+    recorder_.start(QStringLiteral("parec"), {QStringLiteral("--device=") + sink + QStringLiteral(".monitor"),
+                                              QStringLiteral("--format=float32le"),
+                                              QStringLiteral("--rate=44100"), QStringLiteral("--channels=1"),
+                                              QStringLiteral("--latency-msec=20"), QStringLiteral("--raw")});
     const QDeadlineTimer patience(20000);
     while (recordedFrames() == 0 && !patience.hasExpired())
         QThread::msleep(5); // it records silence first

@@ -22,10 +22,13 @@ class PrivatePulse {
     bool start();
     /// Ends the server, as a crash does.
     void kill();
+    /// The server does nothing from now on, as one that hangs; its connections stay.
+    void freeze() const;
+    void thaw() const;
     /// Runs pactl with the arguments. @return its output
     QByteArray control(const QStringList& arguments) const;
 
-    void startRecording();
+    void startRecording(const QString& sink = QStringLiteral("ear"));
     /// What was played since startRecording: mono, 44,100 frames a second.
     std::vector<float> stopRecording();
     /// How many frames the recorder has got so far.
