@@ -20,10 +20,11 @@ PrivatePulse::PrivatePulse()
 
 PrivatePulse::~PrivatePulse()
 {
-    for (QProcess* process : {&recorder_, &server_}) {
-        process->kill();
-        process->waitForFinished();
+    for (auto& [sink, recorder] : recorders_) {
+        recorder.kill();
+        recorder.waitForFinished();
     }
+    kill();
     qunsetenv("PULSE_SERVER");
 }
 
@@ -83,33 +84,38 @@ QByteArray PrivatePulse::control(const QStringList& arguments) const
     return pactl.readAllStandardOutput();
 }
 
+QString PrivatePulse::recordingOf(const QString& sink) const
+{
+    return folder_.filePath(QStringLiteral("recorded-") + sink);
+}
+
 void PrivatePulse::startRecording(const QString& sink)
 {
     // Into a file, because a pipe that nobody empties holds the recorder up.
-    const QString path = folder_.filePath(QStringLiteral("recorded"));
-    QFile::remove(path);
-    recorder_.setProcessEnvironment(environment());
-    recorder_.setStandardOutputFile(path);
-    recorder_.start(QStringLiteral("parec"), {QStringLiteral("--device=") + sink + QStringLiteral(".monitor"),
-                                              QStringLiteral("--format=float32le"),
-                                              QStringLiteral("--rate=44100"), QStringLiteral("--channels=1"),
-                                              QStringLiteral("--latency-msec=20"), QStringLiteral("--raw")});
+    QFile::remove(recordingOf(sink));
+    QProcess& recorder = recorders_[sink];
+    recorder.setProcessEnvironment(environment());
+    recorder.setStandardOutputFile(recordingOf(sink));
+    recorder.start(QStringLiteral("parec"), {QStringLiteral("--device=") + sink + QStringLiteral(".monitor"),
+                                             QStringLiteral("--format=float32le"),
+                                             QStringLiteral("--rate=44100"), QStringLiteral("--channels=1"),
+                                             QStringLiteral("--latency-msec=20"), QStringLiteral("--raw")});
     const QDeadlineTimer patience(20000);
-    while (recordedFrames() == 0 && !patience.hasExpired())
+    while (recordedFrames(sink) == 0 && !patience.hasExpired())
         QThread::msleep(5); // it records silence first
 }
 
-std::size_t PrivatePulse::recordedFrames() const
+std::size_t PrivatePulse::recordedFrames(const QString& sink) const
 {
-    return static_cast<std::size_t>(QFileInfo(folder_.filePath(QStringLiteral("recorded"))).size()) /
-           sizeof(float);
+    return static_cast<std::size_t>(QFileInfo(recordingOf(sink)).size()) / sizeof(float);
 }
 
-std::vector<float> PrivatePulse::stopRecording()
+std::vector<float> PrivatePulse::stopRecording(const QString& sink)
 {
-    recorder_.terminate();
-    recorder_.waitForFinished();
-    QFile file(folder_.filePath(QStringLiteral("recorded")));
+    QProcess& recorder = recorders_[sink];
+    recorder.terminate();
+    recorder.waitForFinished();
+    QFile file(recordingOf(sink));
     if (!file.open(QIODevice::ReadOnly))
         return {};
     const QByteArray recorded = file.readAll();

@@ -5,6 +5,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include <map>
 #include <vector>
 
 namespace zib::test {
@@ -13,6 +14,9 @@ namespace zib::test {
 /// While it lives, PULSE_SERVER names it, so that clients of this process find it and no other.
 class PrivatePulse {
   public:
+    /// The sink that it begins with.
+    static inline const QString kEar = QStringLiteral("ear");
+
     PrivatePulse();
     PrivatePulse(const PrivatePulse&) = delete;
     PrivatePulse& operator=(const PrivatePulse&) = delete;
@@ -28,18 +32,19 @@ class PrivatePulse {
     /// Runs pactl with the arguments. @return its output
     QByteArray control(const QStringList& arguments) const;
 
-    void startRecording(const QString& sink = QStringLiteral("ear"));
-    /// What was played since startRecording: mono, 44,100 frames a second.
-    std::vector<float> stopRecording();
+    void startRecording(const QString& sink = kEar);
+    /// What was played there since startRecording: mono, 44,100 frames a second.
+    std::vector<float> stopRecording(const QString& sink = kEar);
     /// How many frames the recorder has got so far.
-    [[nodiscard]] std::size_t recordedFrames() const;
+    [[nodiscard]] std::size_t recordedFrames(const QString& sink = kEar) const;
 
   private:
+    [[nodiscard]] QString recordingOf(const QString& sink) const;
     [[nodiscard]] QProcessEnvironment environment() const;
 
     QTemporaryDir folder_;
     QProcess server_;
-    QProcess recorder_;
+    std::map<QString, QProcess> recorders_; ///< by their sink
 };
 
 } // namespace zib::test
