@@ -27,6 +27,7 @@ AddToLibraryPanel::AddToLibraryPanel(QWidget* parent)
     : QFileDialog(parent, tr("Add to library"),
                   QStandardPaths::writableLocation(QStandardPaths::MusicLocation), typesFilter())
 {
+    resize(880, 560);
     setOption(QFileDialog::DontUseNativeDialog);
     setOption(QFileDialog::HideNameFilterDetails);
     setFileMode(QFileDialog::ExistingFiles);
