@@ -17,6 +17,8 @@ class RVDataManagerDelegate {
     /// The record of the song now playing was replaced by this one: it is the snapshot's "Track" from now on.
     virtual void setNowplayingTrack(const Record& /*track*/) {}
 
+    /// The same after an edit of its names, which are shown.
+    virtual void updateNowplayingTrack(const Record& /*track*/) {}
     /// The list that the song now playing was started from; -1 without one.
     /// @{
     [[nodiscard]] virtual int nowplayingSourceType() const { return -1; }
