@@ -5,6 +5,7 @@
 #include "platform/SettingsKeys.h"
 #include "platform/UserDefaults.h"
 
+#include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
@@ -45,6 +46,8 @@ PreferencesWindow::PreferencesWindow(UserDefaults& defaults, MusicFolderActions&
     buttons->addWidget(reset);
     buttons->addStretch();
 
+    copies_ = new QCheckBox(tr("Copy files into the music folder when they are added to the library"));
+
     auto* close = new QDialogButtonBox(QDialogButtonBox::Close);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 16, 16, 16);
@@ -53,6 +56,8 @@ PreferencesWindow::PreferencesWindow(UserDefaults& defaults, MusicFolderActions&
     layout->addWidget(explanation);
     layout->addWidget(folderLabel_);
     layout->addLayout(buttons);
+    layout->addSpacing(8);
+    layout->addWidget(copies_);
     layout->addStretch();
     layout->addSpacing(8);
     layout->addWidget(close);
@@ -63,7 +68,12 @@ PreferencesWindow::PreferencesWindow(UserDefaults& defaults, MusicFolderActions&
     connect(&defaults_, &UserDefaults::changed, this, [this](const QString& key) {
         if (key == settings::MusicFolder)
             showMusicFolder();
+        else if (key == settings::CopyImportedFilesToLibrary)
+            copies_->setChecked(defaults_.boolean(key));
     });
+    connect(copies_, &QCheckBox::clicked, this,
+            [this](bool on) { defaults_.setValue(settings::CopyImportedFilesToLibrary, on); });
+    copies_->setChecked(defaults_.boolean(settings::CopyImportedFilesToLibrary));
     showMusicFolder();
 }
 

@@ -3,6 +3,7 @@
 
 #include <QDialog>
 
+class QCheckBox;
 class QLabel;
 
 namespace zib {
@@ -21,7 +22,7 @@ class MusicFolderActions {
     virtual void reset() = 0;
 };
 
-/// The window "Preferences": where the music is stored.
+/// The window "Preferences": where the music is stored, and what is copied there.
 class PreferencesWindow : public QDialog {
     Q_OBJECT
 
@@ -36,6 +37,7 @@ class PreferencesWindow : public QDialog {
     MusicFolderActions& musicFolder_;
     Alerts& alerts_;
     QLabel* folderLabel_;
+    QCheckBox* copies_ = nullptr;
 };
 
 } // namespace zib

@@ -18,6 +18,7 @@
 #include "views/MainWindow.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QDir>
 #include <QDropEvent>
 #include <QMimeData>
@@ -137,6 +138,9 @@ TEST_F(AppDelegateTest, PreferencesMoveTheMusicAndTheSongsFollow)
     for (QPushButton* button : preferences->findChildren<QPushButton*>())
         if (button->text() == QLatin1String("Reset"))
             button->click();
+
+    preferences->findChild<QCheckBox*>()->click();
+    EXPECT_FALSE(defaults_.boolean(settings::CopyImportedFilesToLibrary));
 
     EXPECT_TRUE(QFile::exists(disk_.filePath(QStringLiteral("Music/Zib/Zib Music/Ann"))));
     const Record moved = manager_->library().find(QStringLiteral("0123456789abcdef"));
