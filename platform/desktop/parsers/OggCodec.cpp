@@ -15,6 +15,7 @@ constexpr std::size_t kMostPacketBytes = std::size_t{256} * 1024;
 
 void append(std::vector<std::byte>& bytes, std::span<const std::byte> more)
 {
+    bytes.reserve(bytes.size() + more.size()); // and the optimizer sees that there is room
     bytes.insert(bytes.end(), more.begin(), more.end());
 }
 
