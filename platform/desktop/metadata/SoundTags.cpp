@@ -75,9 +75,11 @@ void addTags(const TagLib::Tag& tag, const TagLib::PropertyMap& properties, File
 QString singleLine(QString text)
 {
     text.truncate(longestText);
-    for (QChar& character : text)
-        if (character.category() == QChar::Other_Control || character.unicode() >= 0xfffe)
+    for (QChar& character : text) {
+        const bool isByteOrderMark = character == QChar::ByteOrderMark; // which decoders drop
+        if (character.category() == QChar::Other_Control || isByteOrderMark || character.unicode() >= 0xfffe)
             character = u' ';
+    }
     if (!text.isValidUtf16())
         text = QString::fromUtf8(text.toUtf8()); // half pairs become U+FFFD
     return text.simplified();
