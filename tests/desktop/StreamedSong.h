@@ -31,7 +31,7 @@ struct Format {
     std::ptrdiff_t packetFrames;
     int rate = kToneRate;   ///< at which it is heard
     double seekError = 0.1; ///< seconds: more where bytes tell little about time
-    bool streams = true;    ///< false where sound can only begin at the end of the file
+    int stalls = 3;         ///< that show: fewer where much is gathered before it goes on, 0 where all is
 
     friend void PrintTo(const Format& format, std::ostream* out) { *out << format.name; }
 };

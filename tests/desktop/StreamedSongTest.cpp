@@ -13,6 +13,9 @@
 namespace zib::test {
 namespace {
 
+constexpr Format kHighEfficiency{"M4aHighEfficiency", "/song.m4a",
+                                 "-c:a aac -ar 22050 -b:a 64k -aac_pns 0 -movflags +faststart", 2048};
+
 /// Every format that a song may come in, and the ways in which its file may be laid out.
 constexpr Format kFormats[] = {
     kConstant,
@@ -32,13 +35,18 @@ constexpr Format kFormats[] = {
     {"AifcLittle", "/song.aifc", "-c:a pcm_s16le -f aiff", 1},
     {"AifcIma", "/song.aifc", "-c:a adpcm_ima_qt -f aiff", 64},
     {"Caf", "/song.caf", "-c:a pcm_s24be", 1, 48000},
-    {"CafLossless", "/song.caf", "-c:a alac", 4096, 44100, 0.5, false},
+    {"CafLossless", "/song.caf", "-c:a alac", 4096, 44100, 0.5, 0},
     {"AacAdts", "/song.aac", "-c:a aac -b:a 128k -aac_pns 0", 1024, 44100, 0.5},
-    {"M4a", "/song.m4a", "-c:a aac -b:a 128k -aac_pns 0 -movflags +faststart", 1024, 44100, 0.5},
-    {"M4aIndexLast", "/song.m4a", "-c:a aac -b:a 128k -aac_pns 0", 1024, 44100, 0.5, false},
-    {"M4aLossless", "/song.m4a", "-c:a alac -movflags +faststart", 4096, 44100, 0.5},
+    {"M4a", "/song.m4a", "-c:a aac -b:a 128k -aac_pns 0 -movflags +faststart", 1024},
+    {"M4aIndexLast", "/song.m4a", "-c:a aac -b:a 128k -aac_pns 0", 1024, 44100, 0.1, 0},
+    {"M4aLossless", "/song.m4a", "-c:a alac -movflags +faststart", 4096},
     {"Mp4Fragments", "/song.mp4",
      "-c:a aac -b:a 128k -aac_pns 0 -movflags dash+global_sidx -frag_duration 1000000", 1024, 44100, 1.1},
+    kHighEfficiency,
+    // Their pages hold up to a second.
+    {"OggVorbis", "/song.ogg", "-c:a libvorbis -q:a 4", 2048, 44100, 1.1, 2},
+    {"OggOpus", "/song.opus", "-c:a libopus -b:a 96k", 960, 48000, 1.1, 1},
+    {"OggFlac", "/song.oga", "-c:a flac", 4608, 44100, 1.1, 1},
     {"Flac", "/song.flac", "-c:a flac", 4608, 44100, 0.5},
 };
 
@@ -49,6 +57,13 @@ const QByteArray& fileOf(const Format& format)
     QByteArray& file = files[format.name];
     if (file.isEmpty())
         file = encode(format);
+    if (format.name == kHighEfficiency.name) {
+        // No packaged encoder makes HE-AAC: a low rate that says that it is half of one is decoded alike.
+        const auto plain = QByteArray::fromHex("139056e500");
+        const qsizetype at = file.indexOf(plain);
+        if (at >= 0)
+            file.replace(at, plain.size(), QByteArray::fromHex("2b92080000"));
+    }
     return file;
 }
 
@@ -81,7 +96,7 @@ TEST_P(WholeSongTest, LosesNothingByAPauseAndStalls)
     EXPECT_EQ(recorder.frames(), heard);
     streamer->start();
     ASSERT_TRUE(ends());
-    for (qsizetype at = 0, stall = 0; stall < 3 && GetParam().streams; ++stall) {
+    for (qsizetype at = 0, stall = 0; stall < GetParam().stalls; ++stall) {
         at = states.indexOf(State::Buffering, at);
         ASSERT_GE(at, 0) << stall;
         at = states.indexOf(State::Playing, at);
