@@ -15,6 +15,7 @@
 #include "platform/desktop/DesktopFileMetadata.h"
 #include "platform/desktop/DesktopMovie.h"
 #include "platform/desktop/DesktopSound.h"
+#include "platform/desktop/DesktopTagApi.h"
 #include "platform/desktop/DesktopTrash.h"
 #include "platform/desktop/LoginPowerEvents.h"
 #include "platform/desktop/NetworkReachability.h"
@@ -90,7 +91,8 @@ struct Application::Parts {
         , sharedPanel(&window)
         , dataManager(defaults, alerts, clock, window.songTable(), places.library)
         , player(nullptr, {readStreams, fileStreams, queues, alerts, defaults}, movies, desktop)
-        , controller(dataManager, player, {loader, defaults, clock}, defaults, alerts, desktop, trash, window)
+        , controller(dataManager, player, {loader, defaults, clock}, defaults, alerts, desktop, trash, tags,
+                     window)
         , network(reachability, powerEvents, defaults, &controller)
         , metadata(places.metadata)
         , importer(dataManager, metadata, defaults)
@@ -118,6 +120,7 @@ struct Application::Parts {
     WidgetAlerts alerts;
     WidgetDesktop desktop;
     DesktopTrash trash;
+    DesktopTagAPIs tags;
     MainWindow window;
     WidgetBusyPanel sharedPanel;
     RVDataManager dataManager;

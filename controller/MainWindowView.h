@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "library/FileViewController.h"
+
 #include <QString>
+
+#include <optional>
 
 namespace zib {
 
@@ -43,6 +47,10 @@ class MainWindowView {
     virtual void setSearchPlaceholder(const QString& text) = 0;
     /// The sign that something is being fetched.
     virtual void setLoaderAnimating(bool animating) = 0;
+
+    /// Shows what is known of the opened songs until the user has edited it. The event loop runs meanwhile.
+    /// @return what to save; nothing when the user changed their mind.
+    [[nodiscard]] virtual std::optional<SongInformation> editInformation(FileViewController& songs) = 0;
 
     // Sources
     /// The recent searches, or which source is shown, have changed: ask the library again.

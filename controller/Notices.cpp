@@ -45,6 +45,19 @@ void Notices::runErrorAlert(const QString& message, const QString& informativeTe
                       .buttons = {translated("OK")}});
 }
 
+bool Notices::runConfirmation(const QString& message, const QString& informativeText,
+                              const QString& firstButton)
+{
+    desktop_.bringToFront();
+    desktop_.beep();
+    return alerts_
+               .runModal({.style = Alert::Style::Warning,
+                          .messageText = message,
+                          .informativeText = informativeText,
+                          .buttons = {firstButton, translated("Cancel")}})
+               .button == 0;
+}
+
 int Notices::runSuppressible(const QString& text, const QString& defaultsKey, const QStringList& buttons)
 {
     if (defaults_.boolean(defaultsKey))

@@ -19,6 +19,8 @@ class Notices {
     int runSuppressibleNotice(const QString& text, const QString& defaultsKey);
     /// The same as a question with "OK" and "Cancel". Silenced, it counts as answered with "OK".
     int runSuppressibleConfirmation(const QString& text, const QString& defaultsKey);
+    /// Asks, with a beep. @return whether anything but "Cancel" was pressed.
+    bool runConfirmation(const QString& message, const QString& informativeText, const QString& firstButton);
     /// Says, with a beep, that something went wrong.
     void runErrorAlert(const QString& message, const QString& informativeText = {});
 

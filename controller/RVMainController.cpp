@@ -12,11 +12,12 @@ namespace zib {
 
 RVMainController::RVMainController(RVDataManager& dataManager, RVPlayer& player, const WebServices& services,
                                    UserDefaults& defaults, Alerts& alerts, Desktop& desktop, Trash& trash,
-                                   MainWindowView& window)
+                                   TagAPIs& tags, MainWindowView& window)
     : player_(player)
     , notices_(defaults, alerts, desktop)
     , downloads_(dataManager, services, defaults, alerts)
     , removal_({dataManager, downloads_, defaults, trash, alerts, desktop})
+    , information_(dataManager, tags, defaults)
     , context_{.dataManager = dataManager,
                .downloads = downloads_,
                .defaults = defaults,
@@ -75,6 +76,30 @@ void RVMainController::importITunesLibrary()
 void RVMainController::removeITunesItems()
 {
     context_.dataManager.removeITunesItemsFromLibrary();
+}
+
+void RVMainController::editInformation()
+{
+    RVDataManager& library = context_.dataManager;
+    QList<Record> songs;
+    for (const int row : library.playlistsTableView().selectedRows())
+        if (const Record song = library.items().value(row))
+            songs.append(song);
+    if (songs.isEmpty())
+        return;
+    const QString question = QCoreApplication::translate(
+        "RVMainController", "Are you sure you want to edit information for multiple items?");
+    const QString edit = QCoreApplication::translate("RVMainController", "Edit");
+    if (songs.size() > 1 && !notices_.runConfirmation(question, {}, edit))
+        return;
+    information_.open(songs);
+    const auto fields = context_.window.editInformation(information_);
+    const QStringList failures = fields ? information_.save(*fields) : QStringList();
+    constexpr qsizetype mostShown = 5; // an alert has to hold them
+    if (!failures.isEmpty())
+        notices_.runErrorAlert(
+            QCoreApplication::translate("RVMainController", "Not all songs could be changed."),
+            failures.mid(0, mostShown).join(QLatin1Char('\n')));
 }
 
 void RVMainController::cleanUpBrokenLinks()

@@ -6,6 +6,7 @@
 #include "controller/Notices.h"
 #include "controller/PlaybackQueue.h"
 #include "controller/SearchFlow.h"
+#include "library/FileViewController.h"
 #include "library/RVDataManagerDelegate.h"
 #include "library/SongDownloads.h"
 #include "library/SongRemoval.h"
@@ -15,6 +16,7 @@ namespace zib {
 
 class Alerts;
 class Desktop;
+class TagAPIs;
 class Trash;
 
 /// The main window's controller: what a control of the window does is one call here. Its parts do the work.
@@ -24,7 +26,7 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
   public:
     /// All of them outlive the controller.
     RVMainController(RVDataManager& dataManager, RVPlayer& player, const WebServices& services,
-                     UserDefaults& defaults, Alerts& alerts, Desktop& desktop, Trash& trash,
+                     UserDefaults& defaults, Alerts& alerts, Desktop& desktop, Trash& trash, TagAPIs& tags,
                      MainWindowView& window);
     ~RVMainController() override;
 
@@ -48,6 +50,8 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
     /// Takes the songs that came from it out again.
     void removeITunesItems();
 
+    /// Lets the user edit what is known of the selected songs.
+    void editInformation();
     /// Removes the selected songs, from the library or the shown playlist.
     void deleteSelectedItems() { removal_.deleteSelectedItems(); }
     /// Removes the songs that could not be opened, once the user has agreed to it.
@@ -56,6 +60,7 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
     // For the library manager
     [[nodiscard]] Record nowplayingTrack() const override { return playback_.nowplayingTrack(); }
     void setNowplayingTrack(const Record& track) override { playback_.setNowplayingTrack(track); }
+    void updateNowplayingTrack(const Record& track) override { playback_.updateNowplayingTrack(track); }
     [[nodiscard]] int nowplayingSourceType() const override { return playback_.nowplayingSourceType(); }
     [[nodiscard]] qint64 nowplayingPlaylistUID() const override { return playback_.nowplayingPlaylistUID(); }
     void setNowplayingPlaylistItems(const QList<Record>& items) override
@@ -77,6 +82,7 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
     Notices notices_;
     SongDownloads downloads_;
     SongRemoval removal_;
+    FileViewController information_;
     ControllerContext context_;
     PlaybackQueue playback_;
     SearchFlow search_;

@@ -10,6 +10,7 @@
 #include "views/Icons.h"
 #include "views/NowPlayingPanel.h"
 #include "views/SearchBar.h"
+#include "views/SongInformationWindow.h"
 #include "views/SongTable.h"
 #include "views/SourceListView.h"
 #include "views/TextLabel.h"
@@ -250,6 +251,7 @@ void MainWindow::connectControls()
     connect(table_, &SongTable::loveToggled, this, [this](int row) { playback().addFavorite(row); });
     connect(table_, &SongTable::downloadPressed, this,
             [this](int row) { controller_->downloading().downloadSong(row); });
+    connect(table_, &SongTable::informationPressed, this, [this] { controller_->editInformation(); });
     connect(table_, &SongTable::deletePressed, this, [this] { controller_->deleteSelectedItems(); });
     connect(table_, &SongTable::reloaded, this, &MainWindow::updateEmptyPlace);
 }
@@ -269,6 +271,7 @@ void MainWindow::makeShortcuts()
     add(Qt::CTRL | Qt::Key_Right, [this] { playback().nextTrack(); });
     add(Qt::CTRL | Qt::Key_Up, [this] { playback().volumeUp(); });
     add(Qt::CTRL | Qt::Key_Down, [this] { playback().volumeDown(); });
+    add(Qt::CTRL | Qt::Key_I, [this] { controller_->editInformation(); });
     add(Qt::CTRL | Qt::Key_D, [this] { download_->click(); });
     // The songs selected where the table has the focus, else the one that plays.
     add(Qt::CTRL | Qt::Key_L, [this] {
@@ -411,6 +414,12 @@ void MainWindow::setSearchPlaceholder(const QString& text)
 void MainWindow::setLoaderAnimating(bool animating)
 {
     search_->setBusy(animating);
+}
+
+std::optional<SongInformation> MainWindow::editInformation(FileViewController& songs)
+{
+    SongInformationWindow window(songs, this);
+    return window.exec() == QDialog::Accepted ? std::optional(window.information()) : std::nullopt;
 }
 
 void MainWindow::setConnected(bool connected)

@@ -63,6 +63,7 @@ class MainWindow : public QMainWindow, public MainWindowView {
     void setSearchType(int type) override;
     void setSearchPlaceholder(const QString& text) override;
     void setLoaderAnimating(bool animating) override;
+    std::optional<SongInformation> editInformation(FileViewController& songs) override;
     void reloadSources() override;
     void setConnected(bool connected) override;
 

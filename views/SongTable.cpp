@@ -357,6 +357,8 @@ void SongTable::contextMenuEvent(QContextMenuEvent* event)
     if (const QString download = index.data(Model::DownloadRole).toString(); !download.isEmpty())
         connect(menu.addAction(download), &QAction::triggered, this,
                 [this, row] { Q_EMIT downloadPressed(row); });
+    connect(menu.addAction(tr("Information…")), &QAction::triggered, this,
+            [this] { Q_EMIT informationPressed(); });
     if (const QString remove = model_->removalText(); !remove.isEmpty())
         connect(menu.addAction(remove), &QAction::triggered, this, [this] { Q_EMIT deletePressed(); });
     menu.exec(event->reason() == QContextMenuEvent::Keyboard

@@ -45,6 +45,8 @@ class SongTable : public QTableView, public TableView {
     void loveToggled(int row);
     /// That row's song is to be downloaded, or no longer.
     void downloadPressed(int row);
+    /// What is known of the selected songs is to be shown and edited.
+    void informationPressed();
     /// The selected songs are to be removed from what is shown.
     void deletePressed();
     void reloaded();

@@ -17,6 +17,7 @@
 #include "tests/fakes/FakeHttpReadStreams.h"
 #include "tests/fakes/FakeMovies.h"
 #include "tests/fakes/FakeTableView.h"
+#include "tests/fakes/FakeTagApi.h"
 #include "tests/fakes/FakeTrash.h"
 #include "tests/fakes/FakeUrlLoader.h"
 #include "tests/fakes/FakeUserDefaults.h"
@@ -53,7 +54,7 @@ class ControllerWorld : public testing::Test {
             nullptr, AudioStreamerPorts{http, parsers, outputs, alerts, defaults}, movies, desktop);
         controller =
             std::make_unique<RVMainController>(*library, *player, WebServices{urlLoader, defaults, clock},
-                                               defaults, alerts, desktop, trash, window);
+                                               defaults, alerts, desktop, trash, tags, window);
     }
     void quit()
     {
@@ -124,6 +125,7 @@ class ControllerWorld : public testing::Test {
     FakeAlerts alerts;
     FakeDesktop desktop;
     FakeTrash trash;
+    FakeTagAPIs tags;
     FakeUrlLoader urlLoader;
     FakeMovies movies;
     FakeHttpReadStreams http;

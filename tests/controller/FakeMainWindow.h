@@ -24,6 +24,12 @@ class FakeMainWindow : public MainWindowView {
     void setSearchType(int type) override { searchType = type; }
     void setSearchPlaceholder(const QString& text) override { placeholder = text; }
     void setLoaderAnimating(bool on) override { loaderAnimating = on; }
+    std::optional<SongInformation> editInformation(FileViewController& songs) override
+    {
+        ++informations;
+        songs.textDidChange();
+        return edited;
+    }
     void reloadSources() override { ++sourceReloads; }
     void setConnected(bool on) override { connected = on; }
 
@@ -43,6 +49,8 @@ class FakeMainWindow : public MainWindowView {
     int searchType = -1;
     QString placeholder;
     bool loaderAnimating = false;
+    int informations = 0;
+    std::optional<SongInformation> edited; ///< what the user saves
     int sourceReloads = 0;
     bool connected = false;
 };

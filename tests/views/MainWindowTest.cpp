@@ -5,11 +5,14 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QListView>
+#include <QPushButton>
 #include <QScreen>
 #include <QSlider>
+#include <QTimer>
 
 namespace zib {
 namespace {
@@ -226,6 +229,56 @@ TEST_F(MainWindowTest, TheProgressSeeks)
     QTest::mouseClick(progress, Qt::LeftButton, {}, progress->rect().center());
     const double secondsPerPixel = 200.0 / progress->width();
     EXPECT_NEAR(player->currentTime(), 100, 1 + secondsPerPixel);
+}
+
+TEST_F(MainWindowTest, WhatIsKnownOfSongsIsEditedInAWindow)
+{
+    showAsLibrary({localSong(1, {{keys::Year, 1999}}), localSong(2)});
+    int shown = 0;
+    const auto answer = [this, &shown](const QStringList& names, const QString& artist, bool save) {
+        window->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+        table().setFocus();
+        QTimer::singleShot(0, window.get(), [=, &shown] {
+            QWidget* dialog = QApplication::activeModalWidget();
+            ASSERT_NE(dialog, nullptr);
+            ++shown;
+            QStringList found;
+            for (QLineEdit* field : dialog->findChildren<QLineEdit*>()) {
+                found.append(field->accessibleName());
+                if (field->accessibleName() == QStringLiteral("Artist"))
+                    field->setText(artist);
+            }
+            EXPECT_EQ(found, names);
+            const auto button = save ? QDialogButtonBox::Save : QDialogButtonBox::Cancel;
+            dialog->findChild<QDialogButtonBox*>()->button(button)->click();
+        });
+        QTest::keyClick(&table(), Qt::Key_I, Qt::ControlModifier);
+    };
+    const auto artists = [this] {
+        QStringList all;
+        for (const Record& track : library->items())
+            all.append(track.string(keys::Artist));
+        return all.join(QLatin1Char(','));
+    };
+    const auto names = [](const char* list) { return QString::fromLatin1(list).split(QLatin1Char(',')); };
+    const QStringList ofOne = names(
+        "Name,Artist,Album,Genre,Composer,Year,Track number,Tracks in total,Disc number,Discs in total");
+    table().selectRows({0});
+    answer(ofOne, QStringLiteral("Bob"), false);
+    EXPECT_EQ(artists(), QStringLiteral("Artist,Artist"));
+    table().selectRows({0});
+    answer(ofOne, QStringLiteral("Bob"), true);
+    EXPECT_EQ(artists(), QStringLiteral("Bob,Artist"));
+    EXPECT_EQ(library->items()[0].integer(keys::Year), 1999);
+
+    table().selectRows({0, 1});
+    answer(names("Artist,Album,Genre,Composer,Year"), QStringLiteral("Carl"), true);
+    EXPECT_EQ(artists(), QStringLiteral("Carl,Carl"));
+    EXPECT_EQ(shown, 3);
+    ASSERT_EQ(alerts.shown.size(), 1);
+    EXPECT_EQ(alerts.shown[0].messageText,
+              QStringLiteral("Are you sure you want to edit information for multiple items?"));
 }
 
 TEST_F(MainWindowTest, TheSourceListLeadsBackToAnOlderSearchAndToLovedSongs)
