@@ -3,7 +3,9 @@
 // button, a first start with other settings than meant.
 #include "controller/Notices.h"
 #include "controller/DefaultSettings.h"
+#include "library/ITunesImporter.h"
 #include "platform/SettingsKeys.h"
+#include "tests/controller/ControllerFixture.h"
 #include "tests/fakes/FakeAlerts.h"
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeUserDefaults.h"
@@ -55,6 +57,26 @@ TEST(Notices, EachHasItsOwnKey)
     ASSERT_EQ(alerts.shown.size(), 1);
     EXPECT_EQ(alerts.shown[0].informativeText, QStringLiteral("b"));
     EXPECT_EQ(alerts.shown[0].buttons, QStringList{QStringLiteral("OK")});
+}
+
+TEST_F(ControllerFixture, AnITunesImportBeginsOnlyWhenTheUserAgrees)
+{
+    const QByteArray home = qgetenv("HOME");
+    qputenv("HOME", folder.path().toUtf8()); // where there is no iTunes library
+    int imports = 0;
+    QObject::connect(&library->iTunesImporter(), &ITunesImporter::finished, library.get(),
+                     [&imports] { ++imports; });
+    alerts.answers = {{.button = 1, .suppressed = false}, {.button = 0, .suppressed = true}};
+    controller->importITunesLibrary();
+    EXPECT_FALSE(library->iTunesImporter().isRunning());
+    controller->importITunesLibrary();
+    EXPECT_TRUE(eventually([&imports] { return imports == 1; }));
+    EXPECT_TRUE(defaults.boolean(settings::SupressDialogITunes));
+    controller->importITunesLibrary(); // no more asked
+    EXPECT_TRUE(eventually([&imports] { return imports == 2; }));
+    ASSERT_EQ(alerts.shown.size(), 2);
+    EXPECT_TRUE(alerts.shown[0].informativeText.contains(QLatin1String("No songs will be duplicated")));
+    qputenv("HOME", home);
 }
 
 TEST(DefaultSettings, HoldAtAFirstStartAndGiveWayToWhatIsSet)
