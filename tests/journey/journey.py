@@ -13,6 +13,7 @@ import subprocess
 import sys
 import time
 import traceback
+import urllib.request
 
 from desktop_user import DesktopUser
 from environment import Environment, wait_until
@@ -95,6 +96,17 @@ class Journey:
         assert len(self.loved) == 1, self.loved
         return self.loved[0]
 
+    def download(self):
+        self.user.click(self.user.wait_for("Download"))
+        self.user.click(self.user.wait_for("OK", seconds=5))  # the notice of downloads
+        track = wait_until(self.downloaded_song, 20, "the downloaded song in the library file")
+        folder = self.environment.home / "Music" / "Zib" / "Zib Music"
+        files = [path for path in folder.rglob("*") if path.is_file()]
+        assert [path.name for path in files] == [track["Name"] + ".mp3"], files
+        with urllib.request.urlopen(track["Location"], timeout=20) as served:
+            assert files[0].read_bytes() == served.read(), "not the bytes that are served"
+        return f"{files[0].relative_to(folder)}, {files[0].stat().st_size} bytes"
+
     def quit(self):
         catalogue = self.catalogue_processes()
         assert catalogue, "the bundled service did not run"
@@ -118,12 +130,26 @@ class Journey:
         self.zib.wait(10)
         return f"{rows} songs, love kept, plays again"
 
-    STEPS = ("start", "search", "play", "pause", "resume", "seek", "love", "quit", "restart")
+    def play_downloaded(self):
+        self.launch("--services", "http://127.0.0.1:9")  # where nobody answers
+        wait_until(lambda: self.user.rows("Songs"), 15, "the search")
+        self.user.double_click_row("Songs", 0)
+        wait_until(lambda: self.recorder.listen(0.25) > AUDIBLE, 20, "sound")
+        assert not self.catalogue_processes(), "a service runs"
+        status = self.user.text_of("Status")
+        assert status == "Playing from disk", status
+        self.user.press("ctrl+i")
+        self.user.wait_for("Composer")
+        self.environment.screenshot(self.output / "information.png")
+        self.user.press("Escape")
+        return f"{self.now_playing()}: {status}"
+
+    STEPS = ("start", "search", "play", "pause", "resume", "seek", "love", "download", "quit", "restart", "play_downloaded")
 
     # What the steps are made of.
 
-    def launch(self):
-        self.zib = self.environment.start([str(self.bin / "zib")], stdout=self.log, stderr=self.log)
+    def launch(self, *arguments):
+        self.zib = self.environment.start([str(self.bin / "zib"), *arguments], stdout=self.log, stderr=self.log)
 
     def toggle(self):
         self.user.click(self.user.wait_for("Play or pause"))
@@ -144,6 +170,9 @@ class Journey:
 
     def loved_songs(self):
         return [track["Name"] for track in self.library()["Library"].values() if track.get("Favorite")]
+
+    def downloaded_song(self):
+        return next((track for track in self.library()["Library"].values() if track.get("Downloaded")), None)
 
     def catalogue_processes(self):
         found = []
