@@ -22,6 +22,7 @@
 #include "platform/desktop/SettingsFile.h"
 #include "platform/desktop/SystemClock.h"
 #include "platform/desktop/parsers/AudioFileStreamParsers.h"
+#include "platform/desktop/parsers/FittedFileStreams.h"
 #include "playback/RVPlayer.h"
 #include "services/PKNetwork.h"
 #include "services/ServiceHosts.h"
@@ -111,7 +112,8 @@ struct Application::Parts {
     std::unique_ptr<CatalogueProcess> catalogue;
     CurlUrlLoader loader;
     CurlReadStreams readStreams;
-    AudioFileStreamParsers fileStreams;
+    AudioFileStreamParsers parsers;
+    FittedFileStreams fileStreams{parsers};
     DesktopSound sound;
     DesktopAudioQueues queues;
     DesktopMovies movies;

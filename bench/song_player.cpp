@@ -5,6 +5,7 @@
 #include "platform/desktop/DesktopAudioQueue.h"
 #include "platform/desktop/DesktopSound.h"
 #include "platform/desktop/parsers/AudioFileStreamParsers.h"
+#include "platform/desktop/parsers/FittedFileStreams.h"
 #include "playback/AudioStreamer.h"
 #include "records/PropertyValue.h"
 #include "records/RecordKeys.h"
@@ -50,7 +51,7 @@ class SongPlayer {
     {
         streamer_ = AudioStreamer::initWithDict(
             Record::make({{keys::Name, QStringLiteral("Song")}, {keys::Location, url}}), nullptr,
-            {web_, parsers_, queues_, alerts_, settings_});
+            {web_, fileStreams_, queues_, alerts_, settings_});
         streamer_->start();
     }
 
@@ -60,6 +61,7 @@ class SongPlayer {
     DesktopAudioQueues queues_{sound_};
     CurlReadStreams web_;
     AudioFileStreamParsers parsers_;
+    FittedFileStreams fileStreams_{parsers_};
     QByteArray input_;
     std::unique_ptr<AudioStreamer> streamer_;
 };

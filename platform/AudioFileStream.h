@@ -66,7 +66,7 @@ class AudioFileStream {
     /// The bytes of audio data in the file, where its header tells.
     virtual AudioStatus audioDataByteCount(std::uint64_t& count) const = 0;
     /// A size in bytes that every packet of the stream is smaller than: whoever fills a buffer of this size
-    /// and drops a packet that would fill it exactly never drops one. At least 2048 where packets come
+    /// and drops a packet that would fill it exactly never drops one for its size alone. At least 2048 where packets come
     /// without descriptions: there buffers of this size are filled by the byte, to 2048.
     virtual AudioStatus packetSizeUpperBound(std::uint32_t& bytes) const = 0;
     /// The largest packet, where the format's header tells.

@@ -15,6 +15,9 @@ struct AudioQueueBuffer {
     std::uint32_t byteSize = 0;
 };
 
+/// Whoever fills buffers with described packets puts at most so many into one.
+inline constexpr std::size_t kPacketsPerBuffer = 512;
+
 class AudioQueue;
 
 /// Receives a queue's callbacks, on any thread, also on the calling one from within a call of the queue.

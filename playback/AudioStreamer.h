@@ -188,6 +188,7 @@ class AudioStreamer final : public QObject, private AudioFileStreamClient {
                          std::span<const AudioPacketDescription> descriptions) override;
     void handleAudioPackets(std::span<const std::byte> bytes,
                             std::span<const AudioPacketDescription> packetDescriptions);
+    [[nodiscard]] bool dropsPackets() const; // lock held
     bool handlePacket(std::span<const std::byte> packet, std::uint32_t variableFrames);
     void handleConstantBitRateBytes(std::span<const std::byte> bytes);
     void createQueue();                   // lock held
@@ -243,7 +244,7 @@ class AudioStreamer final : public QObject, private AudioFileStreamClient {
     bool discontinuous_ = false;
 
     // The buffer being filled. The streaming thread's, which reads them without the lock while it copies.
-    std::array<AudioPacketDescription, 512> packetDescs_{};
+    std::array<AudioPacketDescription, kPacketsPerBuffer> packetDescs_{};
     std::size_t fillBufferIndex_ = 0;
     std::uint32_t packetBufferSize_ = 0;
     std::size_t bytesFilled_ = 0;

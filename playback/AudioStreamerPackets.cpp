@@ -82,7 +82,7 @@ void AudioStreamer::handleAudioPackets(std::span<const std::byte> bytes,
 {
     {
         const Lock lock(*this);
-        if (isFinishing())
+        if (dropsPackets())
             return;
         if (bitRate_ == 0)
             bitRate_ = unknownBitRate;
@@ -100,6 +100,13 @@ void AudioStreamer::handleAudioPackets(std::span<const std::byte> bytes,
             return;
 }
 
+/// Also when a seek awaits the streaming thread: what comes is of the old place, and of a file whose index
+/// came last it may be the whole song in one call.
+bool AudioStreamer::dropsPackets() const
+{
+    return isFinishing() || (seekWasRequested_ && fileLength_ > 0 && calculatedBitRate() != 0);
+}
+
 /// Puts one packet into the buffer being filled. @return false to drop it and the rest of its batch.
 bool AudioStreamer::handlePacket(std::span<const std::byte> packet, std::uint32_t variableFrames)
 {
@@ -111,7 +118,7 @@ bool AudioStreamer::handlePacket(std::span<const std::byte> packet, std::uint32_
             processedPacketsSizeTotal_ += packet.size();
             ++processedPacketsCount_;
         }
-        if (isFinishing())
+        if (dropsPackets())
             return false;
         if (packet.size() > packetBufferSize_)
             failWithErrorCode(ErrorCode::AudioBufferTooSmall);
@@ -122,7 +129,7 @@ bool AudioStreamer::handlePacket(std::span<const std::byte> packet, std::uint32_
     bool full = false;
     {
         const Lock lock(*this);
-        if (isFinishing())
+        if (dropsPackets())
             return false;
         // A packet that would fill the buffer exactly is dropped too; the parser's bound is above any packet.
         if (bytesFilled_ + packet.size() >= packetBufferSize_)
@@ -151,7 +158,7 @@ void AudioStreamer::handleConstantBitRateBytes(std::span<const std::byte> bytes)
         if (!fits)
             enqueueBuffer();
         const Lock lock(*this);
-        if (isFinishing() || bytesFilled_ >= packetBufferSize_)
+        if (dropsPackets() || bytesFilled_ >= packetBufferSize_)
             return;
         const AudioQueueBuffer& buffer = *ring_.buffer(fillBufferIndex_);
         const std::size_t count = std::min({bytes.size(), kAQDefaultBufSize - bytesFilled_,

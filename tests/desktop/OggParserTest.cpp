@@ -91,16 +91,6 @@ TEST_F(OggParserTest, PacketsAreThoseThatAnotherDemuxerFinds)
     }
 }
 
-TEST_F(OggParserTest, PacketsOfOneSizeNeverFillABufferExactly)
-{
-    for (const char* rate : {"128k", "96k", "64k", "32k"}) {
-        const Parsing parsing(
-            song((QByteArray("-ac 2 -ar 48000 -c:a libopus -vbr off -b:a ") + rate).constData()));
-        EXPECT_NE(parsing.listener.bound % static_cast<std::uint32_t>(parsing.listener.packets[5].size()), 0U)
-            << rate;
-    }
-}
-
 TEST_F(OggParserTest, TellsDecodersWithoutTheComments)
 {
     QFile tags(folder.filePath(QStringLiteral("tags")));

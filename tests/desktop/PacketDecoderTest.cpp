@@ -3,6 +3,7 @@
 // come out as another program decodes the same file.
 #include "platform/desktop/AudioDecoder.h"
 #include "platform/desktop/AudioQueueBuffers.h"
+#include "platform/desktop/parsers/FittedFileStreams.h"
 #include "tests/support/Tones.h"
 
 extern "C" {
@@ -44,6 +45,17 @@ constexpr Coding kCodings[] = {
     {"FLAC", "-c:a flac", "flac", {44100, Flac, 0, 0, 4608, 0, 2, 0, 0}, 0},
     {"Vorbis", "-c:a libvorbis", "mkv", {44100, Vorbis, 0, 0, 0, 0, 2, 0, 0}, 1},
     {"Opus", "-c:a libopus -ar 48000", "mkv", {48000, Opus, 0, 0, 960, 0, 2, 0, 0}, 0},
+    {"Opus of 40 ms",
+     "-c:a libopus -ar 48000 -frame_duration 40",
+     "mkv",
+     {48000, Opus, 0, 0, 1920, 0, 2, 0, 0},
+     0},
+    {"Opus of 60 ms",
+     "-c:a libopus -ar 48000 -frame_duration 60",
+     "mkv",
+     {48000, Opus, 0, 0, 2880, 0, 2, 0, 0},
+     0},
+    {"MP3", "-c:a libmp3lame -q:a 4", "mkv", {44100, MpegLayer3, 0, 0, 1152, 0, 2, 0, 0}, 0},
     {"mu-law", "-c:a pcm_mulaw", "wav", {44100, MuLaw, 0, 2, 1, 2, 2, 8, 0}, 0},
     {"A-law", "-c:a pcm_alaw", "wav", {44100, ALaw, 0, 2, 1, 2, 2, 8, 0}, 0},
     {"IMA 4:1", "-c:a adpcm_ima_qt -ar 44100", "aifc", {44100, Ima4, 0, 68, 64, 0, 2, 0, 0}, 0},
@@ -99,17 +111,40 @@ std::vector<float> decode(const Coding& coding, const Demuxed& song)
     return samples;
 }
 
+QString encode(const Coding& coding, const QTemporaryDir& folder)
+{
+    const QString path = folder.filePath(QStringLiteral("song.") + QLatin1String(coding.extension));
+    QStringList arguments{
+        QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"),
+        QStringLiteral("aevalsrc=exprs='0.6*(random(0)-0.5)|0.4*sin(2000*t*t)':d=2:s=44100")};
+    arguments += QString::fromLatin1(coding.encoding).split(QLatin1Char(' '));
+    ffmpeg(arguments << path);
+    return path;
+}
+
+/// The same song, each packet so many times longer by a byte.
+Demuxed lengthened(const Demuxed& song, std::uint32_t formatId, int times)
+{
+    Demuxed longer{song.cookie, {}, {}};
+    const auto bytes = std::as_bytes(std::span(song.bytes.begin(), song.bytes.end()));
+    for (const AudioPacketDescription& packet : song.packets) {
+        const auto own = bytes.subspan(static_cast<std::size_t>(packet.startOffset), packet.dataByteSize);
+        std::vector<std::byte> made(own.begin(), own.end());
+        for (int i = 0; i < times; ++i)
+            made = lengthenedPacket(formatId, made);
+        EXPECT_EQ(made.size(), own.size() + static_cast<std::size_t>(times));
+        longer.packets.push_back({longer.bytes.size(), 0, static_cast<std::uint32_t>(made.size())});
+        longer.bytes.append(reinterpret_cast<const char*>(made.data()), std::ssize(made));
+    }
+    return longer;
+}
+
 TEST(PacketDecoderTest, DecodesWhatAnotherProgramDoes)
 {
     const QTemporaryDir folder;
     for (const Coding& coding : kCodings) {
         SCOPED_TRACE(coding.name);
-        const QString path = folder.filePath(QStringLiteral("song.") + QLatin1String(coding.extension));
-        QStringList arguments{
-            QStringLiteral("-f"), QStringLiteral("lavfi"), QStringLiteral("-i"),
-            QStringLiteral("aevalsrc=exprs='0.6*(random(0)-0.5)|0.4*sin(2000*t*t)':d=2:s=44100")};
-        arguments += QString::fromLatin1(coding.encoding).split(QLatin1Char(' '));
-        ffmpeg(arguments << path);
+        const QString path = encode(coding, folder);
         const auto decoded = decode(coding, demux(path));
 
         const QByteArray expected =
@@ -121,6 +156,23 @@ TEST(PacketDecoderTest, DecodesWhatAnotherProgramDoes)
             float sample = 0;
             std::memcpy(&sample, expected.constData() + i * sizeof(float), sizeof(float));
             ASSERT_NEAR(decoded[i], sample, 1e-5) << i;
+        }
+    }
+}
+
+TEST(PacketDecoderTest, APacketThatWasLengthenedSoundsTheSame)
+{
+    const QTemporaryDir folder;
+    for (const Coding& coding : kCodings) {
+        if (coding.format.bytesPerPacket > 0)
+            continue;
+        SCOPED_TRACE(coding.name);
+        const Demuxed song = demux(encode(coding, folder));
+        const auto decoded = decode(coding, song);
+        ASSERT_GE(decoded.size(), 2 * 2 * 44100U);
+        EXPECT_EQ(decode(coding, lengthened(song, coding.format.formatId, 1)), decoded);
+        if (coding.format.formatId == Opus) { // whose padding has a length of its own
+            EXPECT_EQ(decode(coding, lengthened(song, Opus, 300)), decoded);
         }
     }
 }

@@ -5,6 +5,7 @@
 #include "platform/desktop/DesktopAudioQueue.h"
 #include "platform/desktop/DesktopSound.h"
 #include "platform/desktop/parsers/AudioFileStreamParsers.h"
+#include "platform/desktop/parsers/FittedFileStreams.h"
 #include "tests/playback/StreamerFixture.h"
 #include "tests/support/SoundRecorder.h"
 #include "tests/support/TestHttpServer.h"
@@ -171,7 +172,7 @@ class StreamedSongTest : public testing::Test {
     {
         streamer = AudioStreamer::initWithDict(
             Record::make({{keys::Name, QStringLiteral("Song")}, {keys::Location, QString::fromLatin1(url)}}),
-            &delegate, {web, parsers, queues, alerts, defaults});
+            &delegate, {web, fileStreams, queues, alerts, defaults});
         states.clear();
         QObject::connect(streamer.get(), &AudioStreamer::ASStatusChangedNotification, streamer.get(),
                          [this](AudioStreamer* changed) { states.append(changed->state()); });
@@ -247,6 +248,7 @@ class StreamedSongTest : public testing::Test {
     DesktopAudioQueues queues{sound};
     CurlReadStreams web;
     AudioFileStreamParsers parsers;
+    FittedFileStreams fileStreams{parsers};
     FakeAlerts alerts;
     FakeUserDefaults defaults;
     RecordingDelegate delegate;

@@ -178,15 +178,7 @@ class RecognisingFileStream : public AudioFileStream, private ParserOutput {
     void packets(std::span<const std::byte> bytes, std::uint32_t packetCount,
                  std::span<const AudioPacketDescription> descriptions) override
     {
-        if (descriptions.empty())
-            client_.packetsProduced(bytes, packetCount, descriptions);
-        // Readers drop the rest of what comes with a packet that would fill their buffer to the last byte:
-        // with one packet at a time that is that packet, and not up to a second of music.
-        for (AudioPacketDescription packet : descriptions) {
-            const auto own = bytes.subspan(static_cast<std::size_t>(packet.startOffset), packet.dataByteSize);
-            packet.startOffset = 0;
-            client_.packetsProduced(own, 1, {&packet, 1});
-        }
+        client_.packetsProduced(bytes, packetCount, descriptions);
     }
 
     template <typename T>

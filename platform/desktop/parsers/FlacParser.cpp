@@ -241,7 +241,7 @@ void FlacParser::acceptFrame()
 void FlacParser::announce(std::uint32_t firstFrameBytes)
 {
     framesPerPacket_ = header_->variableBlocks ? header_->blockFrames : info_->mostBlock;
-    bound_ = unfillableBound(info_->packetBound(firstFrameBytes));
+    bound_ = info_->packetBound(firstFrameBytes);
     AudioFileProperties properties;
     properties.format = info_->description(framesPerPacket_);
     properties.dataOffset = dataOffset_;

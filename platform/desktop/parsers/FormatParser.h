@@ -31,19 +31,6 @@ struct AudioFileProperties {
     std::vector<std::byte> magicCookie;
 };
 
-/// A bound of packet sizes, or a little more: a prime number. Readers drop a packet that would fill their
-/// buffer of this size to the last byte; packets of one size, whatever that is, never do.
-[[nodiscard]] constexpr std::uint32_t unfillableBound(std::uint32_t bound)
-{
-    for (std::uint32_t divisor = 2; divisor <= bound / divisor; ++divisor) {
-        if (bound % divisor == 0) {
-            ++bound;
-            divisor = 1; // begins anew
-        }
-    }
-    return bound;
-}
-
 /// Takes what a format parser finds.
 class ParserOutput {
   public:

@@ -244,7 +244,7 @@ bool OggParser::heardEnough() const
 void OggParser::announce()
 {
     announced_ = true;
-    bound_ = unfillableBound(boundSoFar());
+    bound_ = boundSoFar();
 
     AudioFileProperties properties;
     properties.format = codec_->format();
