@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A song's whole way from the network to the ear. Hunts for what no part shows alone: sound lost or repeated
-// where two parts meet, a seek that lands elsewhere, an end that nobody tells of, threads left behind.
+// where two parts meet, a seek that lands elsewhere, an end that nobody tells of.
 #include "tests/desktop/StreamedSong.h"
 
-#include <QDir>
 #include <QElapsedTimer>
 
 #include <limits>
@@ -157,41 +156,6 @@ TEST_F(StreamedSongTest, StopsAtOnceWhenTheServerNeverAnswers)
     }
     EXPECT_LE(quickest, 500);
     EXPECT_TRUE(delegate.notFound.isEmpty());
-}
-
-qsizetype entriesOf(const char* folder)
-{
-    return QDir(QLatin1String(folder))
-        .entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)
-        .size();
-}
-
-TEST_F(StreamedSongTest, LeavesNothingBehind)
-{
-    const QByteArray file = encode(kConstant);
-    const auto cycle = [&](int round) {
-        start(kConstant.path, {.body = file});
-        if (round % 3 > 0) {
-            ASSERT_TRUE(eventually([&] {
-                return streamer->state() == (round % 3 == 1 ? State::WaitingForData : State::Playing) ||
-                       streamer->isPlaying();
-            }));
-        }
-        streamer->stop();
-        ASSERT_TRUE(streamer->isIdle());
-        streamer.reset();
-    };
-    const auto threads = [] { return entriesOf("/proc/self/task"); };
-    const auto files = [] { return entriesOf("/proc/self/fd"); };
-    const auto threadsAtFirst = threads();
-    cycle(2); // what is made once and kept
-    ASSERT_TRUE(eventually([&] { return threads() == threadsAtFirst; })) << threads();
-    const auto filesAtFirst = files();
-    for (int round = 0; round < 50; ++round)
-        cycle(round);
-    EXPECT_TRUE(eventually([&] { return threads() == threadsAtFirst && files() == filesAtFirst; }))
-        << threads() << " threads, " << threadsAtFirst << " at first; " << files() << " files, "
-        << filesAtFirst << " at first";
 }
 
 } // namespace
