@@ -351,14 +351,24 @@ void MainWindow::setFavoriteEnabled(bool enabled)
 void MainWindow::setDownloaded(bool downloaded)
 {
     download_->setChecked(downloaded);
-    download_->setIcon(icon(QStringLiteral("download"), downloaded ? Tint::Accent : Tint::Text));
-    download_->setToolTip(downloaded ? tr("This song is on your disk, or on its way there")
-                                     : tr("Download this song (Ctrl+D)"));
+    showDownload();
 }
 
 void MainWindow::setDownloadEnabled(bool enabled)
 {
     download_->setEnabled(enabled);
+    showDownload();
+}
+
+/// On disk, on its way there, or neither.
+void MainWindow::showDownload()
+{
+    const bool onDisk = download_->isChecked() && !download_->isEnabled();
+    download_->setIcon(icon(onDisk ? QStringLiteral("check") : QStringLiteral("download"),
+                            download_->isChecked() ? Tint::Accent : Tint::Text));
+    download_->setToolTip(onDisk                   ? tr("This song is on your disk")
+                          : download_->isChecked() ? tr("This song is being downloaded")
+                                                   : tr("Download this song (Ctrl+D)"));
 }
 
 void MainWindow::setArtwork(Artwork artwork)

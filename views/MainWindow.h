@@ -87,6 +87,7 @@ class MainWindow : public QMainWindow, public MainWindowView {
     void makeShortcuts();
     void restorePlace();
     void showVolume();
+    void showDownload();
     void updateEmptyPlace();
 
     UserDefaults& defaults_;

@@ -63,6 +63,8 @@ SongInformationWindow::SongInformationWindow(FileViewController& songs, QWidget*
         form->addRow(hint);
     }
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel, this);
+    for (QAbstractButton* button : buttons->buttons())
+        button->setIcon({}); // the words say it
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* layout = new QVBoxLayout(this);
