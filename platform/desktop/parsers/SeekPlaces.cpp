@@ -2,7 +2,6 @@
 #include "platform/desktop/parsers/SeekPlaces.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace zib {
@@ -16,9 +15,6 @@ constexpr std::size_t kMostPlaces = 14'400;
 constexpr double kPlaceDistance = 0.5; // seconds
 // Places this near to each other are gone to themselves, those further apart are guessed between.
 constexpr double kNear = 1.5; // seconds
-// Readers tell the time after a seek from the place, as if all of the file had the rate so far. Where that
-// is further from the time asked for, a clock that jumps is worse than music from a little aside.
-constexpr double kClockTolerance = 2.0; // seconds
 
 } // namespace
 
@@ -71,13 +67,10 @@ AudioStatus SeekPlaces::seek(std::int64_t packet, std::int64_t& byteOffset, bool
     if (packets_ == 0 || packet < 0 || packet > kMaximumPacket)
         return kIllegalPacket;
     const double average = static_cast<double>(packetBytes_) / static_cast<double>(packets_);
-    const auto place = lookUp(packet * framesPerPacket_);
-    byteOffset = place.value_or(static_cast<std::int64_t>(average * static_cast<double>(packet)));
-    const double packetsAside = static_cast<double>(byteOffset) / average - static_cast<double>(packet);
-    const double secondsAside = packetsAside * static_cast<double>(framesPerPacket_) / sampleRate_;
-    estimated = !place || std::abs(secondsAside) > kClockTolerance;
+    told_ = lookUp(packet * framesPerPacket_);
+    byteOffset = told_.value_or(static_cast<std::int64_t>(average * static_cast<double>(packet)));
+    estimated = !told_;
     breakExpected_ = true;
-    told_ = estimated ? std::nullopt : std::optional(byteOffset);
     return kAudioOk;
 }
 
