@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "library/ImportThread.h"
 
+#include "services/utilities/ThreadQueue.h"
+
 #include <utility>
 
 namespace zib {
@@ -35,7 +37,7 @@ class ImportThread::Mailbox : public Sink {
             owner_.batches_.push_back(std::move(batch));
             owner_.changed_.notify_all();
         }
-        QMetaObject::invokeMethod(&owner_, &ImportThread::receive, Qt::QueuedConnection);
+        queueOnThreadOf(owner_, [&owner = owner_] { owner.receive(); });
     }
 
     ImportThread& owner_;

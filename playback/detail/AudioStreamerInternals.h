@@ -2,6 +2,7 @@
 #pragma once
 
 #include "playback/AudioStreamer.h"
+#include "services/utilities/ThreadQueue.h"
 
 #include <QLoggingCategory>
 
@@ -22,13 +23,6 @@ inline std::int64_t truncated(double value)
 {
     constexpr double limit = 9.0e18;
     return std::isnan(value) ? 0 : static_cast<std::int64_t>(std::clamp(value, -limit, limit));
-}
-
-/// Has the thread of the context do that when its events are next run, unless the context dies before.
-template <typename Action>
-void queueOnThreadOf(QObject& context, Action action)
-{
-    QMetaObject::invokeMethod(&context, std::move(action), Qt::QueuedConnection);
 }
 
 /// A hold of the streamer's lock. The outermost one on the main thread tells of the state changes made under
