@@ -12,7 +12,10 @@ namespace zib {
 template <typename Action>
 void queueOnThreadOf(QObject& context, Action action)
 {
-    QMetaObject::invokeMethod(&context, std::move(action), Qt::QueuedConnection);
+    // The action is wrapped so that Qt's object for it bears this function's name, by which the thread
+    // sanitizer is told of a hand-over that it cannot see.
+    QMetaObject::invokeMethod(
+        &context, [action = std::move(action)]() mutable { action(); }, Qt::QueuedConnection);
 }
 
 } // namespace zib
