@@ -1,11 +1,13 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Shared by run, test and bench/run; sourced from the top folder of the project.
 
-# Installs the packages of packages.txt that are missing, and only those.
+# install_packages SECTION...: installs the packages in these sections of packages.txt that are missing, and only those.
 install_packages() {
-    local wanted missing=()
-    mapfile -t wanted < <(sed 's/#.*//' packages.txt | tr -s '[:space:]' '\n' | sed '/^$/d')
-    local package
+    local wanted=() missing=() package section
+    for section in "$@"; do
+        mapfile -t -O "${#wanted[@]}" wanted < <(
+            sed -n "/^\[$section\]\$/,/^\[/ { s/#.*//; /^\[/d; /^[[:space:]]*\$/d; p }" packages.txt)
+    done
     for package in "${wanted[@]}"; do
         dpkg-query -W -f '${Status}\n' "$package" 2>/dev/null | grep -q ' installed$' || missing+=("$package")
     done
