@@ -100,6 +100,8 @@ void PlaybackQueue::playTrack(const Record& chosen)
         setArtworkForCurrentTrack();
     else if (player_.hasMedia())
         showTitles();
+    Q_EMIT trackChanged();
+    Q_EMIT stateChanged();
 }
 
 /// A song that plays from disk is not broken, and one from the web that does has been downloaded.
@@ -118,6 +120,7 @@ void PlaybackQueue::playPause()
     else
         songSelected();
     context_.window.setPlaying(player_.isPlaying());
+    Q_EMIT stateChanged();
 }
 
 void PlaybackQueue::pause()
@@ -142,6 +145,15 @@ void PlaybackQueue::stop()
     context_.window.setFavorite(false);
     context_.window.setFavoriteEnabled(false);
     showDownloaded();
+    Q_EMIT trackChanged();
+    Q_EMIT stateChanged();
+}
+
+PlaybackQueue::State PlaybackQueue::state() const
+{
+    if (!player_.hasMedia())
+        return State::Stopped;
+    return player_.isPaused() ? State::Paused : State::Playing;
 }
 
 void PlaybackQueue::showDownloaded()
@@ -196,6 +208,14 @@ void PlaybackQueue::backTrack()
         }
     }
     player_.backTrack();
+    Q_EMIT seeked(0);
+}
+
+bool PlaybackQueue::hasNextTrack() const
+{
+    const int index = indexOfCurrentItem();
+    return index >= 0 && player_.hasMedia() &&
+           snapshot_->playableFrom(index + 1, 1, context_.connectedToInternet);
 }
 
 void PlaybackQueue::playFrom(int index, int step)
@@ -233,7 +253,16 @@ void PlaybackQueue::countPlay()
 
 void PlaybackQueue::scanTrack(double percent)
 {
+    if (!canSeek())
+        return;
     player_.seekToTime(percent);
+    Q_EMIT seeked(player_.length() * percent / 100);
+}
+
+void PlaybackQueue::seek(double seconds)
+{
+    if (canSeek())
+        scanTrack(seconds / player_.length() * 100);
 }
 
 void PlaybackQueue::setSoundLevel(float level)
@@ -270,6 +299,7 @@ void PlaybackQueue::addCurrentFavorite(bool on)
         return;
     context_.dataManager.addFavorite(track);
     track.set(keys::Favorite, on);
+    Q_EMIT trackChanged();
     if (on)
         noticeLove();
 }
@@ -283,6 +313,7 @@ void PlaybackQueue::addFavorite(int row)
     if (track.string(keys::Id) == nowplayingTrackID())
         context_.window.setFavorite(loved);
     context_.dataManager.markFavoriteAtIndex(row);
+    Q_EMIT trackChanged();
     if (loved)
         noticeLove();
 }
@@ -306,11 +337,12 @@ void PlaybackQueue::updateProgress()
     if (remaining < 1) {
         context_.window.setRemainingText({});
         context_.window.setProgressEnabled(false);
-        return;
+    } else {
+        context_.window.setRemainingText(QLatin1Char('-') + timeString(remaining));
+        context_.window.setProgress(int(qint64(current) * 100 / duration));
+        context_.window.setProgressEnabled(true);
     }
-    context_.window.setRemainingText(QLatin1Char('-') + timeString(remaining));
-    context_.window.setProgress(int(qint64(current) * 100 / duration));
-    context_.window.setProgressEnabled(true);
+    Q_EMIT progressUpdated();
 }
 
 void PlaybackQueue::playbackStateChanged(AudioStreamer& streamer)
@@ -339,6 +371,7 @@ void PlaybackQueue::playbackStateChanged(AudioStreamer& streamer)
         window.setLoaderAnimating(false);
         endOfSong();
     }
+    Q_EMIT stateChanged();
 }
 
 void PlaybackQueue::movieDidEnd(Movie&)
@@ -373,8 +406,10 @@ void PlaybackQueue::showTitles()
 
 void PlaybackQueue::setNowplayingTrack(const Record& track)
 {
-    if (snapshot_)
-        snapshot_->track = withIndex(track, snapshot_->track);
+    if (!snapshot_)
+        return;
+    snapshot_->track = withIndex(track, snapshot_->track);
+    Q_EMIT trackChanged();
 }
 
 void PlaybackQueue::updateNowplayingTrack(const Record& track)

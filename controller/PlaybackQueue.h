@@ -6,6 +6,7 @@
 #include "playback/RVPlayer.h"
 #include "records/Record.h"
 
+#include <QObject>
 #include <QString>
 
 #include <optional>
@@ -16,8 +17,12 @@ class Clock;
 struct ControllerContext;
 
 /// Playing: the transport, over the now-playing snapshot, and what the window shows of them. Main thread.
-class PlaybackQueue : public RVPlayerDelegate {
+class PlaybackQueue : public QObject, public RVPlayerDelegate {
+    Q_OBJECT
+
   public:
+    enum class State { Stopped, Paused, Playing };
+
     PlaybackQueue(ControllerContext& context, RVPlayer& player, const Clock& clock);
 
     /// Plays the song selected in the table, else the first one.
@@ -31,6 +36,8 @@ class PlaybackQueue : public RVPlayerDelegate {
     void backTrack();
     /// @param percent 0 to 100.
     void scanTrack(double percent);
+    /// The same by a time from the beginning, 0 to length().
+    void seek(double seconds);
     /// @param level 0 to 1.
     void setSoundLevel(float level);
     void volumeUp();
@@ -45,6 +52,14 @@ class PlaybackQueue : public RVPlayerDelegate {
 
     /// The length of the song now playing in seconds, 0 while unknown.
     [[nodiscard]] int duration() const { return player_.duration(); }
+    /// Playing as well while a song is still on its way to be heard.
+    [[nodiscard]] State state() const;
+    /// Seconds of the song heard.
+    [[nodiscard]] double position() const { return player_.position(); }
+    /// Whether the song now playing can be left for another place in it at this moment.
+    [[nodiscard]] bool canSeek() const { return player_.isPlaying() && player_.length() > 0; }
+    /// Whether nextTrack() would find a song. Looks through the snapshot's items.
+    [[nodiscard]] bool hasNextTrack() const;
     /// Another record stands for the song now playing.
     void setNowplayingTrack(const Record& track);
     /// The same after an edit, whose names are shown.
@@ -67,8 +82,10 @@ class PlaybackQueue : public RVPlayerDelegate {
     /// What is played from has changed: what plays next is looked for there.
     void setNowplayingPlaylistItems(const QList<Record>& items)
     {
-        if (snapshot_)
-            snapshot_->playlistItems = items;
+        if (!snapshot_)
+            return;
+        snapshot_->playlistItems = items;
+        Q_EMIT trackChanged();
     }
     /// The playing search or playlist has moved to another place of its list.
     void setNowplayingPlaylistIndex(int index)
@@ -82,6 +99,17 @@ class PlaybackQueue : public RVPlayerDelegate {
     void playbackStateChanged(AudioStreamer& streamer) override;
     void movieDidEnd(Movie& movie) override;
     AudioStreamerDelegate* dataManager() override { return &streamReports_; }
+
+  Q_SIGNALS:
+    /// Another song is now playing, or none; or what is known of it, or what can be played after it, has
+    /// changed.
+    void trackChanged();
+    /// state() may be another.
+    void stateChanged();
+    /// The song now playing has jumped to that time.
+    void seeked(double seconds);
+    /// A little of the song was heard; duration() and canSeek() may be others.
+    void progressUpdated();
 
   private:
     void updateSnapshot();

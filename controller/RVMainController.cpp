@@ -125,6 +125,7 @@ void RVMainController::connectivityChanged(bool connected)
 {
     context_.connectedToInternet = connected;
     context_.window.setConnected(connected);
+    Q_EMIT playback_.trackChanged(); // another song may be the next that can be played
     // Which songs can be played now shows in the rows.
     context_.dataManager.playlistsTableView().reloadData();
 }

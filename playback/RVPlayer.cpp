@@ -32,6 +32,11 @@ int wholeSeconds(MovieTime time)
     return time.scale == 0 ? 0 : static_cast<int>(time.value / time.scale);
 }
 
+double seconds(MovieTime time)
+{
+    return time.scale == 0 ? 0 : static_cast<double>(time.value) / time.scale;
+}
+
 } // namespace
 
 RVPlayer::RVPlayer(RVPlayerDelegate* delegate, const AudioStreamerPorts& ports, Movies& movies,
@@ -174,12 +179,11 @@ void RVPlayer::seekToTime(double percent)
     if (!isPlaying())
         return;
     if (streamer_) {
-        const double seconds = streamer_->duration();
-        if (seconds != 0)
-            streamer_->seekToTime(percent / 100 * seconds);
+        if (length() != 0)
+            streamer_->seekToTime(percent / 100 * length());
     } else {
         constexpr qint32 scale = 1000;
-        qtMovie_->setCurrentTime({truncated(duration() * percent / 100 * scale), scale});
+        qtMovie_->setCurrentTime({truncated(length() * percent / 100 * scale), scale});
     }
 }
 
@@ -196,6 +200,13 @@ bool RVPlayer::isPlaying() const
     if (streamer_)
         return streamer_->isPlaying();
     return qtMovie_ && qtMovie_->rate() == 1.0F;
+}
+
+bool RVPlayer::isPaused() const
+{
+    if (streamer_)
+        return streamer_->isPaused();
+    return qtMovie_ && qtMovie_->rate() != 1.0F;
 }
 
 bool RVPlayer::hasMedia() const
@@ -220,6 +231,18 @@ int RVPlayer::duration() const
     if (streamer_)
         return wholeSeconds(streamer_->duration());
     return qtMovie_ ? wholeSeconds(qtMovie_->duration()) : 0;
+}
+
+double RVPlayer::position() const
+{
+    if (streamer_)
+        return streamer_->progress();
+    return qtMovie_ ? seconds(qtMovie_->currentTime()) : 0;
+}
+
+double RVPlayer::length() const
+{
+    return streamer_ ? streamer_->duration() : duration();
 }
 
 int RVPlayer::remainingTime()

@@ -53,9 +53,15 @@ class RVPlayer final : public QObject {
     [[nodiscard]] bool isPlaying() const;
     [[nodiscard]] bool hasMedia() const;
     [[nodiscard]] bool isStreaming() const;
+    /// A song is loaded and is kept from being heard by playPause().
+    [[nodiscard]] bool isPaused() const;
     /// Whole seconds; 0 without a song.
     [[nodiscard]] int currentTime() const;
     [[nodiscard]] int duration() const;
+    /// Seconds heard; 0 without a song.
+    [[nodiscard]] double position() const;
+    /// The seconds that are 100 % to seekToTime(); 0 while unknown.
+    [[nodiscard]] double length() const;
     /// Whole seconds; -1 while unknown. Stops a movie that has no duration.
     [[nodiscard]] int remainingTime();
 
