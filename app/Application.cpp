@@ -90,7 +90,7 @@ struct Application::Parts {
         , movies(sound)
         , window((prepare(), defaults))
         , sharedPanel(&window)
-        , dataManager(defaults, alerts, clock, window.songTable(), places.library)
+        , dataManager(defaults, alerts, clock, window.libraryView(), places.library)
         , player(nullptr, {readStreams, fileStreams, queues, alerts, defaults}, movies, desktop)
         , controller(dataManager, player, {loader, defaults, clock}, defaults, alerts, desktop, trash, tags,
                      window)

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "platform/Alerts.h"
-#include "platform/TableView.h"
 #include "platform/UserDefaults.h"
 
 namespace zib {
@@ -21,22 +20,6 @@ class NoSettings : public UserDefaults {
 class NoAlerts : public Alerts {
   public:
     AlertResult runModal(const Alert& alert) override { qFatal("%s", qUtf8Printable(alert.messageText)); }
-};
-
-/// Shows no song.
-class NoTable : public TableView {
-  public:
-    void reloadData() override {}
-    void scrollRowToVisible(int) override {}
-    [[nodiscard]] QList<int> selectedRows() const override { return {}; }
-    void selectRows(const QList<int>&) override {}
-    void deselectAll() override {}
-    void setAutosaveName(const QString&) override {}
-    void reloadCell(int, const QString&) override {}
-    [[nodiscard]] QList<SortDescriptor> sortDescriptors() const override { return {}; }
-    void setSortDescriptors(const QList<SortDescriptor>&) override {}
-    void setColumnAvailable(const QString&, bool) override {}
-    void removeSubviews() override {}
 };
 
 } // namespace zib

@@ -6,6 +6,7 @@
 #include "library/RVDataManager.h"
 #include "platform/desktop/DesktopFileMetadata.h"
 #include "platform/desktop/SystemClock.h"
+#include "tests/fakes/FakeLibraryView.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -82,8 +83,8 @@ double secondsOfOurs(const QString& songs)
     NoSettings defaults; // so the files are not copied, as the other does not copy them
     NoAlerts alerts;
     const SystemClock clock;
-    NoTable table;
-    RVDataManager manager(defaults, alerts, clock, table, folder.filePath(QStringLiteral("l.zib")));
+    FakeLibraryView view;
+    RVDataManager manager(defaults, alerts, clock, view, folder.filePath(QStringLiteral("l.zib")));
     manager.setSource(SourceType::Library);
     manager.waitForSaves();
     DesktopFileMetadata metadata(QStringLiteral(ZIB_METADATA));

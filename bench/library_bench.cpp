@@ -1,22 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A library of 100,000 songs of 15 fields: what it takes in memory and in time to load, to change and to
 // save.
+#include "bench/Measuring.h"
 #include "bench/NoServices.h"
+#include "bench/Songs.h"
 #include "library/LibraryFile.h"
 #include "library/RVDataManager.h"
-#include "platform/Clock.h"
-#include "records/PropertyValue.h"
+#include "platform/desktop/SystemClock.h"
+#include "tests/fakes/FakeLibraryView.h"
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 
 #include <pugixml.hpp>
 
-#include <algorithm>
-#include <cstdio>
-#include <functional>
 #include <vector>
 
 #include <malloc.h>
@@ -24,33 +21,6 @@
 
 namespace zib {
 namespace {
-
-constexpr int songCount = 100'000;
-constexpr int rounds = 11; // the machine drifts; the median holds
-
-Record makeSong(int number)
-{
-    const QString id = QStringLiteral("%1").arg(number * 2654435761U, 16, 16, QLatin1Char('0'));
-    const int artist = number % 2500;
-    const QDateTime found = QDateTime::fromSecsSinceEpoch(1'200'000'000 + number * 731, Qt::UTC);
-    return Record::make({
-        {keys::Id, id},
-        {keys::Name, QStringLiteral("A song of some length, number %1").arg(number)},
-        {keys::Artist, QStringLiteral("Artist & Friends %1").arg(artist)},
-        {keys::Album, QStringLiteral("The album called %1").arg(number / 12)},
-        {keys::Genre, QStringLiteral("Genre %1").arg(number % 40)},
-        {keys::Year, 1960 + number % 60},
-        {keys::Duration, 120 + number % 300},
-        {keys::Position, number % 12 + 1},
-        {keys::Location, QStringLiteral("http://127.0.0.1:8642/audio/%1/%2.mp3").arg(artist).arg(id)},
-        {keys::Info, QStringLiteral("http://127.0.0.1:8642/song/%1").arg(id)},
-        {keys::Hotness, number % 101},
-        {keys::Familiarity, number % 97},
-        {keys::FoundDate, found},
-        {keys::PlayCount, number % 50},
-        {keys::PlayDate, found.addDays(90)},
-    });
-}
 
 LibraryContents makeContents()
 {
@@ -67,34 +37,12 @@ LibrarySnapshot snapshotOf(LibraryContents& contents)
     return {contents.library.snapshot(), contents.playlists, contents.searches, contents.userInfo};
 }
 
-double milliseconds(const std::function<void()>& work)
-{
-    QElapsedTimer timer;
-    timer.start();
-    work();
-    return double(timer.nsecsElapsed()) / 1e6;
-}
-
-double median(std::vector<double> values)
-{
-    std::ranges::sort(values);
-    return values[values.size() / 2];
-}
-
 qsizetype residentBytes()
 {
     QFile statm(QStringLiteral("/proc/self/statm"));
     if (!statm.open(QIODevice::ReadOnly))
         return 0;
     return statm.readAll().split(' ').value(1).toLongLong() * sysconf(_SC_PAGESIZE);
-}
-
-bool allWithinBars = true;
-
-void report(const char* name, double ratio, double bar, const char* yardstick)
-{
-    allWithinBars = allWithinBars && ratio <= bar;
-    std::printf("bench %s %.3f %.1f %s\n", name, ratio, bar, yardstick);
 }
 
 /// A library file of the size in question, and its content in plain.
@@ -191,11 +139,6 @@ void benchSave()
     report("library-save", median(save) / median(load), 1.5, "loading the same library");
 }
 
-class SystemClock : public Clock {
-  public:
-    [[nodiscard]] QDateTime now() const override { return QDateTime::currentDateTimeUtc(); }
-};
-
 /// The main thread's time for loving one song of the whole library that is shown, saved in the background.
 void benchStall()
 {
@@ -203,8 +146,8 @@ void benchStall()
     NoSettings defaults;
     NoAlerts alerts;
     const SystemClock clock;
-    NoTable table;
-    RVDataManager manager(defaults, alerts, clock, table, sample.file().path());
+    FakeLibraryView view;
+    RVDataManager manager(defaults, alerts, clock, view, sample.file().path());
     manager.setSource(SourceType::Library);
     std::vector<double> stalls;
     for (int round = 0; round < 20; ++round)
@@ -222,13 +165,5 @@ constexpr std::pair<const char*, void (*)()> benchmarks[] = {{"library-memory", 
 
 int main(int argc, char** argv)
 {
-    const QCoreApplication application(argc, argv);
-    const QByteArray wanted(argc > 1 ? argv[1] : "");
-    for (const auto& [name, run] : zib::benchmarks) {
-        if (wanted == "--list")
-            std::printf("%s\n", name);
-        else if (wanted.isEmpty() || wanted == name)
-            run();
-    }
-    return zib::allWithinBars ? 0 : 1;
+    return zib::runBenchmarks(argc, argv, zib::benchmarks);
 }

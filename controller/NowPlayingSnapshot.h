@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "library/SongColumns.h"
 #include "library/SourceTypes.h"
 #include "records/Record.h"
 
@@ -15,6 +16,7 @@ struct NowPlayingSnapshot {
     int playlistIndex;
     SourceType sourceType;
     QList<Record> playlistItems; ///< in the order shown
+    IndexPath indexPath;         ///< what was selected in the browsers and the list
     qint64 playlistUid;
     FilterType filterType;
     Record track; ///< the song now playing

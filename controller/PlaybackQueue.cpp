@@ -69,6 +69,7 @@ void PlaybackQueue::updateSnapshot()
         .playlistIndex = library.currentPlaylistIndex(),
         .sourceType = library.currentSourceType(),
         .playlistItems = library.items(),
+        .indexPath = library.currentIndexPath(),
         .playlistUid = library.currentUID(),
         .filterType = library.currentFilterType(),
         .track = {},
@@ -417,6 +418,12 @@ void PlaybackQueue::updateNowplayingTrack(const Record& track)
     setNowplayingTrack(track);
     if (snapshot_)
         context_.window.setTickerText(artistAndName(track));
+}
+
+void PlaybackQueue::nowplayingPlaylistReordered(const Record& track)
+{
+    updateSnapshot();
+    snapshot_->track = track;
 }
 
 void PlaybackQueue::reloadTracks()

@@ -64,6 +64,8 @@ class PlaybackQueue : public QObject, public RVPlayerDelegate {
     void setNowplayingTrack(const Record& track);
     /// The same after an edit, whose names are shown.
     void updateNowplayingTrack(const Record& track);
+    /// The playlist that plays was reordered and is shown; the song stands in it anew.
+    void nowplayingPlaylistReordered(const Record& track);
     void showIdleBanner();
     /// Shows whether the song now playing is on disk.
     void showDownloaded();

@@ -68,6 +68,10 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
         playback_.setNowplayingPlaylistItems(items);
     }
     void stop() override { playback_.stop(); }
+    void nowplayingPlaylistReordered(const Record& track) override
+    {
+        playback_.nowplayingPlaylistReordered(track);
+    }
     [[nodiscard]] bool connectedToInternet() const override { return context_.connectedToInternet; }
 
     // From the connectivity monitor

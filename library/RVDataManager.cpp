@@ -6,7 +6,6 @@
 #include "platform/Alerts.h"
 #include "platform/Clock.h"
 #include "platform/SettingsKeys.h"
-#include "platform/TableView.h"
 #include "platform/UserDefaults.h"
 #include "records/PropertyValue.h"
 
@@ -33,14 +32,14 @@ RVDataManagerDelegate noDelegate;
 
 } // namespace
 
-RVDataManager::RVDataManager(UserDefaults& defaults, Alerts& alerts, const Clock& clock,
-                             TableView& playlistsTableView, const QString& libraryPath)
+RVDataManager::RVDataManager(UserDefaults& defaults, Alerts& alerts, const Clock& clock, LibraryView& view,
+                             const QString& libraryPath)
     : defaults_(defaults)
     , alerts_(alerts)
     , clock_(clock)
-    , table_(playlistsTableView)
+    , view_(view)
     , delegate_(&noDelegate)
-    , browser_(contents_, tophot_, recommended_, playlistsTableView)
+    , browser_(contents_, tophot_, recommended_, view)
     , iTunesImporter_(std::make_unique<ITunesImporter>(*this))
 {
     // The settings are written on the main thread only, so the save hands the removal of layouts over.
@@ -58,6 +57,7 @@ RVDataManager::RVDataManager(UserDefaults& defaults, Alerts& alerts, const Clock
         Q_EMIT itemsChanged();
     });
     connect(&browser_, &TrackBrowser::sourceChanged, this, &RVDataManager::sourceChanged);
+    browser_.setDelegate(*delegate_);
     loadLibrary();
 }
 
@@ -69,6 +69,7 @@ RVDataManager::~RVDataManager()
 void RVDataManager::setDelegate(RVDataManagerDelegate* delegate)
 {
     delegate_ = delegate != nullptr ? delegate : &noDelegate;
+    browser_.setDelegate(*delegate_);
 }
 
 void RVDataManager::loadLibrary()
@@ -296,6 +297,18 @@ Record RVDataManager::replaceRecord(const Record& track, const Change& change)
     return shown;
 }
 
+void RVDataManager::storeEdited(const Record& track, const Change& change)
+{
+    const Replacement replacement = changed(track, change);
+    browser_.replaceItems(replacement.versions, replacement.record, rowHint(track));
+    library().insert(replacement.record.utf8(keys::Id), replacement.record);
+    replaceIn(tophot_, replacement.record);
+    replaceIn(recommended_, replacement.record);
+    replaceInSearches(replacement);
+    if (isNowplaying(track))
+        delegate_->updateNowplayingTrack(replacement.record);
+}
+
 Record RVDataManager::fileRefound(const Record& track)
 {
     return replaceRecord(track, [](Record& found) { found.remove(keys::BrokenLink); });
@@ -384,24 +397,9 @@ void RVDataManager::relocate(const QString& oldBase, const QString& newBase)
         saveLibrary();
 }
 
-void RVDataManager::setSource(SourceType source)
-{
-    browser_.setSource(source);
-}
-
 bool RVDataManager::sourceIsContinuos(SourceType source)
 {
     return source == SourceType::Library || source == SourceType::Playlists;
-}
-
-void RVDataManager::reloadData()
-{
-    browser_.reloadData();
-}
-
-void RVDataManager::updateTracksBrowser()
-{
-    browser_.updateTracksBrowser();
 }
 
 } // namespace zib

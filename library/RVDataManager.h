@@ -5,6 +5,7 @@
 #include "library/RVDataManagerDelegate.h"
 #include "library/SourceTypes.h"
 #include "library/TrackBrowser.h"
+#include "platform/LibraryView.h"
 #include "records/Record.h"
 #include "records/RecordTable.h"
 
@@ -33,9 +34,11 @@ class RVDataManager : public QObject {
     /// No playlist, no search: the value of currentPlaylistIndex() that shows nothing.
     static constexpr int NotFound = TrackBrowser::NotFound;
 
+    using Change = std::function<void(Record&)>;
+
     /// Loads the library. A missing file gives an empty library, an unreadable one too, after an alert; both
     /// are written at once.
-    RVDataManager(UserDefaults& defaults, Alerts& alerts, const Clock& clock, TableView& playlistsTableView,
+    RVDataManager(UserDefaults& defaults, Alerts& alerts, const Clock& clock, LibraryView& view,
                   const QString& libraryPath);
     /// Waits for a save under way.
     ~RVDataManager() override;
@@ -60,7 +63,17 @@ class RVDataManager : public QObject {
 
     /// The songs listed now, in the table's order.
     [[nodiscard]] const QList<Record>& items() const { return browser_.items(); }
-    [[nodiscard]] TableView& playlistsTableView() { return table_; }
+    [[nodiscard]] const QStringList& allArtists() const { return browser_.allArtists(); }
+    [[nodiscard]] const QStringList& allAlbums() const { return browser_.allAlbums(); }
+    /// The three tables: what the user selects and sorts in them is told to the browser.
+    /// @{
+    [[nodiscard]] TableView& artistsTableView() { return view_.artistsTableView(); }
+    [[nodiscard]] TableView& albumsTableView() { return view_.albumsTableView(); }
+    [[nodiscard]] TableView& playlistsTableView() { return view_.playlistsTableView(); }
+    [[nodiscard]] TrackBrowser& browser() { return browser_; }
+    [[nodiscard]] const TrackBrowser& browser() const { return browser_; }
+    /// @}
+    [[nodiscard]] IndexPath currentIndexPath() const { return browser_.indexPath(); }
 
     /// Freezes all collections and writes them in the background. Costs little whatever their size.
     void saveLibrary();
@@ -77,6 +90,8 @@ class RVDataManager : public QObject {
     [[nodiscard]] QList<Record> holdersOf(const Record& track) const;
     [[nodiscard]] bool isNowplaying(const Record& track) const;
 
+    /// Adds those tracks to the library that it has not. Does not save.
+    void addUnknownToLibrary(const QList<Record>& tracks);
     /// Appends the tracks to the playlist of that index; a song may stand in it twice.
     void addObjects(const QList<Record>& tracks, int toPlaylist);
 
@@ -91,6 +106,9 @@ class RVDataManager : public QObject {
     Record fileRefound(const Record& track);
     /// The song could not be opened. While the machine is offline that says nothing about a web song.
     void fileNotFound(const Record& track);
+    /// The song was edited: its new record replaces the old one wherever that is held, and stands in the
+    /// library from now on. The browsers are not filled anew, and nothing is saved.
+    void storeEdited(const Record& track, const Change& change);
     /// The song's download is complete.
     void exportedFile(const Record& track);
 
@@ -115,7 +133,7 @@ class RVDataManager : public QObject {
     void relocate(const QString& oldBase, const QString& newBase);
 
     /// Shows a source. For playlists and searches, setCurrentPlaylistIndex() then chooses which.
-    void setSource(SourceType source);
+    void setSource(SourceType source) { browser_.setSource(source); }
     [[nodiscard]] SourceType currentSourceType() const { return browser_.sourceType(); }
     [[nodiscard]] FilterType currentFilterType() const { return browser_.filterType(); }
     /// Takes effect at the next reload.
@@ -134,10 +152,12 @@ class RVDataManager : public QObject {
     /// Whether the next song follows by itself in a source of that type.
     [[nodiscard]] static bool sourceIsContinuos(SourceType source);
 
-    void reloadData();
+    void reloadData() { browser_.reloadData(); }
+    void updateArtistsBrowser() { browser_.updateArtistsBrowser(); }
+    void updateAlbumsBrowser() { browser_.updateAlbumsBrowser(); }
+    void updateTracksBrowser() { browser_.updateTracksBrowser(); }
     /// Takes rows out of what is shown. Their songs stay where they are.
     void removeItems(const QList<int>& rows) { browser_.removeItems(rows); }
-    void updateTracksBrowser();
 
   Q_SIGNALS:
     /// items() was filled anew, or a record in it was replaced.
@@ -146,7 +166,6 @@ class RVDataManager : public QObject {
     void sourceChanged();
 
   private:
-    using Change = std::function<void(Record&)>;
     /// A changed record, and the versions of it that are to give way.
     struct Replacement {
         QList<Record> versions;
@@ -154,7 +173,6 @@ class RVDataManager : public QObject {
     };
 
     void loadLibrary();
-    void addUnknownToLibrary(const QList<Record>& tracks);
     Record makePlaylist(const QString& title, int kind) const;
     [[nodiscard]] Replacement changed(const Record& track, const Change& change) const;
     [[nodiscard]] Replacement favoriteToggled(const Record& track) const;
@@ -168,7 +186,7 @@ class RVDataManager : public QObject {
     UserDefaults& defaults_;
     Alerts& alerts_;
     const Clock& clock_;
-    TableView& table_;
+    LibraryView& view_;
     RVDataManagerDelegate* delegate_;
     std::unique_ptr<LibrarySaver> saver_;
     LibraryContents contents_;

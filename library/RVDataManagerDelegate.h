@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "library/SourceTypes.h"
 #include "records/Record.h"
 
 #include <QList>
@@ -28,6 +29,9 @@ class RVDataManagerDelegate {
     virtual void setNowplayingPlaylistItems(const QList<Record>& /*items*/) {}
     /// The song now playing is no longer there: nothing plays.
     virtual void stop() {}
+    /// The playlist that plays was reordered and is shown: the snapshot is to be as if the song had been
+    /// chosen there now.
+    virtual void nowplayingPlaylistReordered(const Record& /*track*/) {}
 
     /// Whether the machine is online.
     [[nodiscard]] virtual bool connectedToInternet() const { return true; }

@@ -27,6 +27,9 @@ class SongFiles {
 
     [[nodiscard]] const SongPaths& paths() const { return paths_; }
 
+    /// The path of the song's file, or why it may have none.
+    [[nodiscard]] tl::expected<QString, QString> place(const Record& track) const;
+
     /// Makes the song's file of those bytes. A file that is there already stays as it is, and that is no
     /// failure.
     /// @return whether the file was made now.
@@ -46,7 +49,6 @@ class SongFiles {
         QString from; // none when there is nothing to move
         QString to;
     };
-    [[nodiscard]] tl::expected<QString, QString> place(const Record& track) const;
     [[nodiscard]] tl::expected<Places, QString> placesOfMove(const Record& before, const Record& after) const;
     void removeEmptyFolders(const QString& lost) const;
 

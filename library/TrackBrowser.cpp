@@ -2,30 +2,53 @@
 #include "library/TrackBrowser.h"
 
 #include "library/LibraryFile.h"
-#include "library/SongColumns.h"
+#include "platform/LibraryView.h"
 #include "platform/TableView.h"
 #include "records/PropertyValue.h"
+
+#include <QSet>
 
 #include <algorithm>
 
 namespace zib {
 namespace {
 
-Record numbered(const Record& track, qsizetype index)
+/// The name in the table's selected row; none for the row that stands for all.
+std::optional<QString> chosenName(const TableView& table, const QStringList& rows)
 {
-    Record copy = track.copy();
-    copy.set(keys::Index, index);
-    return copy;
+    const int row = table.selectedRow();
+    return row > 0 && row < rows.size() ? std::optional(rows[row]) : std::nullopt;
+}
+
+/// Something is always chosen, if only all.
+void reloadBrowser(TableView& table)
+{
+    table.reloadData();
+    if (table.selectedRow() < 0)
+        table.selectRows({0});
+}
+
+void selectAndShow(TableView& table, int row)
+{
+    table.selectRows({row});
+    table.scrollRowToVisible(row);
 }
 
 } // namespace
 
 TrackBrowser::TrackBrowser(const LibraryContents& contents, const RecordTable& tophot,
-                           const RecordTable& recommended, TableView& table)
+                           const RecordTable& recommended, LibraryView& view)
     : contents_(contents)
     , tophot_(tophot)
     , recommended_(recommended)
-    , tableView_(table)
+    , view_(view)
+    , artistsTableView_(view.artistsTableView())
+    , albumsTableView_(view.albumsTableView())
+    , tableView_(view.playlistsTableView())
+    , libraryIndex_(contents.library, collation_)
+    , tophotIndex_(tophot, collation_)
+    , recommendedIndex_(recommended, collation_)
+    , sorting_(collation_, contents.library, libraryIndex_)
 {
 }
 
@@ -43,6 +66,18 @@ const RecordTable* TrackBrowser::table() const
     }
 }
 
+BrowserIndex& TrackBrowser::index()
+{
+    switch (collection_) {
+    case SourceType::TopHot:
+        return tophotIndex_;
+    case SourceType::Recommended:
+        return recommendedIndex_;
+    default:
+        return libraryIndex_;
+    }
+}
+
 void TrackBrowser::setSource(SourceType source)
 {
     switch (source) {
@@ -57,10 +92,11 @@ void TrackBrowser::setSource(SourceType source)
         break; // shows pages; the song list stays as it was
     }
     source_ = source;
+    view_.setBrowsersShown(hasBrowser());
     if (hasBrowser()) {
         uid_ = static_cast<int>(source);
         tableView_.setAutosaveName(QString::number(uid_));
-        updateTracksBrowser();
+        updateArtistsBrowser();
     }
     showColumns();
     Q_EMIT sourceChanged();
@@ -94,26 +130,45 @@ void TrackBrowser::setPlaylistIndex(int index)
         return;
     uid_ = playlist.integer(keys::Id);
     name_ = playlist.string(keys::Name);
-    items_.clear();
-    if (collection_ == SourceType::Playlists) {
-        const QStringList ids = playlist.strings(keys::Tracks);
-        for (const QString& id : ids) {
-            if (Record track = contents_.library.find(id)) {
-                track.set(keys::Index, items_.size());
-                items_.append(track);
-            }
-        }
-    } else {
-        const QList<Record> tracks = playlist.records(keys::Tracks);
-        for (const Record& track : tracks)
-            items_.append(numbered(track, items_.size()));
-    }
+    if (collection_ == SourceType::Playlists)
+        fillFromPlaylist(playlist);
+    else
+        fillFromSearch(playlist);
     tableView_.setAutosaveName(QString::number(uid_));
+    if (tableView_.sortDescriptors().isEmpty())
+        tableView_.setSortDescriptors({{identifierOf(SongColumn::Index), true}});
+    sortItems();
+    tableView_.removeSubviews();
     tableView_.reloadData();
     tableView_.scrollRowToVisible(0);
     tableView_.deselectAll();
     Q_EMIT itemsChanged();
     Q_EMIT sourceChanged();
+}
+
+void TrackBrowser::fillFromPlaylist(const Record& playlist)
+{
+    items_.clear();
+    const QStringList ids = playlist.strings(keys::Tracks);
+    for (const QString& id : ids) {
+        Record track = contents_.library.find(id);
+        if (!track)
+            continue;
+        const qsizetype before = track.contains(keys::Index) ? track.integer(keys::Index) : NotFound;
+        const bool again = before >= 0 && before < items_.size() && items_[before].isSame(track);
+        if (again)
+            track = track.copy();
+        track.set(keys::Index, items_.size());
+        items_.append(track);
+    }
+}
+
+void TrackBrowser::fillFromSearch(const Record& search)
+{
+    items_.clear();
+    const QList<Record> tracks = search.records(keys::Tracks);
+    for (const Record& track : tracks)
+        items_.append(track.copyAsRow(std::int32_t(items_.size())));
 }
 
 bool TrackBrowser::passesFilter(const Record& track) const
@@ -131,23 +186,88 @@ bool TrackBrowser::passesFilter(const Record& track) const
     return true;
 }
 
+std::optional<QString> TrackBrowser::chosenArtist() const
+{
+    return chosenName(artistsTableView_, allArtists_);
+}
+
+std::optional<QString> TrackBrowser::chosenAlbum() const
+{
+    return chosenName(albumsTableView_, allAlbums_);
+}
+
+IndexPath TrackBrowser::indexPath() const
+{
+    return {artistsTableView_.selectedRow(), albumsTableView_.selectedRow(), tableView_.selectedRow()};
+}
+
 void TrackBrowser::reloadData()
 {
     if (hasBrowser())
-        updateTracksBrowser();
+        updateArtistsBrowser();
     else
         tableView_.reloadData();
 }
 
+void TrackBrowser::updateArtistsBrowser()
+{
+    if (hasBrowser()) {
+        index().refresh();
+        fillArtists();
+        fillAlbums();
+        fillTracks();
+    }
+    show();
+}
+
+void TrackBrowser::updateAlbumsBrowser()
+{
+    if (hasBrowser()) {
+        index().refresh();
+        fillAlbums();
+        fillTracks();
+    }
+    show();
+}
+
 void TrackBrowser::updateTracksBrowser()
 {
-    if (const RecordTable* records = table()) {
-        items_.clear();
-        records->forEach([this](std::string_view, const Record& track) {
-            if (passesFilter(track))
-                items_.append(numbered(track, items_.size()));
-        });
+    if (hasBrowser()) {
+        index().refresh();
+        fillTracks();
     }
+    show();
+}
+
+void TrackBrowser::fillArtists()
+{
+    allArtists_ = index().artists(filter_);
+    allArtists_.prepend(tr("All (%1 %2)").arg(allArtists_.size()).arg(tr("Artists")));
+    reloadBrowser(artistsTableView_);
+}
+
+void TrackBrowser::fillAlbums()
+{
+    allAlbums_ = index().albums(filter_, chosenArtist());
+    allAlbums_.prepend(tr("All (%1 %2)").arg(allAlbums_.size()).arg(tr("Albums")));
+    reloadBrowser(albumsTableView_);
+}
+
+void TrackBrowser::fillTracks()
+{
+    items_ = index().tracks({filter_, chosenArtist(), chosenAlbum()});
+    sortItems();
+}
+
+void TrackBrowser::sortItems()
+{
+    const bool fromLibrary = collection_ == SourceType::Library || collection_ == SourceType::Playlists;
+    sorting_.sort(items_, tableView_.sortDescriptors(), fromLibrary);
+}
+
+void TrackBrowser::setItems(const QList<Record>& items)
+{
+    items_ = items;
     show();
 }
 
@@ -199,6 +319,71 @@ void TrackBrowser::updateTracksBrowser(const Record& old, const Record& replacem
     const bool stays = hasBrowser() && inRow && passesFilter(old) && passesFilter(replacement);
     if (!stays)
         updateTracksBrowser();
+}
+
+// What the user does
+
+void TrackBrowser::selectionDidChange(const TableView& table)
+{
+    const bool artistChosen = &table == &artistsTableView_;
+    if (!artistChosen && &table != &albumsTableView_)
+        return;
+    tableView_.deselectAll();
+    if (artistChosen) {
+        selectAndShow(albumsTableView_, 0);
+        updateAlbumsBrowser();
+    } else {
+        updateTracksBrowser();
+    }
+    tableView_.scrollRowToVisible(0);
+}
+
+void TrackBrowser::selectArtist(const QString& name)
+{
+    const auto row = int(allArtists_.indexOf(name, 1));
+    if (row < 0)
+        return;
+    selectAndShow(artistsTableView_, row);
+    selectionDidChange(artistsTableView_);
+}
+
+void TrackBrowser::selectAlbum(const QString& name)
+{
+    const auto row = int(allAlbums_.indexOf(name, 1));
+    if (row < 0)
+        return;
+    selectAndShow(albumsTableView_, row);
+    selectionDidChange(albumsTableView_);
+}
+
+void TrackBrowser::selectSong(std::string_view id)
+{
+    const auto found =
+        std::ranges::find(items_, id, [](const Record& track) { return track.utf8(keys::Id); });
+    if (found != items_.end())
+        selectAndShow(tableView_, int(found - items_.begin()));
+}
+
+void TrackBrowser::sortDescriptorsDidChange()
+{
+    // By their "Index", which no two rows share.
+    QSet<qint64> selected;
+    for (const int row : tableView_.selectedRows())
+        selected.insert(items_.value(row).integer(keys::Index));
+    sortItems();
+    const bool plays = delegate_->nowplayingTrack() &&
+                       delegate_->nowplayingSourceType() != int(SourceType::Library) &&
+                       delegate_->nowplayingPlaylistUID() == uid_;
+    if (plays)
+        delegate_->setNowplayingPlaylistItems(items_);
+    show();
+    if (selected.isEmpty())
+        return;
+    QList<int> rows;
+    for (int row = 0; row < items_.size(); ++row)
+        if (selected.contains(items_[row].integer(keys::Index)))
+            rows.append(row);
+    tableView_.selectRows(rows);
 }
 
 } // namespace zib

@@ -1,20 +1,30 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "library/BrowserIndex.h"
+#include "library/RVDataManagerDelegate.h"
+#include "library/SongColumns.h"
+#include "library/SongSorting.h"
 #include "library/SourceTypes.h"
 #include "records/Record.h"
 
 #include <QList>
 #include <QObject>
 #include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <string_view>
 
 namespace zib {
 
+class LibraryView;
 struct LibraryContents;
 class RecordTable;
 class TableView;
 
-/// Which source the song table shows, and the list of songs that it shows for it. Main thread.
+/// Which source the song table shows, the artists and albums beside it, and the list of songs that they
+/// choose. Main thread.
 class TrackBrowser : public QObject {
     Q_OBJECT
 
@@ -23,7 +33,10 @@ class TrackBrowser : public QObject {
 
     /// The collections must outlive the browser; they are the library manager's.
     TrackBrowser(const LibraryContents& contents, const RecordTable& tophot, const RecordTable& recommended,
-                 TableView& table);
+                 LibraryView& view);
+
+    void setDelegate(RVDataManagerDelegate& delegate) { delegate_ = &delegate; }
+    [[nodiscard]] RVDataManagerDelegate& delegate() const { return *delegate_; }
 
     void setSource(SourceType source);
     [[nodiscard]] SourceType sourceType() const { return source_; }
@@ -44,13 +57,27 @@ class TrackBrowser : public QObject {
     /// Whether the current collection is a table of records, browsed by artist and album.
     [[nodiscard]] bool hasBrowser() const { return table() != nullptr; }
 
-    /// The shown records, each with its "Index" in the unsorted list. Those of a playlist are the library's
-    /// own, all others are copies.
+    /// The browsers' rows; the first stands for all.
+    /// @{
+    [[nodiscard]] const QStringList& allArtists() const { return allArtists_; }
+    [[nodiscard]] const QStringList& allAlbums() const { return allAlbums_; }
+    /// @}
+    /// The shown records in the table's order, each with its "Index" in the unsorted list. Those of a
+    /// playlist are the library's own - but a song that stands there again is a copy, with its own "Index" -
+    /// all others are copies.
     [[nodiscard]] const QList<Record>& items() const { return items_; }
+    /// Shows these instead.
+    void setItems(const QList<Record>& items);
+    [[nodiscard]] IndexPath indexPath() const;
 
     void reloadData();
-    /// Fills the items from the current table of records. A playlist or search is only shown anew.
+    /// Fill the artists, the albums, the songs and what depends on them. A playlist or search is only shown
+    /// anew.
+    /// @{
+    void updateArtistsBrowser();
+    void updateAlbumsBrowser();
     void updateTracksBrowser();
+    /// @}
     /// Puts the replacement, numbered like the old record, into every row that shows one of the old versions,
     /// and shows the rows anew. row: where it is known to stand. Whether any row did.
     bool replaceItems(const QList<Record>& versions, const Record& replacement, int row = NotFound);
@@ -61,6 +88,16 @@ class TrackBrowser : public QObject {
     /// 100,000 rows anew would be felt.
     void updateTracksBrowser(const Record& old, const Record& replacement, bool inRow);
 
+    /// Selects the name in the artists or the albums, and shows what it chooses. Does nothing when it is not
+    /// among them.
+    void selectArtist(const QString& name);
+    void selectAlbum(const QString& name);
+    /// Selects the row that shows the song of that id and scrolls to it.
+    void selectSong(std::string_view id);
+
+    void selectionDidChange(const TableView& table);
+    void sortDescriptorsDidChange();
+
   Q_SIGNALS:
     /// The items, or a record among them, have changed.
     void itemsChanged();
@@ -68,7 +105,16 @@ class TrackBrowser : public QObject {
 
   private:
     [[nodiscard]] const RecordTable* table() const;
+    [[nodiscard]] BrowserIndex& index();
     [[nodiscard]] bool passesFilter(const Record& track) const;
+    [[nodiscard]] std::optional<QString> chosenArtist() const;
+    [[nodiscard]] std::optional<QString> chosenAlbum() const;
+    void fillArtists();
+    void fillAlbums();
+    void fillTracks();
+    void fillFromPlaylist(const Record& playlist);
+    void fillFromSearch(const Record& search);
+    void sortItems();
     /// Tells the table which columns the shown source has.
     void showColumns();
     void show();
@@ -76,7 +122,17 @@ class TrackBrowser : public QObject {
     const LibraryContents& contents_;
     const RecordTable& tophot_;
     const RecordTable& recommended_;
+    LibraryView& view_;
+    TableView& artistsTableView_;
+    TableView& albumsTableView_;
     TableView& tableView_;
+    RVDataManagerDelegate* delegate_ = nullptr;
+
+    TextCollation collation_;
+    BrowserIndex libraryIndex_;
+    BrowserIndex tophotIndex_;
+    BrowserIndex recommendedIndex_;
+    SongSorting sorting_;
 
     SourceType source_ = SourceType::NowPlaying;
     SourceType collection_ = SourceType::NowPlaying; // the last source that has one
@@ -84,6 +140,8 @@ class TrackBrowser : public QObject {
     int playlistIndex_ = NotFound;
     qint64 uid_ = 0;
     QString name_;
+    QStringList allArtists_;
+    QStringList allAlbums_;
     QList<Record> items_;
 };
 

@@ -133,6 +133,16 @@ Record Record::copy() const
     return object_ != nullptr ? Record(new RecordObject(object_->fields, object_->index)) : make();
 }
 
+Record Record::copyAsRow(std::int32_t index) const
+{
+    return object_ != nullptr ? Record(new RecordObject(object_->fields, index)) : Record();
+}
+
+bool Record::hasFields(const RecordFields& block) const
+{
+    return object_ != nullptr && object_->fields.isSame(block);
+}
+
 bool Record::contains(RecordKey key) const
 {
     if (object_ == nullptr)
@@ -164,12 +174,7 @@ PropertyValue Record::value(RecordKey key) const
 
 std::string_view Record::utf8(RecordKey key) const
 {
-    if (object_ == nullptr)
-        return {};
-    const RecordFields& fields = object_->fields;
-    const std::size_t place = fields.find(key);
-    const bool isText = place != RecordFields::absent && fields.type(place) == RecordFields::Type::String;
-    return isText ? fields.text(place) : std::string_view();
+    return object_ != nullptr ? object_->fields.text(key) : std::string_view();
 }
 
 QString Record::string(RecordKey key) const

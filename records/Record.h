@@ -8,6 +8,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <cstdint>
 #include <initializer_list>
 #include <string_view>
 #include <utility>
@@ -55,6 +56,9 @@ class Record {
     /// A new object of equal content, which is shared until one of the two is changed. Nested records are
     /// the same records, not copies.
     [[nodiscard]] Record copy() const;
+    /// The same with that "Index": the record as a row of a list. It costs little, so long lists can be
+    /// numbered at a stroke.
+    [[nodiscard]] Record copyAsRow(std::int32_t index) const;
 
     [[nodiscard]] bool contains(RecordKey key) const;
     [[nodiscard]] QList<RecordKey> keys() const;
@@ -82,6 +86,9 @@ class Record {
     /// The fields as they are now, for reading and writing in bulk. Without a row's "Index", which belongs to
     /// a shown list and is never stored. Callable on any thread while the main thread changes the record.
     [[nodiscard]] RecordFields fields() const;
+    /// Whether the fields are still that very block, and so nothing but "Index" was changed since it was
+    /// taken. The other way round nothing is said: another block may hold the same.
+    [[nodiscard]] bool hasFields(const RecordFields& block) const;
 
     /// A new object with the content as it is now, which no later change of this one touches. Callable on any
     /// thread while the main thread changes the record; the result is for the caller alone.

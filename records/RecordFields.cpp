@@ -102,6 +102,12 @@ std::string_view RecordFields::text(std::size_t place) const noexcept
     return textOf(texts(), payloads()[place]);
 }
 
+std::string_view RecordFields::text(RecordKey key) const noexcept
+{
+    const std::size_t place = find(key);
+    return place != absent && type(place) == Type::String ? text(place) : std::string_view();
+}
+
 const PropertyValue& RecordFields::nested(std::size_t place) const noexcept
 {
     return *reinterpret_cast<const PropertyValue*>(static_cast<std::uintptr_t>(payloads()[place]));

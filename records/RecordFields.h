@@ -49,7 +49,11 @@ class RecordFields {
     /// @}
 
     [[nodiscard]] PropertyValue value(std::size_t place) const;
+    /// The text of that key; empty when the key is absent or holds another type.
+    [[nodiscard]] std::string_view text(RecordKey key) const noexcept;
 
+    /// Identity: whether both are the very same block.
+    [[nodiscard]] bool isSame(const RecordFields& other) const noexcept { return block_ == other.block_; }
     friend bool operator==(const RecordFields& a, const RecordFields& b);
 
   private:

@@ -57,6 +57,16 @@ Record RecordTable::find(std::string_view id) const
     return bucket.place != 0 ? slot(bucket.place - 1).record : Record();
 }
 
+std::optional<std::size_t> RecordTable::placeOf(std::string_view id) const
+{
+    if (buckets_.empty())
+        return std::nullopt;
+    const Bucket& bucket = buckets_[bucketOf(id, hashOf(id))];
+    if (bucket.place == 0 || slot(bucket.place - 1).record.isNull())
+        return std::nullopt;
+    return bucket.place - 1;
+}
+
 void RecordTable::insert(std::string_view id, const Record& record)
 {
     if ((slotCount_ + 1) * 4 > buckets_.size() * 3)

@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace zib {
@@ -65,6 +66,10 @@ class RecordTable {
     /// The record, or none when there is no such id.
     [[nodiscard]] Record find(std::string_view id) const;
     [[nodiscard]] Record find(const QString& id) const { return find(view(id.toUtf8())); }
+    /// The number of the entry's place, below placeCount(); none when there is no such id. An entry keeps its
+    /// place while others come and go, until so many were removed that the table is packed anew.
+    [[nodiscard]] std::optional<std::size_t> placeOf(std::string_view id) const;
+    [[nodiscard]] std::size_t placeCount() const { return slotCount_; }
     [[nodiscard]] bool contains(std::string_view id) const { return !find(id).isNull(); }
     [[nodiscard]] bool contains(const QString& id) const { return !find(id).isNull(); }
 
@@ -84,6 +89,17 @@ class RecordTable {
     void forEach(Visitor visitor) const
     {
         visit(chunks_, visitor);
+    }
+
+    /// Calls visitor(std::size_t place, const Record&) for every place in order; a removed entry's record is
+    /// none. The visitor must not change the table.
+    template <typename Visitor>
+    void forEachPlace(Visitor visitor) const
+    {
+        std::size_t place = 0;
+        for (const auto& chunk : chunks_)
+            for (const Slot& slot : chunk->slots)
+                visitor(place++, slot.record);
     }
 
     /// Freezes the entries. Costs one pointer per chunk of entries now, and one copied chunk per chunk that

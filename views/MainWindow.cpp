@@ -8,6 +8,7 @@
 #include "views/AddToLibraryPanel.h"
 #include "views/EmptyPlace.h"
 #include "views/Icons.h"
+#include "views/LibraryPanes.h"
 #include "views/NowPlayingPanel.h"
 #include "views/SearchBar.h"
 #include "views/SongInformationWindow.h"
@@ -92,9 +93,9 @@ MainWindow::MainWindow(UserDefaults& defaults)
 
 MainWindow::~MainWindow() = default;
 
-TableView& MainWindow::songTable()
+LibraryView& MainWindow::libraryView()
 {
-    return *table_;
+    return *panes_;
 }
 
 // The parts
@@ -169,9 +170,10 @@ QWidget* MainWindow::makeMainArea()
     offline_->setObjectName(QStringLiteral("offline"));
     offline_->hide();
     songs_ = new QStackedWidget(right);
-    table_ = new SongTable(defaults_, songs_);
+    panes_ = new LibraryPanes(defaults_, songs_);
+    table_ = &panes_->songTable();
     empty_ = new EmptyPlace(songs_);
-    songs_->addWidget(table_);
+    songs_->addWidget(panes_);
     songs_->addWidget(empty_);
     layout->addWidget(offline_);
     layout->addWidget(songs_, 1);
@@ -211,7 +213,7 @@ void MainWindow::restorePlace()
 void MainWindow::attach(RVMainController& controller)
 {
     controller_ = &controller;
-    table_->setController(&controller);
+    panes_->setController(controller);
     panel_->setDurationSource([&controller] { return controller.playback().duration(); });
     connectControls();
     makeShortcuts();
@@ -461,8 +463,10 @@ void MainWindow::updateEmptyPlace()
     if (!controller_)
         return;
     const RVDataManager& library = controller_->dataManager();
-    if (!library.items().isEmpty()) {
-        songs_->setCurrentWidget(table_);
+    const IndexPath chosen = library.currentIndexPath();
+    const bool isPart = library.sourceHasBrowser() && (chosen.artist > 0 || chosen.album > 0);
+    if (!library.items().isEmpty() || isPart) {
+        songs_->setCurrentWidget(panes_);
         return;
     }
     if (library.currentSourceType() == SourceType::RecentSearches)

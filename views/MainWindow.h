@@ -13,20 +13,21 @@ class QToolButton;
 namespace zib {
 
 class EmptyPlace;
+class LibraryPanes;
+class LibraryView;
 class NowPlayingPanel;
 class PlaybackQueue;
 class RVMainController;
 class SearchBar;
 class SongTable;
 class SourceListView;
-class TableView;
 class TextLabel;
 class UserDefaults;
 class VolumeSlider;
 
 /// The main window: shows what the controller tells it and calls the controller for what the user does.
 ///
-/// It is made before the library manager, which needs its song table, and shows nothing until attach().
+/// It is made before the library manager, which needs its library view, and shows nothing until attach().
 class MainWindow : public QMainWindow, public MainWindowView {
     Q_OBJECT
 
@@ -35,8 +36,8 @@ class MainWindow : public QMainWindow, public MainWindowView {
     explicit MainWindow(UserDefaults& defaults);
     ~MainWindow() override;
 
-    /// The table to make the library manager with.
-    [[nodiscard]] TableView& songTable();
+    /// The view to make the library manager with.
+    [[nodiscard]] LibraryView& libraryView();
     /// The menu at the end of the bar, for whoever has something to put into it.
     [[nodiscard]] QMenu& applicationMenu() { return *menu_; }
     /// Connects the controls and lets the controller fill the window. Once. The window may outlive the
@@ -105,6 +106,7 @@ class MainWindow : public QMainWindow, public MainWindowView {
     QMenu* menu_ = nullptr;
     SourceListView* sources_ = nullptr;
     QStackedWidget* songs_ = nullptr;
+    LibraryPanes* panes_ = nullptr;
     SongTable* table_ = nullptr;
     EmptyPlace* empty_ = nullptr;
     QLabel* offline_ = nullptr;

@@ -13,7 +13,7 @@
 #include "tests/fakes/FakeClock.h"
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeFileMetadata.h"
-#include "tests/fakes/FakeTableView.h"
+#include "tests/fakes/FakeLibraryView.h"
 #include "tests/fakes/FakeUserDefaults.h"
 #include "views/MainWindow.h"
 
@@ -39,7 +39,7 @@ class AppDelegateTest : public testing::Test {
         qputenv("HOME", disk_.path().toUtf8());
         registerDefaultSettings(defaults_);
         window_ = std::make_unique<MainWindow>(defaults_);
-        manager_ = std::make_unique<RVDataManager>(defaults_, alerts_, clock_, table_,
+        manager_ = std::make_unique<RVDataManager>(defaults_, alerts_, clock_, view_,
                                                    disk_.filePath(QStringLiteral("l.zib")));
         importer_ = std::make_unique<FileImporter>(*manager_, metadata_, defaults_);
         delegate_ = std::make_unique<AppDelegate>(
@@ -63,7 +63,7 @@ class AppDelegateTest : public testing::Test {
     FakeAlerts alerts_;
     FakeClock clock_;
     FakeDesktop desktop_;
-    FakeTableView table_;
+    FakeLibraryView view_;
     std::unique_ptr<MainWindow> window_;
     FakeBusyPanel sharedPanel_;
     FakeFileMetadata metadata_;

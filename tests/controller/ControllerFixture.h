@@ -15,8 +15,8 @@
 #include "tests/fakes/FakeClock.h"
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeHttpReadStreams.h"
+#include "tests/fakes/FakeLibraryView.h"
 #include "tests/fakes/FakeMovies.h"
-#include "tests/fakes/FakeTableView.h"
 #include "tests/fakes/FakeTagApi.h"
 #include "tests/fakes/FakeTrash.h"
 #include "tests/fakes/FakeUrlLoader.h"
@@ -46,9 +46,9 @@ class ControllerWorld : public testing::Test {
         };
     }
 
-    void makeController(TableView& table, MainWindowView& window)
+    void makeController(LibraryView& view, MainWindowView& window)
     {
-        library = std::make_unique<RVDataManager>(defaults, alerts, clock, table,
+        library = std::make_unique<RVDataManager>(defaults, alerts, clock, view,
                                                   folder.filePath(QStringLiteral("Library.zib")));
         player = std::make_unique<RVPlayer>(
             nullptr, AudioStreamerPorts{http, parsers, outputs, alerts, defaults}, movies, desktop);
@@ -148,12 +148,13 @@ class ControllerFixture : public ControllerWorld {
 
     void start()
     {
-        makeController(table, window);
+        makeController(view, window);
         controller->windowDidLoad();
         controller->connectedToInternetNotification();
     }
 
-    FakeTableView table;
+    FakeLibraryView view;
+    FakeTableView& table = view.songs;
     FakeMainWindow window;
 };
 

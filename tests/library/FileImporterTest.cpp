@@ -9,7 +9,7 @@
 #include "tests/fakes/FakeAlerts.h"
 #include "tests/fakes/FakeClock.h"
 #include "tests/fakes/FakeFileMetadata.h"
-#include "tests/fakes/FakeTableView.h"
+#include "tests/fakes/FakeLibraryView.h"
 #include "tests/fakes/FakeUserDefaults.h"
 
 #include <QCoreApplication>
@@ -69,9 +69,9 @@ class FileImporterTest : public testing::Test {
     FakeUserDefaults defaults_;
     FakeAlerts alerts_;
     FakeClock clock_;
-    FakeTableView table_;
+    FakeLibraryView view_;
     FakeFileMetadata metadata_;
-    RVDataManager manager_{defaults_, alerts_, clock_, table_, at("l.zib")};
+    RVDataManager manager_{defaults_, alerts_, clock_, view_, at("l.zib")};
     FileImporter importer_{manager_, metadata_, defaults_};
     QStringList adding_;
     int finished_ = 0;

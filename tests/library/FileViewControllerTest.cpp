@@ -6,7 +6,7 @@
 #include "platform/SettingsKeys.h"
 #include "tests/fakes/FakeAlerts.h"
 #include "tests/fakes/FakeClock.h"
-#include "tests/fakes/FakeTableView.h"
+#include "tests/fakes/FakeLibraryView.h"
 #include "tests/fakes/FakeTagApi.h"
 #include "tests/fakes/FakeUserDefaults.h"
 #include "tests/library/Library.h"
@@ -76,10 +76,10 @@ class FileViewControllerTest : public testing::Test {
     FakeUserDefaults defaults;
     FakeAlerts alerts;
     FakeClock clock;
-    FakeTableView table;
+    FakeLibraryView tables;
     FakeTagAPIs tags;
     Controller controller;
-    RVDataManager library{defaults, alerts, clock, table, folder.filePath(QStringLiteral("Library.zib"))};
+    RVDataManager library{defaults, alerts, clock, tables, folder.filePath(QStringLiteral("Library.zib"))};
     FileViewController view{library, tags, defaults};
 };
 

@@ -7,7 +7,7 @@
 #include "services/utilities/StringUtilities.h"
 #include "tests/fakes/FakeAlerts.h"
 #include "tests/fakes/FakeClock.h"
-#include "tests/fakes/FakeTableView.h"
+#include "tests/fakes/FakeLibraryView.h"
 #include "tests/fakes/FakeUserDefaults.h"
 #include "tests/library/Library.h"
 
@@ -75,8 +75,8 @@ class ITunesImporterTest : public testing::Test {
     FakeUserDefaults defaults_;
     FakeAlerts alerts_;
     FakeClock clock_;
-    FakeTableView table_;
-    RVDataManager manager_{defaults_, alerts_, clock_, table_, disk_.filePath(text("l.zib"))};
+    FakeLibraryView view_;
+    RVDataManager manager_{defaults_, alerts_, clock_, view_, disk_.filePath(text("l.zib"))};
 };
 
 constexpr const char* standardPlace = "Music/iTunes/iTunes Music Library.xml";

@@ -5,7 +5,7 @@
 #include "platform/SettingsKeys.h"
 #include "tests/fakes/FakeAlerts.h"
 #include "tests/fakes/FakeClock.h"
-#include "tests/fakes/FakeTableView.h"
+#include "tests/fakes/FakeLibraryView.h"
 #include "tests/fakes/FakeUserDefaults.h"
 #include "tests/library/Library.h"
 
@@ -53,7 +53,7 @@ class RVDataManagerTest : public testing::Test {
     void open()
     {
         manager_.reset();
-        manager_ = std::make_unique<RVDataManager>(defaults_, alerts_, clock_, table_, path());
+        manager_ = std::make_unique<RVDataManager>(defaults_, alerts_, clock_, view_, path());
         manager_->setDelegate(&controller_);
     }
     [[nodiscard]] QString path() const { return folder_.filePath(QStringLiteral("Zib/Library.zib")); }
@@ -82,7 +82,7 @@ class RVDataManagerTest : public testing::Test {
     FakeUserDefaults defaults_;
     FakeAlerts alerts_;
     FakeClock clock_;
-    FakeTableView table_;
+    FakeLibraryView view_;
     Controller controller_;
     std::unique_ptr<RVDataManager> manager_;
 };
@@ -339,7 +339,7 @@ TEST_F(RVDataManagerTest, SourcesShowTheirSongs)
                            : test.source == SourceType::Playlists ? 99
                                                                   : 98;
         EXPECT_EQ(manager().currentUID(), uid);
-        EXPECT_EQ(table_.autosaveNames.last(), QString::number(uid));
+        EXPECT_EQ(view_.songs.autosaveNames.last(), QString::number(uid));
     }
     EXPECT_EQ(manager().currentPlaylist(), manager().searches()[0]);
     EXPECT_EQ(manager().currentName(), text("S"));

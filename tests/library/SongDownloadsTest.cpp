@@ -6,7 +6,7 @@
 #include "platform/SettingsKeys.h"
 #include "tests/fakes/FakeAlerts.h"
 #include "tests/fakes/FakeClock.h"
-#include "tests/fakes/FakeTableView.h"
+#include "tests/fakes/FakeLibraryView.h"
 #include "tests/fakes/FakeUrlLoader.h"
 #include "tests/fakes/FakeUserDefaults.h"
 #include "tests/library/Library.h"
@@ -72,8 +72,9 @@ class SongDownloadsTest : public testing::Test {
     /// Pieces until the next report of progress is due: the count spans all downloads there ever were.
     void sendUntilProgress()
     {
-        table.reloadedCells.clear();
-        for (int piece = 0; piece < 201 && table.reloadedCells.isEmpty() && exchange().isRunning(); ++piece)
+        view.songs.reloadedCells.clear();
+        for (int piece = 0; piece < 201 && view.songs.reloadedCells.isEmpty() && exchange().isRunning();
+             ++piece)
             exchange().send("1");
     }
     bool saysSo(const Record& track)
@@ -87,10 +88,10 @@ class SongDownloadsTest : public testing::Test {
     FakeUserDefaults defaults;
     FakeAlerts alerts;
     FakeClock clock;
-    FakeTableView table;
+    FakeLibraryView view;
     FakeUrlLoader loader;
     Controller controller;
-    RVDataManager library{defaults, alerts, clock, table, folder.filePath(QStringLiteral("Library.zib"))};
+    RVDataManager library{defaults, alerts, clock, view, folder.filePath(QStringLiteral("Library.zib"))};
     SongDownloads downloads{library, {loader, defaults, clock}, defaults, alerts};
 };
 
@@ -168,7 +169,7 @@ TEST_F(SongDownloadsTest, APressDuringTheDownloadStopsItAtTheNextReport)
     downloads.downloadSongAtIndex(0);
     exchange().respond({200, 1000, {}});
     sendUntilProgress();
-    EXPECT_EQ(table.reloadedCells, (QList<std::pair<int, QString>>{{0, QStringLiteral("Progress")}}));
+    EXPECT_EQ(view.songs.reloadedCells, (QList<std::pair<int, QString>>{{0, QStringLiteral("Progress")}}));
     const double part = SongDownloads::progress(library.items()[0]).value_or(-2);
     EXPECT_GT(part, 0);
     EXPECT_EQ(status(), QStringLiteral("Downloading... (%1 %)").arg(int(part * 100)));

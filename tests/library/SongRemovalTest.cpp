@@ -8,7 +8,7 @@
 #include "tests/fakes/FakeAlerts.h"
 #include "tests/fakes/FakeClock.h"
 #include "tests/fakes/FakeDesktop.h"
-#include "tests/fakes/FakeTableView.h"
+#include "tests/fakes/FakeLibraryView.h"
 #include "tests/fakes/FakeTrash.h"
 #include "tests/fakes/FakeUrlLoader.h"
 #include "tests/fakes/FakeUserDefaults.h"
@@ -98,11 +98,12 @@ class SongRemovalTest : public testing::Test {
     FakeAlerts alerts;
     FakeDesktop desktop;
     FakeClock clock;
-    FakeTableView table;
+    FakeLibraryView view;
+    FakeTableView& table = view.songs;
     FakeTrash trash;
     FakeUrlLoader loader;
     Controller controller;
-    RVDataManager library{defaults, alerts, clock, table, path(QStringLiteral("Library.zib"))};
+    RVDataManager library{defaults, alerts, clock, view, path(QStringLiteral("Library.zib"))};
     SongDownloads downloads{library, {loader, defaults, clock}, defaults, alerts};
     SongRemoval removal{{library, downloads, defaults, trash, alerts, desktop}};
 };
@@ -178,10 +179,14 @@ TEST_F(SongRemovalTest, FromAPlaylistTheyGoWithoutAQuestion)
         int selected;
     };
     const Case cases[] = {
-        {"a b c d", {1}, "a c d", 1}, {"a b c d", {0, 2}, "b d", 0}, {"a b c d", {3}, "a b c", 2},
-        {"a", {0}, "", -1},           {"a b c a", {2}, "a b a", 2}, // a song that stands twice keeps its
-                                                                    // places
-        {"a b c a", {0}, "b c a", 0}, {"a b c a", {3}, "a b c", 2},
+        {"a b c d", {1}, "a c d", 1},
+        {"a b c d", {0, 2}, "b d", 0},
+        {"a b c d", {3}, "a b c", 2},
+        {"a", {0}, "", -1},
+        {"a b c a", {2}, "a b a", 2}, // a song that stands twice keeps its
+                                      // places
+        {"a b c a", {0}, "b c a", 0},
+        {"a b c a", {3}, "a b c", 2},
     };
     for (const auto& [before, rows, after, selected] : cases) {
         showPlaylist(before);

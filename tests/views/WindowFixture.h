@@ -21,7 +21,7 @@ class WindowFixture : public ControllerWorld {
     void open()
     {
         window = std::make_unique<MainWindow>(defaults);
-        makeController(window->songTable(), *window);
+        makeController(window->libraryView(), *window);
         window->attach(*controller);
         controller->connectedToInternetNotification();
         window->show();
