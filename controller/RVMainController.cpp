@@ -8,6 +8,8 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+
 namespace zib {
 
 RVMainController::RVMainController(RVDataManager& dataManager, RVPlayer& player, const WebServices& services,
@@ -18,6 +20,7 @@ RVMainController::RVMainController(RVDataManager& dataManager, RVPlayer& player,
     , downloads_(dataManager, services, defaults, alerts)
     , removal_({dataManager, downloads_, defaults, trash, alerts, desktop})
     , information_(dataManager, tags, defaults)
+    , editing_(dataManager, tags, defaults, alerts)
     , context_{.dataManager = dataManager,
                .downloads = downloads_,
                .defaults = defaults,
@@ -62,6 +65,44 @@ void RVMainController::showSearch(int index)
     context_.window.reloadSources();
 }
 
+void RVMainController::showPlaylist(int index)
+{
+    context_.dataManager.setSource(SourceType::Playlists);
+    context_.dataManager.setCurrentPlaylistIndex(index);
+    context_.window.reloadSources();
+}
+
+QList<Record> RVMainController::selectedSongs() const
+{
+    QList<Record> songs;
+    for (const int row : context_.dataManager.playlistsTableView().selectedRows())
+        if (const Record song = context_.dataManager.items().value(row))
+            songs.append(song);
+    return songs;
+}
+
+void RVMainController::addPlaylistFromSelectionAction()
+{
+    const QList<Record> songs = selectedSongs();
+    if (songs.isEmpty())
+        return;
+    const QString artist = songs.first().string(keys::Artist);
+    const bool oneArtist = !artist.isEmpty() && std::ranges::all_of(songs, [&artist](const Record& song) {
+        return song.string(keys::Artist) == artist;
+    });
+    context_.dataManager.addPlaylistWithTitle(
+        oneArtist ? artist : QCoreApplication::translate("RVMainController", "Untitled playlist"), songs, 0);
+    context_.window.reloadSources();
+}
+
+void RVMainController::addSelectionToPlaylist(int index)
+{
+    RVDataManager& library = context_.dataManager;
+    library.addObjects(selectedSongs(), index);
+    if (library.currentSourceType() == SourceType::Playlists && library.currentPlaylistIndex() == index)
+        library.setCurrentPlaylistIndex(index);
+}
+
 void RVMainController::importITunesLibrary()
 {
     const int button = notices_.runSuppressibleConfirmation(
@@ -80,11 +121,7 @@ void RVMainController::removeITunesItems()
 
 void RVMainController::editInformation()
 {
-    RVDataManager& library = context_.dataManager;
-    QList<Record> songs;
-    for (const int row : library.playlistsTableView().selectedRows())
-        if (const Record song = library.items().value(row))
-            songs.append(song);
+    const QList<Record> songs = selectedSongs();
     if (songs.isEmpty())
         return;
     const QString question = QCoreApplication::translate(

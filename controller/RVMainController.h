@@ -9,6 +9,7 @@
 #include "library/FileViewController.h"
 #include "library/RVDataManagerDelegate.h"
 #include "library/SongDownloads.h"
+#include "library/SongEditing.h"
 #include "library/SongRemoval.h"
 #include "services/PKNetwork.h"
 
@@ -38,12 +39,14 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
     [[nodiscard]] const PlaybackQueue& playback() const { return playback_; }
     [[nodiscard]] SearchFlow& search() { return search_; }
     [[nodiscard]] DownloadActions& downloading() { return downloading_; }
+    [[nodiscard]] SongEditing& editing() { return editing_; }
     [[nodiscard]] Notices& notices() { return notices_; }
 
     /// Shows the library's songs that pass the filter.
     void showLibrary(FilterType filter);
     /// Shows a recent search; 0 is the newest.
     void showSearch(int index);
+    void showPlaylist(int index);
 
     /// Imports the user's iTunes library, once the user has agreed to it.
     void importITunesLibrary();
@@ -52,6 +55,10 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
 
     /// Lets the user edit what is known of the selected songs.
     void editInformation();
+    /// Makes a playlist of the selected songs.
+    void addPlaylistFromSelectionAction();
+    /// Appends the selected songs to that playlist.
+    void addSelectionToPlaylist(int index);
     /// Removes the selected songs, from the library or the shown playlist.
     void deleteSelectedItems() { removal_.deleteSelectedItems(); }
     /// Removes the songs that could not be opened, once the user has agreed to it.
@@ -81,12 +88,14 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
 
   private:
     void connectivityChanged(bool connected);
+    [[nodiscard]] QList<Record> selectedSongs() const;
 
     RVPlayer& player_;
     Notices notices_;
     SongDownloads downloads_;
     SongRemoval removal_;
     FileViewController information_;
+    SongEditing editing_;
     ControllerContext context_;
     PlaybackQueue playback_;
     SearchFlow search_;

@@ -12,8 +12,8 @@ namespace {
 
 // In the order of the columns. Saved layouts and the sort descriptors in them hold these words.
 constexpr std::array<std::string_view, songColumnCount> identifiers{
-    "Speaker",    "Index",     "Favorite", "Name",        "Artist",    "Album",
-    "DL",         "Progress",  "Duration", "Genre",       "Year",      "Position",
+    "Speaker",    "Index",     "Favorite", "DL",          "Name",      "Artist",
+    "Album",      "Progress",  "Duration", "Genre",       "Year",      "Position",
     "Play Count", "Play Date", "Hotness",  "Familiarity", "Found Date"};
 
 } // namespace

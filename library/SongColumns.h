@@ -10,13 +10,13 @@ namespace zib {
 
 /// The columns of the song table, in the order that they have until the user moves them.
 enum class SongColumn {
-    Speaker, ///< marks the song now playing
-    Index,   ///< the row's number
-    Love,    ///< a button
+    Speaker,  ///< marks the song now playing
+    Index,    ///< the row's number
+    Love,     ///< a button
+    Download, ///< a button
     Name,
     Artist,
     Album,
-    Download, ///< a button
     Progress, ///< of a download that is running
     Duration,
     Genre,

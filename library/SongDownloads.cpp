@@ -29,6 +29,7 @@ SongDownloads::SongDownloads(RVDataManager& library, const WebServices& services
     , alerts_(alerts)
     , files_(defaults)
 {
+    showProgressColumn();
 }
 
 SongDownloads::~SongDownloads() = default;
@@ -84,6 +85,7 @@ void SongDownloads::start(const Record& track)
 {
     const QString id = track.string(keys::Id);
     running_.try_emplace(id);
+    showProgressColumn();
     mark(track, keys::CanAbort, true);
     RVFileDownloaderDelegate* const delegate = this;
     auto client = std::make_unique<RVFileDownloader>(services_, track, delegate);
@@ -196,9 +198,16 @@ void SongDownloads::showFailure(const Record& track, const QString& reason)
 void SongDownloads::end(const Record& track)
 {
     running_.erase(track.string(keys::Id));
+    showProgressColumn();
     for (const RecordKey key : {keys::Progress, keys::CanAbort, keys::Abort})
         mark(track, key, {});
     library_.playlistsTableView().reloadData();
+}
+
+/// The column takes room from the songs only while it has something to show.
+void SongDownloads::showProgressColumn()
+{
+    library_.playlistsTableView().setColumnAvailable(identifierOf(SongColumn::Progress), !running_.empty());
 }
 
 void SongDownloads::mark(const Record& track, RecordKey key, const PropertyValue& value)

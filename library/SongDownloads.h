@@ -66,6 +66,7 @@ class SongDownloads : public QObject, private RVFileDownloaderDelegate {
     void showFailure(const Record& track, const QString& reason);
     [[nodiscard]] bool isShown(const RVFileDownloader& download) const;
     void showProgress(const RVFileDownloader& download);
+    void showProgressColumn();
     /// Lets go of the download and of what records say of it.
     void end(const Record& track);
     /// Sets the value in every record of the song that somebody looks at.

@@ -1,66 +1,72 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "views/BrowserTable.h"
 
-#include <QAbstractListModel>
-#include <QScopedValueRollback>
+#include "views/RowDelegate.h"
+#include "views/RowsModel.h"
+
+#include <QHeaderView>
+#include <QKeyEvent>
 
 #include <utility>
 
 namespace zib {
 
-/// Holds nothing but how many rows the view was told of.
-class BrowserTable::Model : public QAbstractListModel {
+class BrowserTable::Model : public RowsModel {
   public:
-    using QAbstractListModel::QAbstractListModel;
+    explicit Model(QString title)
+        : title_(std::move(title))
+    {
+    }
 
     void setSource(Source source)
     {
         source_ = std::move(source);
         reload();
     }
-    void reload()
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override
     {
-        const int rows = source_.rowCount ? source_.rowCount() : 0;
-        if (rows > rows_) {
-            beginInsertRows({}, rows_, rows - 1);
-            rows_ = rows;
-            endInsertRows();
-        } else if (rows < rows_) {
-            beginRemoveRows({}, rows, rows_ - 1);
-            rows_ = rows;
-            endRemoveRows();
-        }
-        if (rows_ > 0)
-            Q_EMIT dataChanged(index(0), index(rows_ - 1));
-    }
-    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override
-    {
-        return parent.isValid() ? 0 : rows_;
+        return parent.isValid() ? 0 : 1;
     }
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override
     {
-        if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
+        if (!index.isValid())
             return {};
-        return source_.text(index.row());
+        if (role == Qt::TextAlignmentRole)
+            return int(Qt::AlignLeft | Qt::AlignVCenter);
+        return role == Qt::DisplayRole ? source_.text(index.row()) : QVariant();
+    }
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override
+    {
+        if (section != 0 || orientation != Qt::Horizontal)
+            return {};
+        if (role == Qt::TextAlignmentRole)
+            return int(Qt::AlignLeft | Qt::AlignVCenter);
+        return role == Qt::DisplayRole ? title_ : QVariant();
     }
 
+  protected:
+    [[nodiscard]] int numberOfRows() const override { return source_.rowCount ? source_.rowCount() : 0; }
+
   private:
+    QString title_;
     Source source_;
-    int rows_ = 0;
 };
 
-BrowserTable::BrowserTable(const QString& name, QWidget* parent)
-    : QListView(parent)
-    , model_(new Model(this))
+BrowserTable::BrowserTable(const QString& title, QWidget* parent)
+    : BrowserTable(new Model(title), title, parent)
 {
-    setAccessibleName(name);
-    setModel(model_);
+}
+
+BrowserTable::BrowserTable(Model* model, const QString& title, QWidget* parent)
+    : RowTable(model, 0, parent)
+    , model_(model)
+{
+    setAccessibleName(title);
+    setItemDelegate(new RowDelegate(this));
     setSelectionMode(SingleSelection);
-    setEditTriggers(NoEditTriggers);
-    setUniformItemSizes(true);
-    setFrameShape(NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setTextElideMode(Qt::ElideRight);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    horizontalHeader()->setSectionsClickable(false);
 }
 
 BrowserTable::~BrowserTable() = default;
@@ -70,54 +76,17 @@ void BrowserTable::setSource(Source source)
     model_->setSource(std::move(source));
 }
 
-void BrowserTable::reloadData()
-{
-    const QScopedValueRollback selecting(selecting_, true);
-    const int row = selectedRow();
-    model_->reload();
-    if (row >= model_->rowCount())
-        deselectAll(); // the view would select a neighbour
-}
-
 void BrowserTable::reloadCell(int row, const QString& /*column*/)
 {
-    update(model_->index(row));
+    update(model_->index(row, 0));
 }
 
-void BrowserTable::scrollRowToVisible(int row)
+void BrowserTable::keyPressEvent(QKeyEvent* event)
 {
-    scrollTo(model_->index(row));
-}
-
-QList<int> BrowserTable::selectedRows() const
-{
-    QList<int> rows;
-    for (const QModelIndex& index : selectionModel()->selectedRows())
-        rows.append(index.row());
-    return rows;
-}
-
-void BrowserTable::selectRows(const QList<int>& rows)
-{
-    const QScopedValueRollback selecting(selecting_, true);
-    if (rows.isEmpty())
-        deselectAll();
-    else if (const QModelIndex index = model_->index(rows.first()); index.isValid())
-        selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
-}
-
-void BrowserTable::deselectAll()
-{
-    const QScopedValueRollback selecting(selecting_, true);
-    clearSelection();
-    setCurrentIndex({});
-}
-
-void BrowserTable::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
-{
-    QListView::selectionChanged(selected, deselected);
-    if (!selecting_ && !selectedRows().isEmpty())
-        Q_EMIT chosen();
+    if (event->key() == Qt::Key_Space) // plays or pauses, for the window
+        event->ignore();
+    else
+        RowTable::keyPressEvent(event);
 }
 
 } // namespace zib

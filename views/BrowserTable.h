@@ -1,20 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/TableView.h"
-
-#include <QListView>
+#include "views/RowTable.h"
 
 #include <functional>
 
 namespace zib {
 
 /// A list of names, one of them chosen: the artists, or the albums.
-class BrowserTable : public QListView, public TableView {
+class BrowserTable : public RowTable {
     Q_OBJECT
 
   public:
-    explicit BrowserTable(const QString& name, QWidget* parent = nullptr);
+    explicit BrowserTable(const QString& title, QWidget* parent = nullptr);
     ~BrowserTable() override;
 
     struct Source {
@@ -24,30 +22,22 @@ class BrowserTable : public QListView, public TableView {
     void setSource(Source source);
 
     // From the library manager
-    void reloadData() override;
     void reloadCell(int row, const QString& column) override;
-    void scrollRowToVisible(int row) override;
-    [[nodiscard]] QList<int> selectedRows() const override;
-    void selectRows(const QList<int>& rows) override;
-    void deselectAll() override;
     void setAutosaveName(const QString& /*name*/) override {} // one column, of one width
     [[nodiscard]] QList<SortDescriptor> sortDescriptors() const override { return {}; }
     void setSortDescriptors(const QList<SortDescriptor>& /*descriptors*/) override {}
     void setColumnAvailable(const QString& /*column*/, bool /*available*/) override {}
     void removeSubviews() override {}
 
-  Q_SIGNALS:
-    /// The user has chosen another name.
-    void chosen();
-
   protected:
-    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     class Model;
 
+    explicit BrowserTable(Model* model, const QString& title, QWidget* parent);
+
     Model* model_;
-    bool selecting_ = false; ///< the program selects
 };
 
 } // namespace zib

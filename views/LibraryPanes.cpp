@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "views/LibraryPanes.h"
 
-#include "controller/RVMainController.h"
 #include "library/RVDataManager.h"
 #include "library/SongCells.h"
 #include "views/BrowserTable.h"
 #include "views/SongTable.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 
 namespace zib {
 namespace {
@@ -28,23 +28,26 @@ LibraryPanes::LibraryPanes(UserDefaults& defaults, QWidget* parent)
     for (BrowserTable* browser : {artists_, albums_}) {
         browser->setFixedWidth(browserWidth);
         layout->addWidget(browser);
+        browser->installEventFilter(this);
     }
+    songs_->installEventFilter(this);
     layout->addWidget(songs_, 1);
     setBrowsersShown(false);
 }
 
-void LibraryPanes::setController(RVMainController& controller)
+void LibraryPanes::setLibrary(RVDataManager& library)
 {
-    TrackBrowser& browser = controller.dataManager().browser();
+    TrackBrowser& browser = library.browser();
     const SongCells cells(browser);
     artists_->setSource({[&browser] { return int(browser.allArtists().size()); },
                          [cells](int row) { return cells.artist(row); }});
     albums_->setSource({[&browser] { return int(browser.allAlbums().size()); },
                         [cells](int row) { return cells.album(row); }});
     for (BrowserTable* table : {artists_, albums_})
-        connect(table, &BrowserTable::chosen, this,
+        connect(table, &BrowserTable::rowsChosen, this,
                 [&browser, table] { browser.selectionDidChange(*table); });
-    songs_->setController(&controller);
+    connect(songs_, &SongTable::sorted, this, [&browser] { browser.sortDescriptorsDidChange(); });
+    songs_->setLibrary(library);
 }
 
 TableView& LibraryPanes::artistsTableView()
@@ -66,6 +69,36 @@ void LibraryPanes::setBrowsersShown(bool shown)
 {
     artists_->setVisible(shown);
     albums_->setVisible(shown);
+}
+
+bool LibraryPanes::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress && !artists_->isHidden()) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if ((key->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier && moveFocus(watched, key->key()))
+            return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+/// The arrows to the left and the right lead from table to table. Whether that key is one of them.
+bool LibraryPanes::moveFocus(const QObject* from, int key)
+{
+    if (key == Qt::Key_Left) {
+        if (from == songs_)
+            albums_->setFocus();
+        else if (from == albums_)
+            artists_->setFocus();
+    } else if (key == Qt::Key_Right) {
+        if (from == artists_) {
+            albums_->setFocus();
+        } else if (from == albums_) {
+            songs_->setFocus();
+            if (songs_->selectedRow() < 0)
+                songs_->selectRows({0});
+        }
+    }
+    return key == Qt::Key_Left || key == Qt::Key_Right;
 }
 
 } // namespace zib

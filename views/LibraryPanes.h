@@ -8,7 +8,7 @@
 namespace zib {
 
 class BrowserTable;
-class RVMainController;
+class RVDataManager;
 class SongTable;
 class UserDefaults;
 
@@ -20,8 +20,8 @@ class LibraryPanes : public QWidget, public LibraryView {
     /// The settings keep the column layouts.
     explicit LibraryPanes(UserDefaults& defaults, QWidget* parent = nullptr);
 
-    /// Whose library it shows.
-    void setController(RVMainController& controller);
+    /// Whose songs it shows.
+    void setLibrary(RVDataManager& library);
     [[nodiscard]] SongTable& songTable() { return *songs_; }
 
     // From the library manager
@@ -30,7 +30,12 @@ class LibraryPanes : public QWidget, public LibraryView {
     [[nodiscard]] TableView& playlistsTableView() override;
     void setBrowsersShown(bool shown) override;
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
+    bool moveFocus(const QObject* from, int key);
+
     BrowserTable* artists_;
     BrowserTable* albums_;
     SongTable* songs_;

@@ -6,18 +6,17 @@
 #include "platform/SettingsKeys.h"
 #include "platform/UserDefaults.h"
 #include "views/AddToLibraryPanel.h"
-#include "views/EmptyPlace.h"
 #include "views/Icons.h"
-#include "views/LibraryPanes.h"
+#include "views/LibraryPlace.h"
 #include "views/NowPlayingPanel.h"
 #include "views/SearchBar.h"
 #include "views/SongInformationWindow.h"
-#include "views/SongTable.h"
 #include "views/SourceListView.h"
 #include "views/TextLabel.h"
 #include "views/Theme.h"
 #include "views/ValueSlider.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QBoxLayout>
 #include <QDropEvent>
@@ -28,7 +27,6 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
-#include <QStackedWidget>
 #include <QToolButton>
 
 namespace zib {
@@ -95,7 +93,7 @@ MainWindow::~MainWindow() = default;
 
 LibraryView& MainWindow::libraryView()
 {
-    return *panes_;
+    return place_->libraryView();
 }
 
 // The parts
@@ -161,25 +159,9 @@ QWidget* MainWindow::makeMainArea()
     sources_ = new SourceListView(splitter);
     sources_->setMinimumWidth(140);
 
-    auto* right = new QWidget(splitter);
-    auto* layout = new QVBoxLayout(right);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    offline_ = new QLabel(
-        tr("You are offline. Songs on this computer still play; those on the web are shown in grey."), right);
-    offline_->setObjectName(QStringLiteral("offline"));
-    offline_->hide();
-    songs_ = new QStackedWidget(right);
-    panes_ = new LibraryPanes(defaults_, songs_);
-    table_ = &panes_->songTable();
-    empty_ = new EmptyPlace(songs_);
-    songs_->addWidget(panes_);
-    songs_->addWidget(empty_);
-    layout->addWidget(offline_);
-    layout->addWidget(songs_, 1);
-
+    place_ = new LibraryPlace(defaults_, splitter);
     splitter->addWidget(sources_);
-    splitter->addWidget(right);
+    splitter->addWidget(place_);
     splitter->setStretchFactor(0, 0);
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({sourceListWidth, comfortableWindow.width() - sourceListWidth});
@@ -213,7 +195,7 @@ void MainWindow::restorePlace()
 void MainWindow::attach(RVMainController& controller)
 {
     controller_ = &controller;
-    panes_->setController(controller);
+    place_->attach(controller);
     panel_->setDurationSource([&controller] { return controller.playback().duration(); });
     connectControls();
     makeShortcuts();
@@ -247,15 +229,8 @@ void MainWindow::connectControls()
             [this](FilterType filter) { controller_->showLibrary(filter); });
     connect(sources_, &SourceListView::searchChosen, this,
             [this](int index) { controller_->showSearch(index); });
-    connect(empty_, &EmptyPlace::tagChosen, this,
-            [this](const QString& tag) { controller_->search().beginSearchForTags({tag}); });
-    connect(table_, &SongTable::activated, this, [this] { playback().songSelected(); });
-    connect(table_, &SongTable::loveToggled, this, [this](int row) { playback().addFavorite(row); });
-    connect(table_, &SongTable::downloadPressed, this,
-            [this](int row) { controller_->downloading().downloadSong(row); });
-    connect(table_, &SongTable::informationPressed, this, [this] { controller_->editInformation(); });
-    connect(table_, &SongTable::deletePressed, this, [this] { controller_->deleteSelectedItems(); });
-    connect(table_, &SongTable::reloaded, this, &MainWindow::updateEmptyPlace);
+    connect(sources_, &SourceListView::playlistChosen, this,
+            [this](int index) { controller_->showPlaylist(index); });
 }
 
 PlaybackQueue& MainWindow::playback()
@@ -274,13 +249,13 @@ void MainWindow::makeShortcuts()
     add(Qt::CTRL | Qt::Key_Up, [this] { playback().volumeUp(); });
     add(Qt::CTRL | Qt::Key_Down, [this] { playback().volumeDown(); });
     add(Qt::CTRL | Qt::Key_I, [this] { controller_->editInformation(); });
-    add(Qt::CTRL | Qt::Key_D, [this] { download_->click(); });
-    // The songs selected where the table has the focus, else the one that plays.
+    // The song selected in a table that has the keyboard, else the one that plays.
+    add(Qt::CTRL | Qt::Key_D, [this] {
+        if (!place_->pressInRow(SongColumn::Download))
+            download_->click();
+    });
     add(Qt::CTRL | Qt::Key_L, [this] {
-        const QList<int> rows = table_->selectedRows();
-        if (table_->hasFocus() && !rows.isEmpty())
-            playback().addFavorite(rows.first());
-        else
+        if (!place_->pressInRow(SongColumn::Love))
             love_->click();
     });
 }
@@ -313,7 +288,8 @@ void MainWindow::dropEvent(QDropEvent* event)
 bool MainWindow::eventFilter(QObject* watched, QEvent* event)
 {
     // The space key plays or pauses where a list has the focus.
-    if (event->type() == QEvent::KeyRelease && controller_ && (watched == table_ || watched == sources_)) {
+    if (event->type() == QEvent::KeyRelease && controller_ &&
+        isAncestorOf(qobject_cast<QAbstractItemView*>(watched))) {
         const auto* key = static_cast<QKeyEvent*>(event);
         if (key->key() == Qt::Key_Space && !key->isAutoRepeat()) {
             playback().playPause();
@@ -436,16 +412,16 @@ std::optional<SongInformation> MainWindow::editInformation(FileViewController& s
 
 void MainWindow::setConnected(bool connected)
 {
-    offline_->setVisible(!connected);
+    place_->setConnected(connected);
 }
 
 void MainWindow::reloadSources()
 {
     const RVDataManager& library = controller_->dataManager();
-    sources_->showSearches(library.searches());
+    sources_->show(library.playlists(), library.searches());
     sources_->markCurrent(library.currentSourceType(), library.currentFilterType(),
                           library.currentPlaylistIndex());
-    updateEmptyPlace();
+    place_->update();
 }
 
 void MainWindow::showVolume()
@@ -456,31 +432,6 @@ void MainWindow::showVolume()
                          : level < 0.5 ? QStringLiteral("volume-low")
                                        : QStringLiteral("volume-high");
     speaker_->setPixmap(icon(name, Tint::Secondary).pixmap(QSize(20, 20), devicePixelRatioF()));
-}
-
-void MainWindow::updateEmptyPlace()
-{
-    if (!controller_)
-        return;
-    const RVDataManager& library = controller_->dataManager();
-    const IndexPath chosen = library.currentIndexPath();
-    const bool isPart = library.sourceHasBrowser() && (chosen.artist > 0 || chosen.album > 0);
-    if (!library.items().isEmpty() || isPart) {
-        songs_->setCurrentWidget(panes_);
-        return;
-    }
-    if (library.currentSourceType() == SourceType::RecentSearches)
-        empty_->say(tr("No songs found"), tr("Try another spelling, a well-known artist, or a tag:"));
-    else if (library.currentFilterType() == FilterType::Favorites)
-        empty_->say(
-            tr("No loved songs yet"),
-            tr("Press the heart beside a song, and it is kept here and in Music. To find some, try a tag:"));
-    else
-        empty_->say(tr("Your library is empty"),
-                    tr("Type an artist into the search field and press Return. Play what you find, and press "
-                       "the heart beside a song to keep it here. Your own files come in with Ctrl+O, or when "
-                       "you drop them here. Or try a tag:"));
-    songs_->setCurrentWidget(empty_);
 }
 
 } // namespace zib

@@ -7,19 +7,16 @@
 
 class QLabel;
 class QMenu;
-class QStackedWidget;
 class QToolButton;
 
 namespace zib {
 
-class EmptyPlace;
-class LibraryPanes;
+class LibraryPlace;
 class LibraryView;
 class NowPlayingPanel;
 class PlaybackQueue;
 class RVMainController;
 class SearchBar;
-class SongTable;
 class SourceListView;
 class TextLabel;
 class UserDefaults;
@@ -89,7 +86,6 @@ class MainWindow : public QMainWindow, public MainWindowView {
     void restorePlace();
     void showVolume();
     void showDownload();
-    void updateEmptyPlace();
 
     UserDefaults& defaults_;
     RVMainController* controller_ = nullptr;
@@ -105,11 +101,7 @@ class MainWindow : public QMainWindow, public MainWindowView {
     SearchBar* search_ = nullptr;
     QMenu* menu_ = nullptr;
     SourceListView* sources_ = nullptr;
-    QStackedWidget* songs_ = nullptr;
-    LibraryPanes* panes_ = nullptr;
-    SongTable* table_ = nullptr;
-    EmptyPlace* empty_ = nullptr;
-    QLabel* offline_ = nullptr;
+    LibraryPlace* place_ = nullptr;
     TextLabel* status_ = nullptr;
 };
 

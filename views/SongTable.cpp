@@ -1,125 +1,82 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "views/SongTable.h"
 
-#include "platform/SettingsKeys.h"
-#include "platform/UserDefaults.h"
+#include "library/RVDataManager.h"
+#include "library/SongReordering.h"
 #include "views/SongDelegate.h"
 #include "views/SongTableModel.h"
 #include "views/Theme.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
+#include <QDrag>
 #include <QHeaderView>
-#include <QMenu>
-#include <QScopedValueRollback>
-
-#include <algorithm>
-#include <array>
+#include <QMimeData>
+#include <QPainter>
 
 namespace zib {
 
 namespace {
 
-using Model = SongTableModel;
+constexpr int nameColumn = int(SongColumn::Name);
+constexpr int dropLineWidth = 2;
 
-constexpr int smallestTextColumn = 72;
-
-int defaultWidth(int column)
+bool isButton(const QModelIndex& index)
 {
-    switch (column) {
-    case Model::Speaker:
-    case Model::Love:
-        return 28;
-    case Model::Index:
-        return 36;
-    case Model::Name:
-        return 220;
-    case Model::Artist:
-    case Model::Album:
-        return 160;
-    case Model::Genre:
-    case Model::PlayDate:
-    case Model::FoundDate:
-        return 102;
-    case Model::Hotness:
-    case Model::Familiarity:
-        return 80;
-    default:
-        return 60;
-    }
+    return index.column() == int(SongColumn::Love) || index.column() == int(SongColumn::Download);
 }
 
-bool isShownAtFirst(int column)
+/// What hangs at the pointer while songs are dragged.
+QPixmap dragPicture(const QWidget& table, const QString& text)
 {
-    return column != Model::Genre && column != Model::Year;
-}
-
-/// The columns that share the width which the others leave.
-constexpr std::array flexibleColumns{int(Model::Name), int(Model::Artist), int(Model::Album)};
-
-bool isFlexible(int column)
-{
-    return std::find(flexibleColumns.begin(), flexibleColumns.end(), column) != flexibleColumns.end();
+    const QRect label = table.fontMetrics().boundingRect(text).marginsAdded(
+        {Theme::between, Theme::within, Theme::between, Theme::within});
+    QPixmap picture(label.size() * table.devicePixelRatioF());
+    picture.setDevicePixelRatio(table.devicePixelRatioF());
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Theme::current().accent);
+    painter.drawRoundedRect(QRect(QPoint(), label.size()), Theme::corner, Theme::corner);
+    painter.setFont(table.font());
+    painter.setPen(Theme::current().onAccent);
+    painter.drawText(QRect(QPoint(), label.size()), Qt::AlignCenter, text);
+    return picture;
 }
 
 } // namespace
 
 SongTable::SongTable(UserDefaults& defaults, QWidget* parent)
-    : QTableView(parent)
-    , defaults_(defaults)
-    , model_(new SongTableModel(this))
+    : SongTable(new SongTableModel, defaults, parent)
+{
+}
+
+SongTable::SongTable(SongTableModel* model, UserDefaults& defaults, QWidget* parent)
+    : RowTable(model, nameColumn, parent)
+    , model_(model)
+    , layout_(*this, defaults)
 {
     setObjectName(QStringLiteral("songTable"));
     setAccessibleName(tr("Songs"));
-    setModel(model_);
-    setItemDelegate(new SongDelegate(this));
-    setSelectionBehavior(SelectRows);
+    setItemDelegate(new SongDelegate(*model_, this));
     setSelectionMode(ExtendedSelection);
-    setEditTriggers(NoEditTriggers);
     setAlternatingRowColors(true);
-    setShowGrid(false);
-    setWordWrap(false);
-    setTabKeyNavigation(false);
     setMouseTracking(true);
-    setFrameShape(NoFrame);
-    setHorizontalScrollMode(ScrollPerPixel);
-    setVerticalScrollMode(ScrollPerPixel);
-    setCornerButtonEnabled(false);
-
-    verticalHeader()->hide();
-    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setMinimumSectionSize(Theme::rowHeight);
-    verticalHeader()->setDefaultSectionSize(Theme::rowHeight);
-
-    QHeaderView* header = horizontalHeader();
-    header->setMinimumSectionSize(28);
-    header->setHighlightSections(false);
-    header->setSectionsMovable(true);
-    header->setFixedHeight(Theme::rowHeight + 2);
-    header->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(header, &QHeaderView::customContextMenuRequested, this, &SongTable::showColumnMenu);
-
-    saveSoon_.setSingleShot(true);
-    saveSoon_.setInterval(400);
-    connect(&saveSoon_, &QTimer::timeout, this, &SongTable::saveLayout);
-    const auto changed = [this] {
-        if (!arranging_)
-            saveSoon_.start();
-    };
-    connect(header, &QHeaderView::sectionResized, this, [this, changed](int column) {
-        if (!arranging_ && isFlexible(column))
-            takeShares();
-        changed();
-    });
-    connect(header, &QHeaderView::sectionMoved, this, changed);
-    applyLayout();
+    setDragEnabled(true);
+    setAcceptDrops(true);
+    setDropIndicatorShown(false); // it would underline one cell
+    connect(&layout_, &SongTableLayout::sorted, this, &SongTable::sorted);
+    // Later, when the editor is closed: a refused edit asks in a window of its own.
+    connect(model_, &SongTableModel::edited, this, &SongTable::takeEdit, Qt::QueuedConnection);
 }
 
 SongTable::~SongTable() = default;
 
-void SongTable::setController(RVMainController* controller)
+void SongTable::setLibrary(RVDataManager& library)
 {
-    model_->setController(controller);
-    applyLayout();
+    reordering_ = std::make_unique<SongReordering>(library);
+    model_->setLibrary(library);
     Q_EMIT reloaded();
 }
 
@@ -127,179 +84,35 @@ void SongTable::setController(RVMainController* controller)
 
 void SongTable::reloadData()
 {
-    model_->reload();
+    RowTable::reloadData();
     Q_EMIT reloaded();
-}
-
-void SongTable::scrollRowToVisible(int row)
-{
-    scrollTo(model_->index(row, Model::Name));
-}
-
-QList<int> SongTable::selectedRows() const
-{
-    QList<int> rows;
-    for (const QModelIndex& index : selectionModel()->selectedRows())
-        rows.append(index.row());
-    std::sort(rows.begin(), rows.end());
-    return rows;
-}
-
-void SongTable::selectRows(const QList<int>& rows)
-{
-    QItemSelection selection;
-    for (const int row : rows)
-        if (row >= 0 && row < model_->rowCount())
-            selection.select(model_->index(row, 0), model_->index(row, Model::ColumnCount - 1));
-    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
-    if (!selection.isEmpty())
-        selectionModel()->setCurrentIndex(model_->index(selection.first().top(), Model::Name),
-                                          QItemSelectionModel::NoUpdate);
-}
-
-void SongTable::deselectAll()
-{
-    clearSelection();
-    setCurrentIndex({});
 }
 
 void SongTable::reloadCell(int row, const QString& column)
 {
-    if (row < 0 || row >= model_->rowCount())
-        return;
-    if (const auto changed = model_->columnOf(column))
-        Q_EMIT model_->dataChanged(model_->index(row, *changed), model_->index(row, *changed));
+    const auto changed = songColumn(column);
+    if (changed && row >= 0 && row < model_->rowCount())
+        Q_EMIT model_->dataChanged(model_->index(row, int(*changed)), model_->index(row, int(*changed)));
 }
-
-void SongTable::removeSubviews()
-{
-    const QModelIndex edited = currentIndex();
-    if (QWidget* editor = indexWidget(edited))
-        closeEditor(editor, QAbstractItemDelegate::RevertModelCache);
-}
-
-// Columns
 
 void SongTable::setSortDescriptors(const QList<SortDescriptor>& descriptors)
 {
-    descriptors_ = descriptors;
+    layout_.setSortDescriptors(descriptors);
 }
 
 void SongTable::setColumnAvailable(const QString& column, bool available)
 {
-    if (!model_->setColumnAvailable(column, available))
-        return;
-    saveUnsavedLayout();
-    applyLayout();
+    if (const auto known = songColumn(column))
+        layout_.setAvailable(*known, available);
 }
 
-void SongTable::setAutosaveName(const QString& name)
+void SongTable::removeSubviews()
 {
-    saveUnsavedLayout();
-    autosaveName_ = name;
-    applyLayout();
+    if (QWidget* editor = indexWidget(currentIndex()))
+        RowTable::closeEditor(editor, QAbstractItemDelegate::RevertModelCache);
 }
 
-void SongTable::saveUnsavedLayout()
-{
-    if (!saveSoon_.isActive())
-        return;
-    saveSoon_.stop();
-    saveLayout();
-}
-
-void SongTable::applyLayout()
-{
-    const QScopedValueRollback arranging(arranging_, true);
-    QHeaderView* header = horizontalHeader();
-    const QString key = settings::SongTableLayout + autosaveName_;
-    const QByteArray saved =
-        autosaveName_.isEmpty() ? QByteArray() : QByteArray::fromBase64(defaults_.string(key).toLatin1());
-    const bool restored = !saved.isEmpty() && header->restoreState(saved);
-    for (int column = 0; column < Model::ColumnCount; ++column) {
-        if (!restored) {
-            header->moveSection(header->visualIndex(column), column);
-            setColumnHidden(column, false);
-            header->resizeSection(column, defaultWidth(column));
-        }
-        const bool wanted = restored ? !isColumnHidden(column) : isShownAtFirst(column);
-        setColumnHidden(column, !wanted || !model_->hasColumn(column));
-    }
-    for (const int column : {Model::Speaker, Model::Love})
-        header->setSectionResizeMode(column, QHeaderView::Fixed);
-    takeShares();
-    fitColumns();
-}
-
-void SongTable::saveLayout()
-{
-    if (autosaveName_.isEmpty())
-        return;
-    const QByteArray state = horizontalHeader()->saveState().toBase64();
-    defaults_.setValue(settings::SongTableLayout + autosaveName_, QString::fromLatin1(state));
-}
-
-void SongTable::setColumnShown(int column, bool shown)
-{
-    {
-        const QScopedValueRollback arranging(arranging_, true);
-        setColumnHidden(column, !shown);
-        if (shown && !isFlexible(column) && columnWidth(column) < defaultWidth(column))
-            setColumnWidth(column, defaultWidth(column));
-        fitColumns();
-    }
-    saveLayout();
-}
-
-void SongTable::fitColumns()
-{
-    if (!isVisible()) // the width is not the one to come
-        return;
-    const QScopedValueRollback arranging(arranging_, true);
-    int free = viewport()->width();
-    double shares = 0;
-    for (int column = 0; column < Model::ColumnCount; ++column) {
-        if (isColumnHidden(column))
-            continue;
-        if (isFlexible(column))
-            shares += shares_.value(column);
-        else
-            free -= columnWidth(column);
-    }
-    for (const int column : flexibleColumns) {
-        if (isColumnHidden(column))
-            continue;
-        const double share = shares_.value(column);
-        const int width = qMax(smallestTextColumn, qRound(free * share / shares));
-        setColumnWidth(column, width);
-        // What is left over by rounding or taken by a smallest width is the others' to share.
-        free -= width;
-        shares -= share;
-    }
-}
-
-void SongTable::takeShares()
-{
-    for (const int column : flexibleColumns)
-        shares_[column] = qMax(1, columnWidth(column));
-}
-
-void SongTable::showColumnMenu(const QPoint& position)
-{
-    QMenu menu(this);
-    for (int column = Model::Artist; column < Model::ColumnCount; ++column) {
-        if (!model_->hasColumn(column))
-            continue;
-        QAction* action =
-            menu.addAction(model_->headerData(column, Qt::Horizontal, Qt::AccessibleTextRole).toString());
-        action->setCheckable(true);
-        action->setChecked(!isColumnHidden(column));
-        connect(action, &QAction::toggled, this, [this, column](bool on) { setColumnShown(column, on); });
-    }
-    menu.exec(horizontalHeader()->mapToGlobal(position));
-}
-
-// What the user does
+// Keys and mouse
 
 void SongTable::keyPressEvent(QKeyEvent* event)
 {
@@ -307,6 +120,9 @@ void SongTable::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Return:
     case Qt::Key_Enter:
         Q_EMIT activated();
+        return;
+    case Qt::Key_F2:
+        editCurrent();
         return;
     case Qt::Key_Delete:
     case Qt::Key_Backspace:
@@ -316,54 +132,203 @@ void SongTable::keyPressEvent(QKeyEvent* event)
         event->ignore();
         return;
     default:
-        QTableView::keyPressEvent(event);
+        RowTable::keyPressEvent(event);
     }
+}
+
+void SongTable::keyboardSearch(const QString& typed)
+{
+    const bool goesOn =
+        sinceTyped_.isValid() && sinceTyped_.elapsed() < QApplication::keyboardInputInterval();
+    // The same letter again and again goes on to the next song that begins so.
+    const bool again = goesOn && typed_ == typed;
+    typed_ = goesOn && !again ? typed_ + typed : typed;
+    sinceTyped_.start();
+    const int row = model_->rowOfName(typed_, qMax(0, currentIndex().row()) + (typed_ == typed ? 1 : 0));
+    if (row < 0)
+        return;
+    setCurrentIndex(model_->index(row, nameColumn));
+    scrollRowToVisible(row);
 }
 
 void SongTable::mouseReleaseEvent(QMouseEvent* event)
 {
-    QTableView::mouseReleaseEvent(event);
+    const bool dragged = state() == DragSelectingState || state() == DraggingState;
+    RowTable::mouseReleaseEvent(event);
     const QModelIndex index = indexAt(event->position().toPoint());
-    if (event->button() == Qt::LeftButton && index.isValid() && index.column() == Model::Love &&
-        event->modifiers() == Qt::NoModifier)
-        Q_EMIT loveToggled(index.row());
+    if (event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier && !dragged &&
+        index.isValid())
+        press(SongColumn(index.column()), index.row());
+    clickedButton_ = isButton(index);
+}
+
+void SongTable::press(SongColumn column, int row)
+{
+    if (column == SongColumn::Love)
+        Q_EMIT loveToggled(row);
+    else if (column == SongColumn::Download &&
+             model_->decoration(model_->index(row, int(column))).download.enabled)
+        Q_EMIT downloadPressed(row);
 }
 
 void SongTable::mouseDoubleClickEvent(QMouseEvent* event)
 {
     const QModelIndex index = indexAt(event->position().toPoint());
-    // A second click on the heart is one more click, no wish to hear the song.
-    if (event->button() == Qt::LeftButton && index.isValid() && index.column() != Model::Love)
+    // A second click on a button is no wish to hear the song, also when the columns have moved since.
+    if (event->button() == Qt::LeftButton && index.isValid() && !isButton(index) && !clickedButton_)
         Q_EMIT activated();
-}
-
-void SongTable::resizeEvent(QResizeEvent* event)
-{
-    QTableView::resizeEvent(event);
-    fitColumns();
 }
 
 void SongTable::contextMenuEvent(QContextMenuEvent* event)
 {
     const QModelIndex index = currentIndex();
-    if (!index.isValid())
+    if (index.isValid())
+        Q_EMIT menuRequested(event->reason() == QContextMenuEvent::Keyboard
+                                 ? viewport()->mapToGlobal(visualRect(index).bottomLeft())
+                                 : event->globalPos());
+}
+
+void SongTable::resizeEvent(QResizeEvent* event)
+{
+    RowTable::resizeEvent(event);
+    layout_.fit();
+}
+
+void SongTable::showEvent(QShowEvent* event)
+{
+    RowTable::showEvent(event);
+    layout_.fit();
+}
+
+// Editing
+
+void SongTable::editCurrent()
+{
+    const QModelIndex current = currentIndex();
+    if (!current.isValid())
         return;
-    const int row = index.row();
-    QMenu menu(this);
-    connect(menu.addAction(tr("Play")), &QAction::triggered, this, [this] { Q_EMIT activated(); });
-    const bool loved = index.data(Model::LovedRole).toBool();
-    connect(menu.addAction(loved ? tr("Love no more") : tr("Love")), &QAction::triggered, this,
-            [this, row] { Q_EMIT loveToggled(row); });
-    if (const QString download = index.data(Model::DownloadRole).toString(); !download.isEmpty())
-        connect(menu.addAction(download), &QAction::triggered, this,
-                [this, row] { Q_EMIT downloadPressed(row); });
-    connect(menu.addAction(tr("Information…")), &QAction::triggered, this,
-            [this] { Q_EMIT informationPressed(); });
-    if (const QString remove = model_->removalText(); !remove.isEmpty())
-        connect(menu.addAction(remove), &QAction::triggered, this, [this] { Q_EMIT deletePressed(); });
-    menu.exec(event->reason() == QContextMenuEvent::Keyboard
-                  ? viewport()->mapToGlobal(visualRect(index).bottomLeft())
-                  : event->globalPos());
+    const auto column = SongColumn(current.column());
+    const bool editable = SongTableModel::isEditable(column) && !isColumnHidden(current.column());
+    const QModelIndex cell = editable ? current : current.siblingAtColumn(nameColumn);
+    setCurrentIndex(cell);
+    edit(cell);
+}
+
+void SongTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
+{
+    const int column = currentIndex().column();
+    RowTable::closeEditor(editor, QAbstractItemDelegate::NoHint);
+    const int step = hint == QAbstractItemDelegate::EditNextItem       ? 1
+                     : hint == QAbstractItemDelegate::EditPreviousItem ? -1
+                                                                       : 0;
+    if (step != 0) // after the edit itself
+        QMetaObject::invokeMethod(
+            this, [this, column, step] { editNeighbour(column, step); }, Qt::QueuedConnection);
+}
+
+/// Edits the next text of the same song to that side, if there is one.
+void SongTable::editNeighbour(int column, int step)
+{
+    const QHeaderView* header = horizontalHeader();
+    for (int place = header->visualIndex(column) + step; place >= 0 && place < header->count();
+         place += step) {
+        const int next = header->logicalIndex(place);
+        if (header->isSectionHidden(next) || !SongTableModel::isEditable(SongColumn(next)))
+            continue;
+        const QModelIndex cell = currentIndex().siblingAtColumn(next);
+        if (cell.isValid()) {
+            setCurrentIndex(cell);
+            edit(cell);
+        }
+        return;
+    }
+}
+
+void SongTable::takeEdit(const QString& songId, int row, SongColumn column, const QString& text)
+{
+    const int now = model_->rowOf(songId, row);
+    if (now >= 0)
+        Q_EMIT edited(now, column, text);
+}
+
+// Dragging
+
+void SongTable::startDrag(Qt::DropActions /*actions*/)
+{
+    const QList<int> rows = selectedRows();
+    if (rows.isEmpty())
+        return;
+    auto* songs = new QMimeData;
+    SongReordering::writeRowsWithIndexes(rows, *songs);
+    const QString name = model_->index(rows.first(), nameColumn).data().toString();
+    auto* drag = new QDrag(this);
+    drag->setMimeData(songs);
+    drag->setPixmap(dragPicture(
+        *this, rows.size() == 1 ? fontMetrics().elidedText(name, Qt::ElideRight, columnWidth(nameColumn))
+                                : tr("%n songs", nullptr, int(rows.size()))));
+    drag->exec(Qt::MoveAction);
+}
+
+/// The row above which a drop at that place of the viewport would be.
+int SongTable::rowAbove(const QPoint& place) const
+{
+    const int row = rowAt(place.y());
+    if (row < 0)
+        return model_->rowCount();
+    return place.y() < rowViewportPosition(row) + rowHeight(row) / 2 ? row : row + 1;
+}
+
+void SongTable::setDropRow(int row)
+{
+    dropRow_ = row;
+    viewport()->update();
+}
+
+void SongTable::dragEnterEvent(QDragEnterEvent* event)
+{
+    // Anything else is the window's.
+    event->setAccepted(event->mimeData()->hasFormat(SongReordering::tableViewDataType));
+}
+
+void SongTable::dragMoveEvent(QDragMoveEvent* event)
+{
+    RowTable::dragMoveEvent(event); // scrolls at the edges
+    const auto row =
+        reordering_ ? reordering_->validateDrop(*event->mimeData(), rowAbove(event->position().toPoint()))
+                    : std::nullopt;
+    setDropRow(row.value_or(NoRow));
+    event->setDropAction(Qt::MoveAction);
+    event->setAccepted(row.has_value());
+}
+
+void SongTable::dragLeaveEvent(QDragLeaveEvent* event)
+{
+    RowTable::dragLeaveEvent(event);
+    setDropRow(NoRow);
+}
+
+void SongTable::dropEvent(QDropEvent* event)
+{
+    setDropRow(NoRow);
+    stopAutoScroll();
+    setState(NoState);
+    const bool moved =
+        reordering_ && reordering_->acceptDrop(*event->mimeData(), rowAbove(event->position().toPoint()));
+    event->setDropAction(Qt::MoveAction);
+    event->setAccepted(moved);
+}
+
+void SongTable::paintEvent(QPaintEvent* event)
+{
+    RowTable::paintEvent(event);
+    if (dropRow_ == NoRow)
+        return;
+    const bool isLast = dropRow_ == model_->rowCount();
+    const int y =
+        isLast ? rowViewportPosition(dropRow_ - 1) + rowHeight(dropRow_ - 1) : rowViewportPosition(dropRow_);
+    QPainter painter(viewport());
+    painter.fillRect(0, qMax(0, y - dropLineWidth / 2), viewport()->width(), dropLineWidth,
+                     Theme::current().accent);
 }
 
 } // namespace zib

@@ -1,20 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/TableView.h"
+#include "views/RowTable.h"
+#include "views/SongTableLayout.h"
 
-#include <QHash>
-#include <QTableView>
-#include <QTimer>
+#include <QElapsedTimer>
+
+#include <memory>
 
 namespace zib {
 
-class RVMainController;
+class RVDataManager;
+class SongReordering;
 class SongTableModel;
 class UserDefaults;
 
 /// The table of the shown songs.
-class SongTable : public QTableView, public TableView {
+class SongTable : public RowTable {
     Q_OBJECT
 
   public:
@@ -22,21 +24,25 @@ class SongTable : public QTableView, public TableView {
     explicit SongTable(UserDefaults& defaults, QWidget* parent = nullptr);
     ~SongTable() override;
 
-    /// Whose items it shows; null for none.
-    void setController(RVMainController* controller);
+    /// Whose items it shows.
+    void setLibrary(RVDataManager& library);
+    [[nodiscard]] SongTableLayout& layout() { return layout_; }
+
+    /// As a click on that cell: does nothing where there is no button.
+    void press(SongColumn column, int row);
+    /// Opens an editor in the current cell, or on the name where that cell has no text to edit.
+    void editCurrent();
 
     // From the library manager
     void reloadData() override;
-    void scrollRowToVisible(int row) override;
-    [[nodiscard]] QList<int> selectedRows() const override;
-    void selectRows(const QList<int>& rows) override;
-    void deselectAll() override;
     void reloadCell(int row, const QString& column) override;
-    void setAutosaveName(const QString& name) override;
-    [[nodiscard]] QList<SortDescriptor> sortDescriptors() const override { return descriptors_; }
+    void setAutosaveName(const QString& name) override { layout_.setName(name); }
+    [[nodiscard]] QList<SortDescriptor> sortDescriptors() const override { return layout_.sortDescriptors(); }
     void setSortDescriptors(const QList<SortDescriptor>& descriptors) override;
     void setColumnAvailable(const QString& column, bool available) override;
     void removeSubviews() override;
+
+    void keyboardSearch(const QString& typed) override;
 
   Q_SIGNALS:
     /// The selected song is to be played.
@@ -45,10 +51,14 @@ class SongTable : public QTableView, public TableView {
     void loveToggled(int row);
     /// That row's song is to be downloaded, or no longer.
     void downloadPressed(int row);
-    /// What is known of the selected songs is to be shown and edited.
-    void informationPressed();
     /// The selected songs are to be removed from what is shown.
     void deletePressed();
+    /// The song in that row has a new text there.
+    void edited(int row, zib::SongColumn column, const QString& text);
+    /// The user sorts otherwise.
+    void sorted();
+    /// The menu of the selected rows is wanted there, in global coordinates.
+    void menuRequested(const QPoint& at);
     void reloaded();
 
   protected:
@@ -56,26 +66,31 @@ class SongTable : public QTableView, public TableView {
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+    void startDrag(Qt::DropActions actions) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
   private:
-    void applyLayout();
-    void saveLayout();
-    void saveUnsavedLayout();
-    void setColumnShown(int column, bool shown);
-    /// Gives the columns of text the width that is left.
-    void fitColumns();
-    /// The text columns' widths of now are the proportions to keep.
-    void takeShares();
-    void showColumnMenu(const QPoint& position);
+    explicit SongTable(SongTableModel* model, UserDefaults& defaults, QWidget* parent);
 
-    UserDefaults& defaults_;
+    void takeEdit(const QString& songId, int row, SongColumn column, const QString& text);
+    void editNeighbour(int column, int step);
+    [[nodiscard]] int rowAbove(const QPoint& place) const;
+    void setDropRow(int row);
+
     SongTableModel* model_;
-    QList<SortDescriptor> descriptors_;
-    QString autosaveName_;
-    QTimer saveSoon_;
-    QHash<int, double> shares_; ///< of the text columns, by column
-    bool arranging_ = false;    ///< widths change because the program sets them
+    SongTableLayout layout_;
+    std::unique_ptr<SongReordering> reordering_;
+    int dropRow_ = NoRow;        ///< above which a drop would put what is dragged
+    bool clickedButton_ = false; ///< by the last click
+    QString typed_;
+    QElapsedTimer sinceTyped_;
 };
 
 } // namespace zib

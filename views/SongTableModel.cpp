@@ -1,286 +1,291 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "views/SongTableModel.h"
 
-#include "controller/RVMainController.h"
-#include "controller/SongPlaces.h"
 #include "library/RVDataManager.h"
-#include "library/SongColumns.h"
-#include "services/utilities/StringUtilities.h"
+#include "library/SongDownloads.h"
 
+#include <QDateTime>
 #include <QLocale>
 
 namespace zib {
 
 namespace {
 
-QString percent(const Record& track, RecordKey key)
+SongColumn columnOf(const QModelIndex& index)
 {
-    return track.contains(key) ? QString::number(track.integer(key)) + QLatin1Char('%') : QString();
+    return SongColumn(index.column());
 }
 
-QString number(const Record& track, RecordKey key)
-{
-    return track.contains(key) ? QString::number(track.integer(key)) : QString();
-}
-
-QString date(const Record& track, RecordKey key)
-{
-    return QLocale().toString(track.date(key).toLocalTime().date(), QLocale::ShortFormat);
-}
-
-bool isNumeric(int column)
+bool isNumeric(SongColumn column)
 {
     switch (column) {
-    case SongTableModel::Index:
-    case SongTableModel::Duration:
-    case SongTableModel::Year:
-    case SongTableModel::PlayCount:
-    case SongTableModel::PlayDate:
-    case SongTableModel::Hotness:
-    case SongTableModel::Familiarity:
-    case SongTableModel::FoundDate:
+    case SongColumn::Index:
+    case SongColumn::Duration:
+    case SongColumn::Year:
+    case SongColumn::Position:
+    case SongColumn::PlayCount:
+    case SongColumn::PlayDate:
+    case SongColumn::Hotness:
+    case SongColumn::Familiarity:
+    case SongColumn::FoundDate:
         return true;
     default:
         return false;
     }
 }
 
+/// The columns that are drawn, not written.
+bool isDrawn(SongColumn column)
+{
+    return column == SongColumn::Speaker || column == SongColumn::Love || column == SongColumn::Download ||
+           column == SongColumn::Progress;
+}
+
+int alignment(SongColumn column)
+{
+    return int((isNumeric(column) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+}
+
 } // namespace
 
-void SongTableModel::setController(RVMainController* controller)
+void SongTableModel::setLibrary(const RVDataManager& library)
 {
-    controller_ = controller;
+    library_ = &library;
+    cells_.emplace(library.browser());
     reload();
 }
 
-void SongTableModel::reload()
+int SongTableModel::numberOfRows() const
 {
-    const int rows = controller_ ? int(controller_->dataManager().items().size()) : 0;
-    if (rows > rows_) {
-        beginInsertRows({}, rows_, rows - 1);
-        rows_ = rows;
-        endInsertRows();
-    } else if (rows < rows_) {
-        beginRemoveRows({}, rows, rows_ - 1);
-        rows_ = rows;
-        endRemoveRows();
+    return cells_ ? cells_->numberOfRows() : 0;
+}
+
+Record SongTableModel::track(int row) const
+{
+    return library_ ? library_->items().value(row) : Record();
+}
+
+CellDecoration SongTableModel::decoration(const QModelIndex& index) const
+{
+    return cells_ ? cells_->willDisplayCell(columnOf(index), index.row()) : CellDecoration();
+}
+
+std::optional<double> SongTableModel::progress(int row) const
+{
+    const Record song = track(row);
+    return song ? SongDownloads::progress(song) : std::nullopt;
+}
+
+bool SongTableModel::isEditable(SongColumn column)
+{
+    return column == SongColumn::Name || column == SongColumn::Artist || column == SongColumn::Album ||
+           column == SongColumn::Genre;
+}
+
+QString SongTableModel::songId(int row) const
+{
+    const Record song = track(row);
+    return song ? song.string(keys::Id) : QString();
+}
+
+int SongTableModel::rowOf(const QString& songId, int likely) const
+{
+    const QByteArray utf8 = songId.toUtf8();
+    const std::string_view id(utf8.constData(), std::size_t(utf8.size()));
+    const QList<Record>& items = library_->items();
+    if (likely >= 0 && likely < items.size() && items[likely].utf8(keys::Id) == id)
+        return likely;
+    for (int row = 0; row < items.size(); ++row)
+        if (items[row].utf8(keys::Id) == id)
+            return row;
+    return -1;
+}
+
+int SongTableModel::rowOfName(const QString& beginning, int from) const
+{
+    const auto rows = numberOfRows();
+    for (int step = 0; step < rows; ++step) {
+        const int row = (from + step) % rows;
+        if (track(row).string(keys::Name).startsWith(beginning, Qt::CaseInsensitive))
+            return row;
     }
-    if (rows_ > 0)
-        Q_EMIT dataChanged(index(0, 0), index(rows_ - 1, ColumnCount - 1));
+    return -1;
 }
 
-std::optional<int> SongTableModel::columnOf(const QString& identifier)
+void SongTableModel::edit(const QString& songId, int row, SongColumn column, const QString& text)
 {
-    static const QHash<SongColumn, Column> columns{{SongColumn::Speaker, Speaker},
-                                                   {SongColumn::Index, Index},
-                                                   {SongColumn::Love, Love},
-                                                   {SongColumn::Name, Name},
-                                                   {SongColumn::Artist, Artist},
-                                                   {SongColumn::Album, Album},
-                                                   {SongColumn::Duration, Duration},
-                                                   {SongColumn::Genre, Genre},
-                                                   {SongColumn::Year, Year},
-                                                   {SongColumn::PlayCount, PlayCount},
-                                                   {SongColumn::PlayDate, PlayDate},
-                                                   {SongColumn::Hotness, Hotness},
-                                                   {SongColumn::Familiarity, Familiarity},
-                                                   {SongColumn::FoundDate, FoundDate}};
-    const auto column = songColumn(identifier);
-    const auto known = column ? columns.constFind(*column) : columns.constEnd();
-    return known != columns.constEnd() ? std::optional<int>(*known) : std::nullopt;
-}
-
-bool SongTableModel::setColumnAvailable(const QString& identifier, bool available)
-{
-    const std::optional<int> column = columnOf(identifier);
-    if (!column || available == hasColumn(*column))
-        return false;
-    if (available)
-        missing_.remove(*column);
-    else
-        missing_.insert(*column);
-    return true;
-}
-
-int SongTableModel::rowCount(const QModelIndex& parent) const
-{
-    return parent.isValid() ? 0 : rows_;
+    Q_EMIT edited(songId, row, column, text);
 }
 
 int SongTableModel::columnCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : ColumnCount;
+    return parent.isValid() ? 0 : songColumnCount;
+}
+
+Qt::ItemFlags SongTableModel::flags(const QModelIndex& index) const
+{
+    if (!index.isValid())
+        return Qt::NoItemFlags;
+    const Qt::ItemFlags all = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled;
+    return isEditable(columnOf(index)) ? all | Qt::ItemIsEditable : all;
 }
 
 QVariant SongTableModel::data(const QModelIndex& index, int role) const
 {
-    if (!controller_)
+    // The items may have become fewer, and the reload be still to come.
+    if (!cells_ || !index.isValid() || index.row() >= numberOfRows())
         return {};
-    const Record track = controller_->dataManager().items().value(index.row());
-    if (!track) // the items have become fewer, and the reload is still to come
-        return {};
+    const SongColumn column = columnOf(index);
     switch (role) {
     case Qt::DisplayRole:
-        return text(track, index.row(), index.column());
+        return text(column, index.row());
+    case Qt::EditRole: // without what stands for an unknown name
+        return isEditable(column) ? track(index.row()).string(RecordKey::named(identifierOf(column)))
+                                  : QVariant();
     case Qt::AccessibleTextRole:
-        return spokenText(track, index);
+        return spokenText(column, index.row());
+    case Qt::AccessibleDescriptionRole:
+        return column == SongColumn::Name ? sentence(index.row()) : QString();
     case Qt::ToolTipRole:
-        return toolTip(track);
+        return toolTip(column, index.row());
     case Qt::TextAlignmentRole:
-        return int(isNumeric(index.column()) ? Qt::AlignRight | Qt::AlignVCenter
-                                             : Qt::AlignLeft | Qt::AlignVCenter);
-    case LovedRole:
-        return track.boolean(keys::Favorite);
-    case PlayingRole:
-        return isPlaying(track);
-    case BrokenRole:
-        return track.boolean(keys::BrokenLink);
-    case UnplayableRole:
-        return isUnplayable(track);
-    case DownloadRole:
-        return downloadText(track);
+        return alignment(column);
     default:
         return {};
     }
 }
 
-QString SongTableModel::text(const Record& track, int row, int column) const
+QString SongTableModel::text(SongColumn column, int row) const
+{
+    if (isDrawn(column))
+        return {};
+    const QVariant value = cells_->objectValueForTableColumn(column, row);
+    if (value.typeId() == QMetaType::QDateTime)
+        return QLocale().toString(value.toDateTime().toLocalTime().date(), QLocale::ShortFormat);
+    return value.toString();
+}
+
+QString SongTableModel::spokenText(SongColumn column, int row) const
+{
+    const CellDecoration cell = cells_->willDisplayCell(column, row);
+    switch (column) {
+    case SongColumn::Speaker:
+        return cell.speaker ? tr("Now playing") : QString();
+    case SongColumn::Love:
+        return cell.heartActive ? tr("Loved") : tr("Not loved");
+    case SongColumn::Download:
+        if (!cell.download.enabled)
+            return {};
+        return cell.download.image == CellDecoration::ButtonImage::Stop ? tr("Stop downloading")
+                                                                        : tr("Download");
+    case SongColumn::Progress: {
+        const std::optional<double> part = progress(row);
+        if (!part)
+            return {};
+        return *part < 0 ? tr("Downloading") : tr("%1% downloaded").arg(int(*part * 100));
+    }
+    case SongColumn::Name:
+        return cell.textColour == CellDecoration::TextColour::Broken
+                   ? tr("%1 (broken link)").arg(text(column, row))
+                   : text(column, row);
+    default:
+        return text(column, row);
+    }
+}
+
+QString SongTableModel::sentence(int row) const
+{
+    QStringList parts{tr("by %1").arg(text(SongColumn::Artist, row)),
+                      tr("from %1").arg(text(SongColumn::Album, row)), text(SongColumn::Duration, row)};
+    if (cells_->willDisplayCell(SongColumn::Love, row).heartActive)
+        parts.append(tr("loved"));
+    if (cells_->willDisplayCell(SongColumn::Speaker, row).speaker)
+        parts.append(tr("now playing"));
+    const QString state = toolTip(SongColumn::Name, row);
+    return parts.join(QStringLiteral(", ")) + (state.isEmpty() ? QString() : QStringLiteral(". ") + state);
+}
+
+QString SongTableModel::toolTip(SongColumn column, int row) const
+{
+    if (isDrawn(column))
+        return column == SongColumn::Love ? QString() : spokenText(column, row);
+    switch (cells_->willDisplayCell(column, row).textColour) {
+    case CellDecoration::TextColour::Unavailable:
+        return tr("You are offline: this song is on the web and can’t be played now.");
+    case CellDecoration::TextColour::Broken:
+        return tr("This song could not be opened at its address. Play it to try again.");
+    default:
+        return {};
+    }
+}
+
+QString SongTableModel::title(SongColumn column)
 {
     switch (column) {
-    case Index:
-        return QString::number(row + 1);
-    case Name:
-        return track.string(keys::Name);
-    case Artist: {
-        const QString artist = track.string(keys::Artist);
-        return artist.isEmpty() ? tr("Unknown Artist") : artist;
+    case SongColumn::Speaker:
+        return tr("Now playing");
+    case SongColumn::Index:
+        return tr("Row number");
+    case SongColumn::Love:
+        return tr("Loved");
+    case SongColumn::Name:
+        return tr("Name");
+    case SongColumn::Artist:
+        return tr("Artist");
+    case SongColumn::Album:
+        return tr("Album");
+    case SongColumn::Download:
+        return tr("Download");
+    case SongColumn::Progress:
+        return tr("Progress");
+    case SongColumn::Duration:
+        return tr("Duration");
+    case SongColumn::Genre:
+        return tr("Genre");
+    case SongColumn::Year:
+        return tr("Year");
+    case SongColumn::Position:
+        return tr("Track number");
+    case SongColumn::PlayCount:
+        return tr("Play count");
+    case SongColumn::PlayDate:
+        return tr("Last played");
+    case SongColumn::Hotness:
+        return tr("Hotness");
+    case SongColumn::Familiarity:
+        return tr("Familiarity");
+    case SongColumn::FoundDate:
+        return tr("Found");
     }
-    case Album: {
-        const QString album = track.string(keys::Album);
-        return album.isEmpty() ? tr("Unknown Album") : album;
-    }
-    case Duration:
-        return timeString(track.integer(keys::Duration));
-    case Genre:
-        return track.string(keys::Genre);
-    case Year:
-        return number(track, keys::Year);
-    case PlayCount:
-        return number(track, keys::PlayCount);
-    case PlayDate:
-        return date(track, keys::PlayDate);
-    case Hotness:
-        return percent(track, keys::Hotness);
-    case Familiarity:
-        return percent(track, keys::Familiarity);
-    case FoundDate:
-        return date(track, keys::FoundDate);
-    default:
-        return {};
-    }
-}
-
-QString SongTableModel::spokenText(const Record& track, const QModelIndex& index) const
-{
-    if (index.column() == Speaker)
-        return isPlaying(track) ? tr("Now playing") : QString();
-    if (index.column() == Love)
-        return track.boolean(keys::Favorite) ? tr("Loved") : tr("Not loved");
-    QString shown = text(track, index.row(), index.column());
-    if (index.column() == Name && track.boolean(keys::BrokenLink))
-        return tr("%1 (broken link)").arg(shown);
-    return shown;
-}
-
-QString SongTableModel::toolTip(const Record& track) const
-{
-    if (isUnplayable(track))
-        return tr("You are offline: this song is on the web and can’t be played now.");
-    if (track.boolean(keys::BrokenLink))
-        return tr("This song could not be opened at its address. Play it to try again.");
     return {};
-}
-
-bool SongTableModel::isPlaying(const Record& track) const
-{
-    const PlaybackQueue& playback = controller_->playback();
-    const RVDataManager& library = controller_->dataManager();
-    if (!playback.snapshot() || library.currentUID() != playback.nowplayingPlaylistUID())
-        return false;
-    // A song can stand twice in a playlist: there its place tells, which a browser's sorting would change.
-    if (library.sourceHasBrowser())
-        return track.string(keys::Id) == playback.nowplayingTrackID();
-    return track.integer(keys::Index) == playback.nowplayingTrackIndex();
-}
-
-QString SongTableModel::removalText() const
-{
-    if (!controller_)
-        return {};
-    switch (controller_->dataManager().currentSourceType()) {
-    case SourceType::Library:
-        return tr("Remove from library…");
-    case SourceType::Playlists:
-        return tr("Remove from playlist");
-    default:
-        return {};
-    }
-}
-
-QString SongTableModel::downloadText(const Record& track) const
-{
-    if (track.boolean(keys::CanAbort))
-        return tr("Stop downloading");
-    const bool canBe =
-        controller_->connectedToInternet() && needsConnection(track) && !track.boolean(keys::BrokenLink);
-    return canBe ? tr("Download") : QString();
-}
-
-bool SongTableModel::isUnplayable(const Record& track) const
-{
-    return !controller_->connectedToInternet() && needsConnection(track);
 }
 
 QVariant SongTableModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
     if (orientation != Qt::Horizontal)
         return {};
+    const auto column = SongColumn(section);
     if (role == Qt::TextAlignmentRole)
-        return int(isNumeric(section) ? Qt::AlignRight | Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter);
-    const bool spoken = role == Qt::AccessibleTextRole || role == Qt::ToolTipRole;
-    if (role != Qt::DisplayRole && !spoken)
+        return alignment(column);
+    if (role == Qt::AccessibleTextRole || role == Qt::ToolTipRole)
+        return title(column);
+    if (role != Qt::DisplayRole)
         return {};
-    switch (section) {
-    case Speaker:
-        return spoken ? tr("Now playing") : QString();
-    case Index:
-        return spoken ? tr("Row number") : tr("#");
-    case Love:
-        return spoken ? tr("Loved") : QString();
-    case Name:
-        return tr("Name");
-    case Artist:
-        return tr("Artist");
-    case Album:
-        return tr("Album");
-    case Duration:
-        return spoken ? tr("Duration") : tr("Time");
-    case Genre:
-        return tr("Genre");
-    case Year:
-        return tr("Year");
-    case PlayCount:
-        return spoken ? tr("Play count") : tr("Plays");
-    case PlayDate:
-        return tr("Last played");
-    case Hotness:
-        return tr("Hotness");
-    case Familiarity:
-        return tr("Familiarity");
-    case FoundDate:
-        return tr("Found");
+    switch (column) { // shorter, where the column is narrow
+    case SongColumn::Speaker:
+    case SongColumn::Love:
+    case SongColumn::Download:
+        return QString();
+    case SongColumn::Index:
+        return tr("#");
+    case SongColumn::Duration:
+        return tr("Time");
+    case SongColumn::Position:
+        return tr("Track");
+    case SongColumn::PlayCount:
+        return tr("Plays");
     default:
-        return {};
+        return title(column);
     }
 }
 

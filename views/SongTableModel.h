@@ -1,80 +1,62 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "records/RecordKeys.h"
-
-#include <QAbstractTableModel>
-#include <QList>
-#include <QSet>
+#include "library/SongCells.h"
+#include "library/SongColumns.h"
+#include "records/Record.h"
+#include "views/RowsModel.h"
 
 #include <optional>
 
 namespace zib {
 
-class Record;
-class RVMainController;
+class RVDataManager;
 
-/// The shown songs as rows: a view of the library manager's items that holds nothing itself.
-class SongTableModel : public QAbstractTableModel {
+/// The shown songs as rows: a view of the library manager's items. Its columns are the SongColumns, by
+/// number.
+class SongTableModel : public RowsModel {
     Q_OBJECT
 
   public:
-    enum Column {
-        Speaker,
-        Index,
-        Love,
-        Name,
-        Artist,
-        Album,
-        Duration,
-        Genre,
-        Year,
-        PlayCount,
-        PlayDate,
-        Hotness,
-        Familiarity,
-        FoundDate,
-        ColumnCount
-    };
-    enum Role {
-        LovedRole = Qt::UserRole, ///< whether the song is loved
-        PlayingRole,              ///< whether this row is the one now playing
-        BrokenRole,
-        UnplayableRole, ///< whether the song can't be played because the machine is offline
-        DownloadRole,   ///< what can be done about having the song on disk, in words; or nothing
-    };
+    using RowsModel::RowsModel;
 
-    using QAbstractTableModel::QAbstractTableModel;
+    void setLibrary(const RVDataManager& library);
 
-    void setController(RVMainController* controller);
-    /// The items have changed. Selection and scrolling stay by row number.
-    void reload();
-    /// Whether the source shown now has that column.
-    [[nodiscard]] bool hasColumn(int column) const { return !missing_.contains(column); }
-    /// Whether that is news. Of a column that this model does not know, nothing is.
-    bool setColumnAvailable(const QString& identifier, bool available);
-    /// The column that the library knows by that identifier, or none.
-    [[nodiscard]] static std::optional<int> columnOf(const QString& identifier);
+    [[nodiscard]] CellDecoration decoration(const QModelIndex& index) const;
+    /// How far the row's download is, from 0 to 1; less than 0 where nobody knows. Nothing without one.
+    [[nodiscard]] std::optional<double> progress(int row) const;
+    /// Whether people may edit the column's texts in place.
+    [[nodiscard]] static bool isEditable(SongColumn column);
+    [[nodiscard]] static QString title(SongColumn column);
+    [[nodiscard]] QString songId(int row) const;
+    /// The row of the song, at that place or elsewhere; less than 0 when it is not shown.
+    [[nodiscard]] int rowOf(const QString& songId, int likely) const;
+    /// The next row from that one on, once around, whose song's name begins so; less than 0 for none.
+    [[nodiscard]] int rowOfName(const QString& beginning, int from) const;
+    /// Of an editor over one of the cells: the song's new text.
+    void edit(const QString& songId, int row, SongColumn column, const QString& text);
 
-    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
 
-    /// What removing songs from the shown list is called; nothing where they can't be removed.
-    [[nodiscard]] QString removalText() const;
+  Q_SIGNALS:
+    void edited(const QString& songId, int row, zib::SongColumn column, const QString& text);
+
+  protected:
+    [[nodiscard]] int numberOfRows() const override;
 
   private:
-    [[nodiscard]] QString text(const Record& track, int row, int column) const;
-    [[nodiscard]] QString spokenText(const Record& track, const QModelIndex& index) const;
-    [[nodiscard]] QString toolTip(const Record& track) const;
-    [[nodiscard]] bool isPlaying(const Record& track) const;
-    [[nodiscard]] QString downloadText(const Record& track) const;
-    [[nodiscard]] bool isUnplayable(const Record& track) const;
+    [[nodiscard]] Record track(int row) const;
+    [[nodiscard]] QString text(SongColumn column, int row) const;
+    [[nodiscard]] QString spokenText(SongColumn column, int row) const;
+    /// The whole row after the song's name, as one would say it.
+    [[nodiscard]] QString sentence(int row) const;
+    [[nodiscard]] QString toolTip(SongColumn column, int row) const;
 
-    RVMainController* controller_ = nullptr;
-    QSet<int> missing_; ///< columns that the source shown now has not
-    int rows_ = 0;      ///< as last reported to the views
+    const RVDataManager* library_ = nullptr;
+    std::optional<SongCells> cells_;
 };
 
 } // namespace zib

@@ -114,35 +114,44 @@ SourceListView::SourceListView(QWidget* parent)
     setEditTriggers(NoEditTriggers);
     setFrameShape(NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    showSearches({});
+    show({}, {});
 }
 
-void SourceListView::showSearches(const QList<Record>& searches)
+void SourceListView::show(const QList<Record>& playlists, const QList<Record>& searches)
 {
     // The rows stay while they say the same: a reload comes also from within the choice of one of them.
     QStringList shown;
-    for (const Record& search : searches)
-        shown.append(QString::number(search.integer(keys::Kind)) + search.string(keys::Name));
+    for (const Record& list : playlists + searches)
+        shown.append(QString::number(list.integer(keys::Kind)) + list.string(keys::Name));
     if (model_->rowCount() > 0 && shown == shown_)
         return;
     shown_ = shown;
     const QScopedValueRollback quiet(quiet_, true);
     model_->clear();
     addHeading(tr("Library"));
-    addSource(tr("Music"), QStringLiteral("music"), SourceType::Library, int(FilterType::All));
-    addSource(tr("Favorites"), QStringLiteral("heart"), SourceType::Library, int(FilterType::Favorites));
-    if (searches.isEmpty())
-        return;
-    addHeading(tr("Recent Searches"));
+    const auto addFilter = [this](const QString& title, const QString& iconName, FilterType filter) {
+        addSource(title, iconName, SourceType::Library, int(filter));
+    };
+    addFilter(tr("Music"), QStringLiteral("music"), FilterType::All);
+    addFilter(tr("Downloads"), QStringLiteral("download"), FilterType::Downloads);
+    addFilter(tr("Imported"), QStringLiteral("imported"), FilterType::Imported);
+    addFilter(tr("Favorites"), QStringLiteral("heart"), FilterType::Favorites);
+    if (!playlists.isEmpty())
+        addHeading(tr("Playlists"));
+    for (int index = 0; index < playlists.size(); ++index)
+        addSource(playlists[index].string(keys::Name), QStringLiteral("playlist"), SourceType::Playlists,
+                  index);
+    if (!searches.isEmpty())
+        addHeading(tr("Recent Searches"));
     for (int index = 0; index < searches.size(); ++index)
         addSource(searches[index].string(keys::Name), iconOfSearch(searches[index].integer(keys::Kind)),
                   SourceType::RecentSearches, index);
 }
 
-void SourceListView::markCurrent(SourceType source, FilterType filter, int searchIndex)
+void SourceListView::markCurrent(SourceType source, FilterType filter, int listIndex)
 {
     const QScopedValueRollback quiet(quiet_, true);
-    const int number = source == SourceType::Library ? int(filter) : searchIndex;
+    const int number = source == SourceType::Library ? int(filter) : listIndex;
     for (int row = 0; row < model_->rowCount(); ++row) {
         const QModelIndex index = model_->index(row, 0);
         if (!isHeading(index) && index.data(SourceRole).toInt() == int(source) &&
@@ -160,10 +169,16 @@ void SourceListView::currentChanged(const QModelIndex& current, const QModelInde
     if (quiet_ || !current.isValid() || isHeading(current))
         return;
     const int number = current.data(NumberRole).toInt();
-    if (current.data(SourceRole).toInt() == int(SourceType::Library))
+    switch (SourceType(current.data(SourceRole).toInt())) {
+    case SourceType::Library:
         Q_EMIT libraryChosen(FilterType(number));
-    else
+        break;
+    case SourceType::Playlists:
+        Q_EMIT playlistChosen(number);
+        break;
+    default:
         Q_EMIT searchChosen(number);
+    }
 }
 
 QModelIndex SourceListView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)

@@ -10,20 +10,22 @@ class QStandardItemModel;
 
 namespace zib {
 
-/// The list at the left: the library and the recent searches.
+/// The list at the left: the library, the playlists and the recent searches.
 class SourceListView : public QListView {
     Q_OBJECT
 
   public:
     explicit SourceListView(QWidget* parent = nullptr);
 
-    /// Lists these searches, the newest first.
-    void showSearches(const QList<Record>& searches);
-    /// Marks the source that is shown. @param searchIndex of a recent search.
-    void markCurrent(SourceType source, FilterType filter, int searchIndex);
+    /// Lists these playlists and searches.
+    void show(const QList<Record>& playlists, const QList<Record>& searches);
+    using QListView::show;
+    /// Marks the source that is shown. @param listIndex of a playlist or recent search.
+    void markCurrent(SourceType source, FilterType filter, int listIndex);
 
   Q_SIGNALS:
     void libraryChosen(zib::FilterType filter);
+    void playlistChosen(int index);
     void searchChosen(int index);
 
   protected:
@@ -35,7 +37,7 @@ class SourceListView : public QListView {
     void addSource(const QString& title, const QString& iconName, SourceType source, int number);
 
     QStandardItemModel* model_;
-    QStringList shown_;  ///< kinds and names of the searches
+    QStringList shown_;  ///< kinds and names of the playlists and searches
     bool quiet_ = false; ///< the current row changes because the program sets it
 };
 

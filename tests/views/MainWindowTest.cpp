@@ -93,7 +93,7 @@ TEST_F(MainWindowTest, TypingASearchListsItsSongs)
 TEST_F(MainWindowTest, DoubleClickReturnAndSpacePlay)
 {
     showAsSearch({localSong(1), localSong(2), localSong(3)});
-    click(1, Model::Name, true);
+    click(1, SongColumn::Name, true);
     EXPECT_EQ(playing(), 2);
     EXPECT_EQ(textOf(QStringLiteral("Now playing")), QStringLiteral("Artist - Song 2"));
     EXPECT_EQ(textOf(QStringLiteral("Status")), QStringLiteral("Playing from disk"));
@@ -123,23 +123,23 @@ TEST_F(MainWindowTest, HeartsToggleByClickAndByKey)
 {
     defaults.setValue(settings::SupressDialogFavorites, true);
     showAsSearch({localSong(1), localSong(2)});
-    click(1, Model::Love);
-    EXPECT_TRUE(cell(1, Model::Love).data(Model::LovedRole).toBool());
-    EXPECT_FALSE(cell(0, Model::Love).data(Model::LovedRole).toBool());
-    EXPECT_EQ(cell(1, Model::Love).data(Qt::AccessibleTextRole).toString(), QStringLiteral("Loved"));
+    click(1, SongColumn::Love);
+    EXPECT_TRUE(decoration(1, SongColumn::Love).heartActive);
+    EXPECT_FALSE(decoration(0, SongColumn::Love).heartActive);
+    EXPECT_EQ(cell(1, SongColumn::Love).data(Qt::AccessibleTextRole).toString(), QStringLiteral("Loved"));
     EXPECT_EQ(playing(), 0);
 
     table().setFocus();
     table().selectRows({0});
     QTest::keyClick(window.get(), Qt::Key_L, Qt::ControlModifier);
-    EXPECT_TRUE(cell(0, Model::Love).data(Model::LovedRole).toBool());
+    EXPECT_TRUE(decoration(0, SongColumn::Love).heartActive);
 
     play(0);
     auto* love = widget<QAbstractButton>(QStringLiteral("Love"));
     EXPECT_TRUE(love->isChecked());
     QTest::mouseClick(love, Qt::LeftButton);
     EXPECT_FALSE(love->isChecked());
-    EXPECT_FALSE(cell(0, Model::Love).data(Model::LovedRole).toBool());
+    EXPECT_FALSE(decoration(0, SongColumn::Love).heartActive);
 }
 
 TEST_F(MainWindowTest, RowsShowWhatPlaysWhatIsBrokenAndWhatCanNotPlayNow)
@@ -147,59 +147,60 @@ TEST_F(MainWindowTest, RowsShowWhatPlaysWhatIsBrokenAndWhatCanNotPlayNow)
     showAsSearch({webSong(1), localSong(2, {{keys::BrokenLink, true}}), localSong(3),
                   webSong(4, {{keys::Downloaded, true}})});
     play(2);
-    const auto state = [this](int role) {
+    using Colour = CellDecoration::TextColour;
+    const auto playing = [this] {
         QList<bool> rows;
         for (int row = 0; row < table().model()->rowCount(); ++row)
-            rows.append(cell(row, Model::Name).data(role).toBool());
+            rows.append(decoration(row, SongColumn::Speaker).speaker);
         return rows;
     };
-    EXPECT_EQ(state(Model::PlayingRole), (QList<bool>{false, false, true, false}));
-    EXPECT_EQ(state(Model::BrokenRole), (QList<bool>{false, true, false, false}));
-    EXPECT_EQ(state(Model::UnplayableRole), (QList<bool>{false, false, false, false}));
-    EXPECT_FALSE(cell(1, Model::Name).data(Qt::ToolTipRole).toString().isEmpty());
+    const auto colour = [this](int row) { return decoration(row, SongColumn::Name).textColour; };
+    EXPECT_EQ(playing(), (QList<bool>{false, false, true, false}));
+    EXPECT_EQ(colour(0), Colour::Normal);
+    EXPECT_EQ(colour(1), Colour::Broken);
+    EXPECT_FALSE(cell(1, SongColumn::Name).data(Qt::ToolTipRole).toString().isEmpty());
     controller->disconnectedFromInternetNotification();
-    EXPECT_EQ(state(Model::UnplayableRole), (QList<bool>{true, false, false, false}));
+    EXPECT_EQ(colour(0), Colour::Unavailable);
+    EXPECT_EQ(colour(3), Colour::Normal);
 
     clock.advance(std::chrono::seconds(1));
     showAsSearch({localSong(3), localSong(4)});
-    EXPECT_EQ(state(Model::PlayingRole), (QList<bool>{false, false})) << "another search";
+    EXPECT_EQ(playing(), (QList<bool>{false, false})) << "another search";
     controller->showSearch(1);
-    EXPECT_EQ(state(Model::PlayingRole), (QList<bool>{false, false, true, false}));
+    EXPECT_EQ(playing(), (QList<bool>{false, false, true, false}));
 }
 
 TEST_F(MainWindowTest, ColumnsFollowTheSource)
 {
     const auto shown = [this] {
-        QList<int> columns;
-        for (int column = 0; column < Model::ColumnCount; ++column)
+        QStringList columns;
+        for (int column = 0; column < songColumnCount; ++column)
             if (!table().isColumnHidden(column))
-                columns.append(column);
-        return columns;
+                columns.append(identifierOf(SongColumn(column)));
+        return columns.join(QLatin1Char(' '));
     };
     showAsSearch({localSong(1, {{keys::Hotness, 56}, {keys::Album, QString()}})});
-    EXPECT_EQ(shown(),
-              (QList<int>{Model::Speaker, Model::Index, Model::Love, Model::Name, Model::Artist, Model::Album,
-                          Model::Duration, Model::Hotness, Model::Familiarity, Model::FoundDate}));
-    EXPECT_EQ(cell(0, Model::Index).data().toString(), QStringLiteral("1"));
-    EXPECT_EQ(cell(0, Model::Hotness).data().toString(), QStringLiteral("56%"));
-    EXPECT_EQ(cell(0, Model::Album).data().toString(), QStringLiteral("Unknown Album"));
-    EXPECT_EQ(cell(0, Model::Duration).data().toString(), QStringLiteral("01:40"));
+    EXPECT_EQ(shown(), QStringLiteral("Speaker Index Favorite DL Name Artist Album Duration Hotness "
+                                      "Familiarity Found Date"));
+    EXPECT_EQ(cell(0, SongColumn::Index).data().toString(), QStringLiteral("1"));
+    EXPECT_EQ(cell(0, SongColumn::Hotness).data().toString(), QStringLiteral("56%"));
+    EXPECT_EQ(cell(0, SongColumn::Album).data().toString(), QStringLiteral("Unknown Album"));
+    EXPECT_EQ(cell(0, SongColumn::Duration).data().toString(), QStringLiteral("01:40"));
     showAsLibrary({localSong(1)});
-    EXPECT_EQ(shown(), (QList<int>{Model::Speaker, Model::Love, Model::Name, Model::Artist, Model::Album,
-                                   Model::Duration, Model::PlayCount, Model::PlayDate}));
+    EXPECT_EQ(shown(), QStringLiteral("Speaker Favorite DL Name Artist Album Duration Play Count Play Date"));
 }
 
 TEST_F(MainWindowTest, EachSourceKeepsItsColumnsOverARestart)
 {
     showAsLibrary({localSong(1)});
-    const int width = table().columnWidth(Model::Duration);
-    table().setColumnWidth(Model::Duration, width + 33);
+    const int width = table().columnWidth(int(SongColumn::Duration));
+    table().setColumnWidth(int(SongColumn::Duration), width + 33);
     showAsSearch({localSong(1)});
-    EXPECT_EQ(table().columnWidth(Model::Duration), width);
+    EXPECT_EQ(table().columnWidth(int(SongColumn::Duration)), width);
     close();
     open();
     controller->showLibrary(FilterType::All);
-    EXPECT_EQ(table().columnWidth(Model::Duration), width + 33);
+    EXPECT_EQ(table().columnWidth(int(SongColumn::Duration)), width + 33);
 }
 
 TEST_F(MainWindowTest, VolumeIsKeptAndHeard)
@@ -291,15 +292,17 @@ TEST_F(MainWindowTest, TheSourceListLeadsBackToAnOlderSearchAndToLovedSongs)
     for (int row = 0; row < sources->model()->rowCount(); ++row)
         rows.append(sources->model()->index(row, 0).data().toString());
     EXPECT_EQ(rows, (QStringList{QStringLiteral("Library"), QStringLiteral("Music"),
+                                 QStringLiteral("Downloads"), QStringLiteral("Imported"),
                                  QStringLiteral("Favorites"), QStringLiteral("Recent Searches"),
                                  QStringLiteral("found"), QStringLiteral("found")}));
-    EXPECT_EQ(sources->currentIndex().row(), 4);
+    EXPECT_EQ(sources->currentIndex().row(), 6);
     sources->setFocus();
     QTest::keyClick(sources, Qt::Key_Down);
     EXPECT_EQ(library->currentPlaylistIndex(), 1);
     EXPECT_EQ(table().model()->rowCount(), 1);
     QTest::keyClick(sources, Qt::Key_Home);
-    QTest::keyClick(sources, Qt::Key_Down);
+    for (int source = 0; source < 3; ++source)
+        QTest::keyClick(sources, Qt::Key_Down);
     EXPECT_EQ(library->currentSourceType(), SourceType::Library);
     EXPECT_EQ(library->currentFilterType(), FilterType::Favorites);
     EXPECT_FALSE(table().isVisible());

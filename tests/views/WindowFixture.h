@@ -13,8 +13,6 @@ namespace zib {
 /// The real window over the controller.
 class WindowFixture : public ControllerWorld {
   protected:
-    using Model = SongTableModel;
-
     WindowFixture() { open(); }
     ~WindowFixture() override { close(); }
 
@@ -37,8 +35,12 @@ class WindowFixture : public ControllerWorld {
     }
 
     SongTable& table() { return *window->findChild<SongTable*>(); }
-    QModelIndex cell(int row, int column) { return table().model()->index(row, column); }
-    void click(int row, int column, bool twice = false)
+    QModelIndex cell(int row, SongColumn column) { return table().model()->index(row, int(column)); }
+    CellDecoration decoration(int row, SongColumn column)
+    {
+        return static_cast<SongTableModel*>(table().model())->decoration(cell(row, column));
+    }
+    void click(int row, SongColumn column, bool twice = false)
     {
         const QPoint place = table().visualRect(cell(row, column)).center();
         QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, place);
