@@ -14,12 +14,21 @@
 #include "views/AboutWindow.h"
 #include "views/MainWindow.h"
 
+#include <QFileInfo>
 #include <QLocale>
+#include <QLoggingCategory>
 #include <QUrl>
 
 #include <utility>
 
 namespace zib {
+namespace {
+
+Q_LOGGING_CATEGORY(log, "zib.app")
+
+const QString addressScheme = QStringLiteral("zib");
+
+} // namespace
 
 AppDelegate::AppDelegate(Parts parts)
     : parts_(std::move(parts))
@@ -60,6 +69,23 @@ void AppDelegate::openFiles(const QStringList& paths)
     if (!parts_.importer.isRunning())
         parts_.sharedPanel.open(tr("Adding songs to your library"), [this] { parts_.importer.stop(); });
     addFiles(paths);
+}
+
+void AppDelegate::openAddress(const QString& address)
+{
+    qCWarning(log).noquote() << "nothing can be opened by the address" << address;
+    parts_.desktop.bringToFront();
+}
+
+void AppDelegate::openUri(const QString& uri)
+{
+    const QUrl url(uri);
+    if (url.scheme() == addressScheme)
+        openAddress(uri);
+    else if (url.isLocalFile() && QFileInfo::exists(url.toLocalFile()))
+        openFiles({url.toLocalFile()});
+    else
+        qCWarning(log).noquote() << "no file and no address to open:" << uri;
 }
 
 void AppDelegate::addFiles(const QStringList& paths)

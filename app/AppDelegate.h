@@ -49,6 +49,11 @@ class AppDelegate : public QObject, private MusicFolderActions {
     /// Opens documents: sound files and folders come into the library, while the busy panel tells of it. When
     /// the first is a library file, nothing is imported and the main window comes to the front.
     void openFiles(const QStringList& paths);
+    /// Opens an address of the program's own scheme, zib://: those that name nothing that can be opened bring
+    /// the main window to the front.
+    void openAddress(const QString& address);
+    /// Opens either, given as an address: file:// or zib://. Any other is refused, with a log line.
+    void openUri(const QString& uri);
     /// Imports files, and what is in folders. Returns at once; the library is shown and saved at the end.
     void addFiles(const QStringList& paths);
 

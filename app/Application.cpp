@@ -3,6 +3,7 @@
 
 #include "app/AppDelegate.h"
 #include "app/CatalogueProcess.h"
+#include "app/Mpris.h"
 #include "controller/DefaultSettings.h"
 #include "controller/RVMainController.h"
 #include "library/FileImporter.h"
@@ -98,6 +99,8 @@ struct Application::Parts {
         , metadata(places.metadata)
         , importer(dataManager, metadata, defaults)
         , delegate({window, dataManager, importer, sharedPanel, defaults, alerts, desktop, places.readMe})
+        , mpris({controller.playback(), defaults, dataManager, [this] { desktop.bringToFront(); },
+                 [] { QCoreApplication::quit(); }, [this](const QString& uri) { delegate.openUri(uri); }})
     {
     }
 
@@ -132,6 +135,7 @@ struct Application::Parts {
     DesktopFileMetadata metadata;
     FileImporter importer;
     AppDelegate delegate;
+    Mpris mpris;
 };
 
 void Application::Parts::prepare()

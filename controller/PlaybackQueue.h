@@ -54,6 +54,8 @@ class PlaybackQueue : public QObject, public RVPlayerDelegate {
     [[nodiscard]] int duration() const { return player_.duration(); }
     /// Playing as well while a song is still on its way to be heard.
     [[nodiscard]] State state() const;
+    /// Whether the song is heard at this moment.
+    [[nodiscard]] bool isPlaying() const { return player_.isPlaying(); }
     /// Seconds of the song heard.
     [[nodiscard]] double position() const { return player_.position(); }
     /// Whether the song now playing can be left for another place in it at this moment.

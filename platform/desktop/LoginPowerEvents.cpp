@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktop/LoginPowerEvents.h"
 
-#include "platform/desktop/SystemBus.h"
+#include "platform/desktop/MessageBus.h"
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>

@@ -15,4 +15,12 @@ inline QDBusConnection systemBus(const QString& address)
     return QDBusConnection::connectToBus(address, address);
 }
 
+/// The same of the user's session.
+inline QDBusConnection sessionBus(const QString& address)
+{
+    if (address.isEmpty())
+        return QDBusConnection::sessionBus();
+    return QDBusConnection::connectToBus(address, address);
+}
+
 } // namespace zib
