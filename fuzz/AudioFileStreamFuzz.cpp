@@ -35,11 +35,11 @@ struct Client : AudioFileStreamClient {
                          std::span<const AudioPacketDescription> descriptions) override
     {
         require(ready && packetCount > 0);
-        produced += bytes.size();
         for (const std::byte byte : bytes) // a sanitizer sees whether they are there
             sum += std::to_integer<unsigned>(byte);
         if (format.bytesPerPacket > 0) {
             require(descriptions.empty() && bytes.size() == std::size_t{packetCount} * format.bytesPerPacket);
+            produced += bytes.size();
             return;
         }
         require(descriptions.size() == packetCount);
@@ -47,6 +47,7 @@ struct Client : AudioFileStreamClient {
         for (const AudioPacketDescription& packet : descriptions) {
             require(packet.startOffset >= end && packet.dataByteSize > 0 && packet.dataByteSize < bound);
             end = packet.startOffset + packet.dataByteSize;
+            produced += packet.dataByteSize;
         }
         require(end <= std::ssize(bytes));
     }

@@ -38,8 +38,8 @@ class AudioFileStreamClient {
     virtual ~AudioFileStreamClient() = default;
     /// The property can now be read. ReadyToProducePackets comes last, before the first packet.
     virtual void propertyFound(AudioFileStream&, AudioFileStreamProperty) {}
-    /// Whole packets, valid during the call. Formats whose packets all have the same size come without
-    /// descriptions; then the bytes are a whole number of packets.
+    /// Whole packets, valid during the call; bytes between those described are none. Formats whose packets
+    /// all have the same size come without descriptions; then the bytes are a whole number of packets.
     virtual void packetsProduced(std::span<const std::byte> /*bytes*/, std::uint32_t /*packetCount*/,
                                  std::span<const AudioPacketDescription> /*descriptions*/)
     {
@@ -66,8 +66,8 @@ class AudioFileStream {
     /// The bytes of audio data in the file, where its header tells.
     virtual AudioStatus audioDataByteCount(std::uint64_t& count) const = 0;
     /// A size in bytes that every packet of the stream is smaller than: whoever fills a buffer of this size
-    /// and drops a packet that would fill it exactly never drops one for its size alone. At least 2048 where packets come
-    /// without descriptions: there buffers of this size are filled by the byte, to 2048.
+    /// and drops a packet that would fill it exactly never drops one for its size alone. At least 2048 where
+    /// packets come without descriptions: there buffers of this size are filled by the byte, to 2048.
     virtual AudioStatus packetSizeUpperBound(std::uint32_t& bytes) const = 0;
     /// The largest packet, where the format's header tells.
     virtual AudioStatus maximumPacketSize(std::uint32_t& bytes) const = 0;

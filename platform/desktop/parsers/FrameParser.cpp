@@ -171,14 +171,8 @@ void FrameParser::deliver()
 {
     if (batch_.empty())
         return;
-    const std::int64_t begin = batch_.front().startOffset;
-    const std::int64_t end = batch_.back().startOffset + batch_.back().dataByteSize;
-    for (auto& packet : batch_)
-        packet.startOffset -= begin;
     breakExpected_ = true;
-    output_.packets(
-        std::span(buffer_).subspan(static_cast<std::size_t>(begin), static_cast<std::size_t>(end - begin)),
-        static_cast<std::uint32_t>(batch_.size()), batch_);
+    output_.packets(buffer_, static_cast<std::uint32_t>(batch_.size()), batch_);
     batch_.clear();
 }
 

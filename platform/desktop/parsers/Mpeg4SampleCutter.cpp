@@ -83,11 +83,7 @@ void Mpeg4SampleCutter::emitBatch(std::span<const std::byte> bytes)
 {
     if (batch_.empty())
         return;
-    const std::int64_t begin = batch_.front().startOffset;
-    const std::int64_t end = batch_.back().startOffset + batch_.back().dataByteSize;
-    for (auto& packet : batch_)
-        packet.startOffset -= begin;
-    emit(bytes.subspan(static_cast<std::size_t>(begin), static_cast<std::size_t>(end - begin)), batch_);
+    emit(bytes, batch_);
     batch_.clear();
 }
 
