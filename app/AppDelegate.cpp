@@ -26,8 +26,6 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "zib.app")
 
-const QString addressScheme = QStringLiteral("zib");
-
 } // namespace
 
 AppDelegate::AppDelegate(Parts parts)
@@ -77,10 +75,15 @@ void AppDelegate::openAddress(const QString& address)
     parts_.desktop.bringToFront();
 }
 
+bool AppDelegate::isAddress(const QString& text)
+{
+    return text.startsWith(QLatin1String("zib://"));
+}
+
 void AppDelegate::openUri(const QString& uri)
 {
     const QUrl url(uri);
-    if (url.scheme() == addressScheme)
+    if (isAddress(uri))
         openAddress(uri);
     else if (url.isLocalFile() && QFileInfo::exists(url.toLocalFile()))
         openFiles({url.toLocalFile()});

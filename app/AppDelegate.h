@@ -52,6 +52,7 @@ class AppDelegate : public QObject, private MusicFolderActions {
     /// Opens an address of the program's own scheme, zib://: those that name nothing that can be opened bring
     /// the main window to the front.
     void openAddress(const QString& address);
+    [[nodiscard]] static bool isAddress(const QString& text);
     /// Opens either, given as an address: file:// or zib://. Any other is refused, with a log line.
     void openUri(const QString& uri);
     /// Imports files, and what is in folders. Returns at once; the library is shown and saved at the end.

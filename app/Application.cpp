@@ -108,6 +108,7 @@ struct Application::Parts {
     void prepare();
     void startCatalogue();
     void fillApplicationMenu();
+    void open(const StartRequest& request);
 
     Places places;
     SystemClock clock;
@@ -187,22 +188,26 @@ Application::Application(Places places, const QVariantMap& overrides)
 
 Application::~Application() = default;
 
-void Application::start()
+void Application::start(const StartRequest& request)
 {
     parts_->delegate.applicationDidFinishLaunching();
     parts_->sound.warmUp();
+    parts_->open(request);
 }
 
-void Application::reopen()
+void Application::reopen(const StartRequest& request)
 {
     // A visible window is brought to the front by the one thing that a second start can want.
     if (!parts_->delegate.applicationShouldHandleReopen(parts_->window.isVisible()))
-        parts_->desktop.bringToFront();
+        parts_->desktop.bringToFront(request.activationToken);
+    parts_->open(request);
 }
 
-void Application::openFiles(const QStringList& paths)
+void Application::Parts::open(const StartRequest& request)
 {
-    parts_->delegate.openFiles(paths);
+    delegate.openFiles(request.files);
+    for (const QString& address : request.addresses)
+        delegate.openAddress(address);
 }
 
 void Application::Parts::fillApplicationMenu()

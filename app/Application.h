@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "app/SingleInstance.h"
+
 #include <QString>
 #include <QStringList>
 #include <QVariantMap>
@@ -33,12 +35,10 @@ class Application {
     Application(Places places, const QVariantMap& overrides);
     ~Application();
 
-    /// Shows the window and returns.
-    void start();
-    /// A later start asks for the window.
-    void reopen();
-    /// Opens documents; see AppDelegate.
-    void openFiles(const QStringList& paths);
+    /// Shows the window, opens what the start was given and returns.
+    void start(const StartRequest& request);
+    /// A later start asks for the window, and gives what is to be opened.
+    void reopen(const StartRequest& request);
 
   private:
     struct Parts;

@@ -3,6 +3,7 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QLockFile>
@@ -17,32 +18,44 @@ Q_LOGGING_CATEGORY(log, "zib.app.instance")
 
 constexpr int kPatienceMs = 2000;
 constexpr qint64 kLongestRequest = qint64(8) << 20; // no command line is longer
-const QByteArray kReopen = QByteArrayLiteral("reopen\n");
-const QByteArray kOpen = QByteArrayLiteral("open "); // and the paths as a JSON array
+const QString kFiles = QStringLiteral("files");
+const QString kAddresses = QStringLiteral("addresses");
+const QString kActivationToken = QStringLiteral("activation");
 
-bool askRunningInstance(const QString& name, const QStringList& files)
+// A request is a line with a JSON object.
+
+QByteArray lineOf(const StartRequest& request)
+{
+    const QJsonObject object{{kFiles, QJsonArray::fromStringList(request.files)},
+                             {kAddresses, QJsonArray::fromStringList(request.addresses)},
+                             {kActivationToken, request.activationToken}};
+    return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
+}
+
+StartRequest requestOf(const QByteArray& line)
+{
+    const QJsonObject object = QJsonDocument::fromJson(line).object();
+    const auto strings = [&object](const QString& key) {
+        QStringList list;
+        const QJsonArray array = object.value(key).toArray();
+        for (const auto item : array)
+            list.append(item.toString());
+        return list;
+    };
+    return {strings(kFiles), strings(kAddresses), object.value(kActivationToken).toString()};
+}
+
+bool askRunningInstance(const QString& name, const StartRequest& request)
 {
     QLocalSocket socket;
     socket.connectToServer(name);
     if (!socket.waitForConnected(kPatienceMs))
         return false;
-    socket.write(kReopen);
-    if (!files.isEmpty())
-        socket.write(kOpen + QJsonDocument(QJsonArray::fromStringList(files)).toJson(QJsonDocument::Compact) +
-                     '\n');
+    socket.write(lineOf(request));
     while (socket.bytesToWrite() > 0 && socket.waitForBytesWritten(kPatienceMs)) {
     }
     socket.disconnectFromServer();
     return true;
-}
-
-QStringList pathsOf(const QByteArray& json)
-{
-    QStringList paths;
-    const QJsonArray array = QJsonDocument::fromJson(json).array();
-    for (const auto path : array)
-        paths.append(path.toString());
-    return paths;
 }
 
 } // namespace
@@ -54,13 +67,13 @@ SingleInstance::SingleInstance(QString name)
 
 SingleInstance::~SingleInstance() = default;
 
-bool SingleInstance::claim(const QStringList& files)
+bool SingleInstance::claim(const StartRequest& request)
 {
     // Two starts at the same moment must not both find nobody and both take the place.
     QLockFile lock(name_ + QStringLiteral(".lock"));
     if (!lock.tryLock(kPatienceMs))
         qCWarning(log, "no lock at %s", qUtf8Printable(lock.fileName()));
-    if (askRunningInstance(name_, files))
+    if (askRunningInstance(name_, request))
         return false;
 
     server_ = std::make_unique<QLocalServer>();
@@ -80,13 +93,8 @@ void SingleInstance::receive(QLocalSocket* connection)
 {
     connect(connection, &QLocalSocket::disconnected, connection, &QObject::deleteLater);
     const auto read = [this, connection] {
-        while (connection->canReadLine()) {
-            const QByteArray line = connection->readLine(kLongestRequest);
-            if (line == kReopen)
-                Q_EMIT reopenRequested();
-            else if (line.startsWith(kOpen))
-                Q_EMIT openRequested(pathsOf(line.mid(kOpen.size())));
-        }
+        while (connection->canReadLine())
+            Q_EMIT requested(requestOf(connection->readLine(kLongestRequest)));
         if (connection->bytesAvailable() > kLongestRequest)
             connection->abort();
     };

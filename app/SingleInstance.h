@@ -12,6 +12,13 @@ class QLocalSocket;
 
 namespace zib {
 
+/// What a start of the program asks for beside its window.
+struct StartRequest {
+    QStringList files;       ///< absolute paths
+    QStringList addresses;   ///< of the program's own scheme
+    QString activationToken; ///< by which the desktop lets the window come to the front; empty without one
+};
+
 /// Lets one program run for each user and library: a later start finds the first, tells it and ends. Main
 /// thread.
 class SingleInstance : public QObject {
@@ -23,15 +30,12 @@ class SingleInstance : public QObject {
     ~SingleInstance() override;
 
     /// @return true when this is the first; it then receives what later ones say. False when another runs,
-    /// which has been asked to come to the front and to open the files; this one is to end.
-    /// @param files absolute paths.
-    bool claim(const QStringList& files = {});
+    /// which has been told the request; this one is to end.
+    bool claim(const StartRequest& request = {});
 
   Q_SIGNALS:
-    /// A later start asks for the window.
-    void reopenRequested();
-    /// A later start was given files.
-    void openRequested(const QStringList& files);
+    /// A later start asks for the window, and for what else stands in the request.
+    void requested(const zib::StartRequest& request);
 
   private:
     void receive(QLocalSocket* connection);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/AppDelegate.h"
 #include "app/Application.h"
 #include "app/SingleInstance.h"
 #include "app/TerminationSignals.h"
@@ -9,6 +10,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
+#include <QIcon>
 #include <QTextStream>
 #include <QUrl>
 
@@ -52,7 +54,8 @@ void parse(QCommandLineParser& parser, const Options& options)
     parser.addVersionOption();
     parser.addPositionalArgument(
         QStringLiteral("FILE"),
-        QCoreApplication::translate("main", "Sound files and folders to add to the library."),
+        QCoreApplication::translate("main",
+                                    "Sound files and folders to add to the library, or zib:// addresses."),
         QStringLiteral("[FILE…]"));
     parser.addOption(options.services);
     parser.addOption(options.exportLibrary);
@@ -81,8 +84,12 @@ int exportLibrary(int argc, char** argv)
 
 int runProgram(int argc, char** argv)
 {
+    zib::StartRequest request;
+    request.activationToken = qEnvironmentVariable("XDG_ACTIVATION_TOKEN"); // before the window takes it
     QApplication application(argc, argv);
     nameApplication();
+    QGuiApplication::setDesktopFileName(QStringLiteral("zib"));
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/zib/zib.svg")));
     QApplication::setApplicationDisplayName(QStringLiteral("Zib"));
     // The window's button closes the window; the music plays on.
     QApplication::setQuitOnLastWindowClosed(false);
@@ -90,11 +97,14 @@ int runProgram(int argc, char** argv)
     const Options options;
     QCommandLineParser parser;
     parse(parser, options);
-    QStringList files;
     const QStringList arguments = parser.positionalArguments();
     for (const QString& argument : arguments) {
-        files.append(pathOf(argument));
-        if (!QFileInfo::exists(files.last()))
+        if (zib::AppDelegate::isAddress(argument)) {
+            request.addresses.append(argument);
+            continue;
+        }
+        request.files.append(pathOf(argument));
+        if (!QFileInfo::exists(request.files.last()))
             return fail(QCoreApplication::translate("main", "there is no file “%1”").arg(argument),
                         kUsageError);
     }
@@ -111,16 +121,13 @@ int runProgram(int argc, char** argv)
 
     const zib::Places places = zib::Places::standard();
     zib::SingleInstance instance(places.meetingPlace);
-    if (!instance.claim(files))
+    if (!instance.claim(request))
         return 0;
     zib::Application program(places, overrides);
-    QObject::connect(&instance, &zib::SingleInstance::reopenRequested, &application,
-                     [&] { program.reopen(); });
-    QObject::connect(&instance, &zib::SingleInstance::openRequested, &application,
-                     [&](const QStringList& paths) { program.openFiles(paths); });
+    QObject::connect(&instance, &zib::SingleInstance::requested, &application,
+                     [&](const zib::StartRequest& later) { program.reopen(later); });
     const zib::TerminationSignals signalHandler([] { QCoreApplication::quit(); });
-    program.start();
-    program.openFiles(files);
+    program.start(request);
     return QApplication::exec();
 }
 

@@ -29,4 +29,12 @@ void WidgetDesktop::bringToFront()
     window_->activateWindow();
 }
 
+void WidgetDesktop::bringToFront(const QString& activationToken)
+{
+    // Where the window system knows such tokens, the next activation uses up what stands here.
+    if (!activationToken.isEmpty())
+        qputenv("XDG_ACTIVATION_TOKEN", activationToken.toUtf8());
+    bringToFront();
+}
+
 } // namespace zib

@@ -17,6 +17,9 @@ class WidgetDesktop : public Desktop {
     bool openUrl(const QUrl& url) override;
     void beep() override;
     void bringToFront() override;
+    /// The same for another program's sake.
+    /// @param activationToken of that program's start, which the desktop honours; may be empty.
+    void bringToFront(const QString& activationToken);
 
   private:
     QPointer<QWidget> window_;

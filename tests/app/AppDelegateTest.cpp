@@ -159,8 +159,14 @@ TEST_F(AppDelegateTest, OpenedFilesComeInWhileThePanelTells)
     EXPECT_FALSE(importer_->isRunning());
     EXPECT_EQ(desktop_.calls, QStringList(QStringLiteral("bringToFront")));
 
+    for (const char* nothing : {"http://a.example/a.mp3", "file:///nowhere.mp3", "zib://", ""})
+        delegate_->openUri(QLatin1String(nothing));
+    EXPECT_FALSE(importer_->isRunning());
+    EXPECT_EQ(desktop_.calls.count(QStringLiteral("bringToFront")), 2); // by the address
+
+    ASSERT_TRUE(QFile(song).open(QIODevice::WriteOnly));
     manager_->setSource(SourceType::Library);
-    delegate_->openFiles({song, library});
+    delegate_->openUri(QUrl::fromLocalFile(song).toString());
     EXPECT_TRUE(sharedPanel_.isOpen);
     while (sharedPanel_.isOpen)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);

@@ -20,24 +20,25 @@ TEST(SingleInstance, TheSecondTellsTheFirstAndIsRefused)
     const QString place = folder.filePath(QStringLiteral("meeting"));
     SingleInstance first(place);
     ASSERT_TRUE(first.claim());
-    int asked = 0;
-    QObject::connect(&first, &SingleInstance::reopenRequested, &first, [&asked] { ++asked; });
-    QStringList received;
-    QObject::connect(&first, &SingleInstance::openRequested, &first,
-                     [&received](const QStringList& files) { received = files; });
+    QList<StartRequest> received;
+    QObject::connect(&first, &SingleInstance::requested, &first,
+                     [&received](const StartRequest& request) { received.append(request); });
 
-    QStringList files; // as many as a shell's "*" can name
-    for (int number = 0; number < 20'000; ++number)
-        files.append(QStringLiteral("/müsic/a \"song\"\n%1.mp3").arg(number));
+    StartRequest request{
+        {}, {QStringLiteral("zib://search/artist/M%C3%B6rk")}, QStringLiteral("gnome-shell/42_TIME9")};
+    for (int number = 0; number < 20'000; ++number) // as many files as a shell's "*" can name
+        request.files.append(QStringLiteral("/müsic/a \"song\"\n%1.mp3").arg(number));
     bool claimed = true;
-    std::thread second([&] { claimed = SingleInstance(place).claim(files); });
+    std::thread second([&] { claimed = SingleInstance(place).claim(request); });
     const QDeadlineTimer deadline(30'000);
     while (received.isEmpty() && !deadline.hasExpired())
         QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
     second.join();
     EXPECT_FALSE(claimed);
-    EXPECT_EQ(asked, 1);
-    EXPECT_EQ(received, files);
+    ASSERT_EQ(received.size(), 1);
+    EXPECT_EQ(received.first().files, request.files);
+    EXPECT_EQ(received.first().addresses, request.addresses);
+    EXPECT_EQ(received.first().activationToken, request.activationToken);
 }
 
 TEST(SingleInstance, WhatAKilledProgramLeftBehindIsTakenOver)
