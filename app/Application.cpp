@@ -5,6 +5,7 @@
 #include "app/CatalogueProcess.h"
 #include "app/Mpris.h"
 #include "controller/DefaultSettings.h"
+#include "controller/PlayingOnDesktop.h"
 #include "controller/RVMainController.h"
 #include "library/FileImporter.h"
 #include "library/LibraryFile.h"
@@ -15,11 +16,13 @@
 #include "platform/desktop/DesktopAudioQueue.h"
 #include "platform/desktop/DesktopFileMetadata.h"
 #include "platform/desktop/DesktopMovie.h"
+#include "platform/desktop/DesktopNotifications.h"
 #include "platform/desktop/DesktopSound.h"
 #include "platform/desktop/DesktopTagApi.h"
 #include "platform/desktop/DesktopTrash.h"
 #include "platform/desktop/LoginPowerEvents.h"
 #include "platform/desktop/NetworkReachability.h"
+#include "platform/desktop/SessionSleepInhibitor.h"
 #include "platform/desktop/SettingsFile.h"
 #include "platform/desktop/SystemClock.h"
 #include "platform/desktop/parsers/AudioFileStreamParsers.h"
@@ -99,6 +102,7 @@ struct Application::Parts {
         , metadata(places.metadata)
         , importer(dataManager, metadata, defaults)
         , delegate({window, dataManager, importer, sharedPanel, defaults, alerts, desktop, places.readMe})
+        , playingOnDesktop(controller.playback(), defaults, desktop, notifications, sleepInhibitor)
         , mpris({controller.playback(), defaults, dataManager, [this] { desktop.bringToFront(); },
                  [] { QCoreApplication::quit(); }, [this](const QString& uri) { delegate.openUri(uri); }})
     {
@@ -125,6 +129,8 @@ struct Application::Parts {
     LoginPowerEvents powerEvents;
     WidgetAlerts alerts;
     WidgetDesktop desktop;
+    DesktopNotifications notifications;
+    SessionSleepInhibitor sleepInhibitor;
     DesktopTrash trash;
     DesktopTagAPIs tags;
     MainWindow window;
@@ -136,6 +142,7 @@ struct Application::Parts {
     DesktopFileMetadata metadata;
     FileImporter importer;
     AppDelegate delegate;
+    PlayingOnDesktop playingOnDesktop;
     Mpris mpris;
 };
 
@@ -182,6 +189,8 @@ Application::Application(Places places, const QVariantMap& overrides)
     QObject::connect(qApp, &QApplication::aboutToQuit, &parts.delegate,
                      &AppDelegate::applicationWillTerminate);
     QObject::connect(&parts.window, &MainWindow::filesGiven, &parts.delegate, &AppDelegate::openFiles);
+    QObject::connect(&parts.notifications, &Notifications::activated, &parts.delegate,
+                     [&parts](const QString& token) { parts.desktop.bringToFront(token); });
     parts.fillApplicationMenu();
     parts.window.attach(parts.controller);
 }

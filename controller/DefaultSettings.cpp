@@ -18,6 +18,8 @@ void registerDefaultSettings(UserDefaults& defaults)
         {settings::SoundLevel, 1.0},
         {settings::CopyImportedFilesToLibrary, true},
         {settings::WantsPublicShare, true},
+        {settings::NotifiesOfSongs, true},
+        {settings::KeepsAwakeWhilePlaying, true},
     });
     defaults.registerDefaults(values);
 }

@@ -44,6 +44,10 @@ inline const QString HomePage = QStringLiteral("HomePage");
 inline const QString Appearance = QStringLiteral("Appearance");
 // Keeps the ticker still, whatever the desktop says.
 inline const QString ReduceMotion = QStringLiteral("ReduceMotion");
+// A notification tells of each new song while another program is in front.
+inline const QString NotifiesOfSongs = QStringLiteral("NotifiesOfSongs");
+// The machine does not go to sleep by itself while a song plays.
+inline const QString KeepsAwakeWhilePlaying = QStringLiteral("KeepsAwakeWhilePlaying");
 inline const QString WindowGeometry = QStringLiteral("WindowGeometry");
 // Begins the key of a saved song-table layout; its name follows.
 inline const QString SongTableLayout = QStringLiteral("SongTableLayout ");

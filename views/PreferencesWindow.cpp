@@ -46,8 +46,6 @@ PreferencesWindow::PreferencesWindow(UserDefaults& defaults, MusicFolderActions&
     buttons->addWidget(reset);
     buttons->addStretch();
 
-    copies_ = new QCheckBox(tr("Copy files into the music folder when they are added to the library"));
-
     auto* close = new QDialogButtonBox(QDialogButtonBox::Close);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 16, 16, 16);
@@ -57,7 +55,11 @@ PreferencesWindow::PreferencesWindow(UserDefaults& defaults, MusicFolderActions&
     layout->addWidget(folderLabel_);
     layout->addLayout(buttons);
     layout->addSpacing(8);
-    layout->addWidget(copies_);
+    layout->addWidget(makeBox(tr("Copy files into the music folder when they are added to the library"),
+                              settings::CopyImportedFilesToLibrary));
+    layout->addWidget(makeBox(tr("Show a notification when another song begins"), settings::NotifiesOfSongs));
+    layout->addWidget(
+        makeBox(tr("Keep the computer awake while music plays"), settings::KeepsAwakeWhilePlaying));
     layout->addStretch();
     layout->addSpacing(8);
     layout->addWidget(close);
@@ -68,13 +70,20 @@ PreferencesWindow::PreferencesWindow(UserDefaults& defaults, MusicFolderActions&
     connect(&defaults_, &UserDefaults::changed, this, [this](const QString& key) {
         if (key == settings::MusicFolder)
             showMusicFolder();
-        else if (key == settings::CopyImportedFilesToLibrary)
-            copies_->setChecked(defaults_.boolean(key));
     });
-    connect(copies_, &QCheckBox::clicked, this,
-            [this](bool on) { defaults_.setValue(settings::CopyImportedFilesToLibrary, on); });
-    copies_->setChecked(defaults_.boolean(settings::CopyImportedFilesToLibrary));
     showMusicFolder();
+}
+
+QCheckBox* PreferencesWindow::makeBox(const QString& text, const QString& key)
+{
+    auto* box = new QCheckBox(text);
+    box->setChecked(defaults_.boolean(key));
+    connect(box, &QCheckBox::clicked, this, [this, key](bool on) { defaults_.setValue(key, on); });
+    connect(&defaults_, &UserDefaults::changed, box, [this, box, key](const QString& changed) {
+        if (changed == key)
+            box->setChecked(defaults_.boolean(key));
+    });
+    return box;
 }
 
 void PreferencesWindow::changeMusicFolder()

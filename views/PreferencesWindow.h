@@ -22,7 +22,7 @@ class MusicFolderActions {
     virtual void reset() = 0;
 };
 
-/// The window "Preferences": where the music is stored, and what is copied there.
+/// The window "Preferences": where the music is stored, and what happens beside playing it.
 class PreferencesWindow : public QDialog {
     Q_OBJECT
 
@@ -30,6 +30,8 @@ class PreferencesWindow : public QDialog {
     PreferencesWindow(UserDefaults& defaults, MusicFolderActions& musicFolder, Alerts& alerts);
 
   private:
+    /// A box that stands for a setting, both ways.
+    QCheckBox* makeBox(const QString& text, const QString& key);
     void changeMusicFolder();
     void showMusicFolder();
 
@@ -37,7 +39,6 @@ class PreferencesWindow : public QDialog {
     MusicFolderActions& musicFolder_;
     Alerts& alerts_;
     QLabel* folderLabel_;
-    QCheckBox* copies_ = nullptr;
 };
 
 } // namespace zib

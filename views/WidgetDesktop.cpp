@@ -17,6 +17,11 @@ void WidgetDesktop::beep()
     QApplication::beep();
 }
 
+bool WidgetDesktop::isActive() const
+{
+    return QGuiApplication::applicationState() == Qt::ApplicationActive;
+}
+
 void WidgetDesktop::bringToFront()
 {
     if (!window_)

@@ -16,6 +16,7 @@ class WidgetDesktop : public Desktop {
 
     bool openUrl(const QUrl& url) override;
     void beep() override;
+    [[nodiscard]] bool isActive() const override;
     void bringToFront() override;
     /// The same for another program's sake.
     /// @param activationToken of that program's start, which the desktop honours; may be empty.

@@ -18,9 +18,11 @@ class FakeDesktop : public Desktop {
         return opens;
     }
     void beep() override { calls.append(QStringLiteral("beep")); }
+    [[nodiscard]] bool isActive() const override { return active; }
     void bringToFront() override { calls.append(QStringLiteral("bringToFront")); }
 
     bool opens = true;
+    bool active = true;
     QList<QUrl> opened;
     QStringList calls; ///< every call by its name, in order
 };
