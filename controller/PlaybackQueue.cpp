@@ -232,17 +232,10 @@ void PlaybackQueue::countPlay()
     const Record track = nowplayingTrack();
     if (!track)
         return;
-    const QString id = track.string(keys::Id);
-    // The same song can be several objects: what is shown are copies of what the library holds.
-    QList<Record> holders{track, context_.dataManager.library().find(id)};
-    for (const Record& item : context_.dataManager.items())
-        if (item.string(keys::Id) == id)
-            holders.append(item);
     const PropertyValue count(track.integer(keys::PlayCount) + 1);
     const PropertyValue date(clock_.now());
-    for (Record& holder : holders) {
-        if (!holder)
-            continue;
+    // The same song can be several objects: what is shown are copies of what is kept.
+    for (Record& holder : context_.dataManager.holdersOf(track)) {
         holder.set(keys::PlayCount, count);
         holder.set(keys::PlayDate, date);
     }

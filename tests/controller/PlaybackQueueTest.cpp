@@ -69,6 +69,19 @@ TEST_F(PlaybackQueueTest, WhatIsShownLaterChangesNothingAboutWhatPlaysNext)
     EXPECT_EQ(queue().nowplayingSourceType(), int(SourceType::RecentSearches));
 }
 
+TEST_F(PlaybackQueueTest, ASearchKeepsThePlayAndTheLoveThatComesAfterIt)
+{
+    showAsSearch({localSong(1), localSong(2)});
+    play(0);
+    hear(50);
+    queue().nextTrack();
+    queue().backTrack();
+    queue().addCurrentFavorite(true);
+    const Record kept = library->searches().first().records(keys::Tracks).first();
+    EXPECT_EQ(kept.integer(keys::PlayCount), 1);
+    EXPECT_TRUE(kept.boolean(keys::Favorite));
+}
+
 TEST_F(PlaybackQueueTest, CountsASongAsPlayedFromHalfOfItOn)
 {
     struct Case {
