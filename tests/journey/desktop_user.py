@@ -45,6 +45,9 @@ class DesktopUser:
         control = self.wait_for(name)
         return Atspi.Text.get_text(control, 0, -1) if "Text" in control.get_interfaces() else ""
 
+    def value_of(self, name):
+        return round(Atspi.Value.get_current_value(self.wait_for(name)))
+
     def click(self, control, times=1, across=0.5):
         """Clicks into the control, at that fraction of its width."""
         box = _extents(control)
