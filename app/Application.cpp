@@ -9,6 +9,7 @@
 #include "controller/RVMainController.h"
 #include "library/FileImporter.h"
 #include "library/LibraryFile.h"
+#include "library/LibraryLoading.h"
 #include "library/RVDataManager.h"
 #include "platform/SettingsKeys.h"
 #include "platform/desktop/CurlReadStreams.h"
@@ -88,13 +89,14 @@ Places Places::standard()
 struct Application::Parts {
     Parts(Places where, const QVariantMap& overrides)
         : places(std::move(where))
+        , library(places.library)
         , defaults(places.settings, overrides)
         , loader(places.cache)
         , queues(sound)
         , movies(sound)
         , window((prepare(), defaults))
         , sharedPanel(&window)
-        , dataManager(defaults, alerts, clock, window.libraryView(), places.library)
+        , dataManager(defaults, alerts, clock, window.libraryView(), std::move(library))
         , player(nullptr, {readStreams, fileStreams, queues, alerts, defaults}, movies, desktop)
         , controller(dataManager, player, {loader, defaults, clock}, defaults, alerts, desktop, trash, tags,
                      window)
@@ -115,6 +117,7 @@ struct Application::Parts {
     void open(const StartRequest& request);
 
     Places places;
+    LibraryLoading library; // as early as can be: everything up to the data manager is made meanwhile
     SystemClock clock;
     SettingsFile defaults;
     std::unique_ptr<CatalogueProcess> catalogue;

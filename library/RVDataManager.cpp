@@ -33,7 +33,7 @@ RVDataManagerDelegate noDelegate;
 } // namespace
 
 RVDataManager::RVDataManager(UserDefaults& defaults, Alerts& alerts, const Clock& clock, LibraryView& view,
-                             const QString& libraryPath)
+                             LibraryLoading loading)
     : defaults_(defaults)
     , alerts_(alerts)
     , clock_(clock)
@@ -43,7 +43,7 @@ RVDataManager::RVDataManager(UserDefaults& defaults, Alerts& alerts, const Clock
     , iTunesImporter_(std::make_unique<ITunesImporter>(*this))
 {
     // The settings are written on the main thread only, so the save hands the removal of layouts over.
-    saver_ = std::make_unique<LibrarySaver>(LibraryFile(libraryPath), [this](const QList<Record>& searches) {
+    saver_ = std::make_unique<LibrarySaver>(loading.file(), [this](const QList<Record>& searches) {
         QStringList uids;
         for (const Record& search : searches)
             uids.append(QString::number(search.snapshot().integer(keys::Id)));
@@ -58,7 +58,7 @@ RVDataManager::RVDataManager(UserDefaults& defaults, Alerts& alerts, const Clock
     });
     connect(&browser_, &TrackBrowser::sourceChanged, this, &RVDataManager::sourceChanged);
     browser_.setDelegate(*delegate_);
-    loadLibrary();
+    takeLibrary(loading);
 }
 
 RVDataManager::~RVDataManager()
@@ -72,15 +72,14 @@ void RVDataManager::setDelegate(RVDataManagerDelegate* delegate)
     browser_.setDelegate(*delegate_);
 }
 
-void RVDataManager::loadLibrary()
+void RVDataManager::takeLibrary(LibraryLoading& loading)
 {
-    if (saver_->file().exists()) {
-        tl::expected<LibraryContents, QString> loaded = saver_->file().load();
-        if (loaded) {
-            contents_ = std::move(*loaded);
+    if (std::optional<LibraryLoading::Result> loaded = loading.take()) {
+        if (*loaded) {
+            contents_ = std::move(**loaded);
             return;
         }
-        qCWarning(log, "Error: Failed deserializing data. %s", qUtf8Printable(loaded.error()));
+        qCWarning(log, "Error: Failed deserializing data. %s", qUtf8Printable(loaded->error()));
         Alert alert;
         alert.messageText = tr("Your music library has been corrupted.");
         alert.buttons = {tr("OK")};

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "library/LibraryFile.h"
+#include "library/LibraryLoading.h"
 #include "library/RVDataManagerDelegate.h"
 #include "library/SourceTypes.h"
 #include "library/TrackBrowser.h"
@@ -36,10 +37,10 @@ class RVDataManager : public QObject {
 
     using Change = std::function<void(Record&)>;
 
-    /// Loads the library. A missing file gives an empty library, an unreadable one too, after an alert; both
-    /// are written at once.
+    /// Takes the loaded library, or loads the one at that path. A missing file gives an empty library, an
+    /// unreadable one too, after an alert; both are written at once.
     RVDataManager(UserDefaults& defaults, Alerts& alerts, const Clock& clock, LibraryView& view,
-                  const QString& libraryPath);
+                  LibraryLoading loading);
     /// Waits for a save under way.
     ~RVDataManager() override;
 
@@ -172,7 +173,7 @@ class RVDataManager : public QObject {
         Record record;
     };
 
-    void loadLibrary();
+    void takeLibrary(LibraryLoading& loading);
     Record makePlaylist(const QString& title, int kind) const;
     [[nodiscard]] Replacement changed(const Record& track, const Change& change) const;
     [[nodiscard]] Replacement favoriteToggled(const Record& track) const;

@@ -288,15 +288,22 @@ bool TrackBrowser::replaceItems(const QList<Record>& versions, const Record& rep
         item = shown;
         return true;
     };
-    bool replaced = false;
+    QList<int> rows;
+    const auto replaceAt = [&](int place) {
+        if (replace(items_[place]))
+            rows.append(place);
+    };
     if (hasBrowser() && row >= 0 && row < items_.size()) // a song stands once in it
-        replaced = replace(items_[row]);
-    if (!replaced)
-        for (Record& item : items_)
-            replaced = replace(item) || replaced;
-    if (replaced)
-        show();
-    return replaced;
+        replaceAt(row);
+    if (rows.isEmpty())
+        for (int place = 0; place < items_.size(); ++place)
+            replaceAt(place);
+    for (const int place : rows)
+        for (int column = 0; column < songColumnCount; ++column)
+            tableView_.reloadCell(place, identifierOf(SongColumn(column)));
+    if (!rows.isEmpty())
+        Q_EMIT itemsChanged();
+    return !rows.isEmpty();
 }
 
 void TrackBrowser::removeItems(const QList<int>& rows)

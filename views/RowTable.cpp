@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "views/RowTable.h"
 
+#include "views/RowHeader.h"
 #include "views/RowsModel.h"
 #include "views/Theme.h"
 
-#include <QHeaderView>
 #include <QScopedValueRollback>
 
 #include <algorithm>
@@ -31,7 +31,7 @@ RowTable::RowTable(RowsModel* model, int mainColumn, QWidget* parent)
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setMinimumSectionSize(Theme::rowHeight);
     verticalHeader()->setDefaultSectionSize(Theme::rowHeight);
-    horizontalHeader()->setHighlightSections(false);
+    setHorizontalHeader(new RowHeader(this));
     horizontalHeader()->setFixedHeight(Theme::rowHeight + 2);
 }
 

@@ -210,7 +210,7 @@ void SongTable::editCurrent()
     const auto column = SongColumn(current.column());
     const bool editable = SongTableModel::isEditable(column) && !isColumnHidden(current.column());
     const QModelIndex cell = editable ? current : current.siblingAtColumn(nameColumn);
-    setCurrentIndex(cell);
+    selectionModel()->setCurrentIndex(cell, QItemSelectionModel::NoUpdate);
     edit(cell);
 }
 

@@ -14,11 +14,15 @@
 #include <QScopedValueRollback>
 #include <QTableView>
 
+#include <algorithm>
+
 namespace zib {
 
 namespace {
 
 constexpr int smallestTextColumn = 72;
+constexpr int legibleNames = 140;
+constexpr int legibleText = 88;
 constexpr int smallestColumn = 28;
 constexpr int largestColumn = 4000;
 /// As many as a person can tell apart by looking at the rows.
@@ -73,11 +77,23 @@ bool isFlexible(SongColumn column)
     return column == SongColumn::Name || column == SongColumn::Artist || column == SongColumn::Album;
 }
 
+/// Below which the last columns are given up.
+int leastWidth(SongColumn column, int width)
+{
+    if (column == SongColumn::Name)
+        return legibleNames;
+    return isFlexible(column) ? legibleText : width;
+}
+
 /// What a column that only holds a mark needs, and no other width.
 bool isFixed(SongColumn column)
 {
     return column == SongColumn::Speaker || column == SongColumn::Love || column == SongColumn::Download;
 }
+
+/// What is given up for legible names, the first first.
+constexpr std::array givenUp{SongColumn::FoundDate, SongColumn::PlayDate, SongColumn::Familiarity,
+                             SongColumn::Hotness, SongColumn::PlayCount};
 
 bool isSortable(SongColumn column)
 {
@@ -121,8 +137,8 @@ SongTableLayout::SongTableLayout(QTableView& table, UserDefaults& defaults)
     connect(&head, &QHeaderView::customContextMenuRequested, this, &SongTableLayout::showMenu);
     connect(&head, &QHeaderView::sectionMoved, this, &SongTableLayout::changed);
     connect(&head, &QHeaderView::sectionResized, this, [this](int column) {
-        if (!arranging_ && isFlexible(SongColumn(column)))
-            takeShares();
+        if (!arranging_)
+            takeWidths(SongColumn(column));
         changed();
     });
     connect(&head, &QHeaderView::sortIndicatorChanged, this, &SongTableLayout::sortBy);
@@ -153,12 +169,10 @@ void SongTableLayout::applyFirst()
     descriptors_.clear();
     forEachColumn([this](SongColumn column) {
         header().moveSection(header().visualIndex(int(column)), int(column));
-        header().showSection(int(column)); // a hidden section forgets its width
-        header().resizeSection(int(column), firstWidth(column));
-        wanted_[std::size_t(column)] = isShownAtFirst(column);
+        widths_[std::size_t(column)] = firstWidth(column);
+        wanted_[std::size_t(column)].reset();
     });
-    takeShares();
-    updateShown();
+    fit();
     showIndicator();
 }
 
@@ -171,18 +185,15 @@ void SongTableLayout::apply(const QJsonObject& saved)
         if (!column || header().visualIndex(int(*column)) < place) // unknown, or named twice
             continue;
         header().moveSection(header().visualIndex(int(*column)), place++);
-        header().showSection(int(*column));
         if (!isFixed(*column))
-            header().resizeSection(int(*column),
-                                   qBound(smallestColumn, entry[widthKey].toInt(), largestColumn));
-        if (isChoosable(*column))
+            widths_[std::size_t(*column)] = qBound(smallestColumn, entry[widthKey].toInt(), largestColumn);
+        if (isChoosable(*column) && entry[shownKey].isBool())
             wanted_[std::size_t(*column)] = entry[shownKey].toBool();
     }
     for (const QJsonValue entry : saved[sortKey].toArray())
         if (const QString key = entry[columnKey].toString(); songColumn(key))
             descriptors_.append({key, entry[ascendingKey].toBool()});
-    takeShares();
-    updateShown();
+    fit();
     showIndicator();
 }
 
@@ -192,13 +203,11 @@ void SongTableLayout::save()
         return;
     QJsonArray columns;
     for (int place = 0; place < songColumnCount; ++place) {
-        const int column = header().logicalIndex(place);
-        const int width = isFlexible(SongColumn(column))     ? int(shares_[std::size_t(column)])
-                          : header().isSectionHidden(column) ? firstWidth(SongColumn(column))
-                                                             : header().sectionSize(column);
-        columns.append(QJsonObject{{columnKey, identifierOf(SongColumn(column))},
-                                   {widthKey, width},
-                                   {shownKey, wanted_[std::size_t(column)]}});
+        const auto column = SongColumn(header().logicalIndex(place));
+        QJsonObject entry{{columnKey, identifierOf(column)}, {widthKey, widths_[std::size_t(column)]}};
+        if (const std::optional<bool> wanted = wanted_[std::size_t(column)])
+            entry[shownKey] = *wanted;
+        columns.append(entry);
     }
     QJsonArray sort;
     for (const SortDescriptor& descriptor : descriptors_)
@@ -229,60 +238,85 @@ void SongTableLayout::setAvailable(SongColumn column, bool available)
     if (available_[std::size_t(column)] == available)
         return;
     available_[std::size_t(column)] = available;
-    updateShown();
+    fit();
 }
 
 void SongTableLayout::setShown(SongColumn column, bool shown)
 {
     wanted_[std::size_t(column)] = shown;
-    updateShown();
+    fit();
     save();
 }
 
-void SongTableLayout::updateShown()
+bool SongTableLayout::isWanted(SongColumn column) const
 {
-    {
-        const QScopedValueRollback arranging(arranging_, true);
-        forEachColumn([this](SongColumn column) {
-            const bool shown = wanted_[std::size_t(column)] && available_[std::size_t(column)];
-            header().setSectionHidden(int(column), !shown);
-        });
-    }
-    fit();
+    return available_[std::size_t(column)] && wanted_[std::size_t(column)].value_or(isShownAtFirst(column));
 }
 
 void SongTableLayout::fit()
 {
-    if (!table_.isVisible()) // the width is not the one to come
-        return;
     const QScopedValueRollback arranging(arranging_, true);
-    int free = table_.viewport()->width();
+    // Before it is shown, the width is not the one to come.
+    const int room = table_.isVisible() ? table_.viewport()->width() : largestColumn;
+    showWhatFits(room);
+    shareOut(room);
+}
+
+void SongTableLayout::showWhatFits(int room)
+{
+    std::array<bool, std::size_t(songColumnCount)> shown{};
+    int needed = 0;
+    forEachColumn([&](SongColumn column) {
+        shown[std::size_t(column)] = isWanted(column);
+        if (isWanted(column))
+            needed += leastWidth(column, widths_[std::size_t(column)]);
+    });
+    for (const SongColumn column : givenUp) {
+        const auto place = std::size_t(column);
+        if (needed <= room || !shown[place] || wanted_[place]) // what the user asks for is there
+            continue;
+        shown[place] = false;
+        needed -= widths_[place];
+    }
+    forEachColumn(
+        [&](SongColumn column) { header().setSectionHidden(int(column), !shown[std::size_t(column)]); });
+}
+
+void SongTableLayout::shareOut(int room)
+{
     double shares = 0;
     forEachColumn([&](SongColumn column) {
         if (header().isSectionHidden(int(column)))
             return;
-        if (isFlexible(column))
-            shares += shares_[std::size_t(column)];
-        else
-            free -= header().sectionSize(int(column));
+        const int width = widths_[std::size_t(column)];
+        if (isFlexible(column)) {
+            shares += width;
+        } else {
+            header().resizeSection(int(column), width);
+            room -= width;
+        }
     });
     for (const SongColumn column : flexibleColumns) {
         if (header().isSectionHidden(int(column)))
             continue;
-        const double share = shares_[std::size_t(column)];
-        const int width = qMax(smallestTextColumn, qRound(free * share / shares));
+        const double share = widths_[std::size_t(column)];
+        const int width = qMax(smallestTextColumn, qRound(room * share / shares));
         header().resizeSection(int(column), width);
         // What is left over by rounding or taken by a smallest width is the others' to share.
-        free -= width;
+        room -= width;
         shares -= share;
     }
 }
 
-void SongTableLayout::takeShares()
+void SongTableLayout::takeWidths(SongColumn resized)
 {
-    for (const SongColumn column : flexibleColumns)
+    const auto take = [this](SongColumn column) {
         if (!header().isSectionHidden(int(column)))
-            shares_[std::size_t(column)] = qMax(1, header().sectionSize(int(column)));
+            widths_[std::size_t(column)] = qMax(1, header().sectionSize(int(column)));
+    };
+    take(resized);
+    if (isFlexible(resized))
+        std::ranges::for_each(flexibleColumns, take);
 }
 
 void SongTableLayout::addColumns(QMenu& menu)
@@ -292,7 +326,7 @@ void SongTableLayout::addColumns(QMenu& menu)
             return;
         QAction* action = menu.addAction(SongTableModel::title(column));
         action->setCheckable(true);
-        action->setChecked(wanted_[std::size_t(column)]);
+        action->setChecked(isWanted(column));
         connect(action, &QAction::toggled, this, [this, column](bool on) { setShown(column, on); });
     });
 }
@@ -344,8 +378,7 @@ void SongTableLayout::addSorting(QMenu& menu)
 {
     auto* group = new QActionGroup(&menu);
     forEachColumn([&](SongColumn column) {
-        const auto place = std::size_t(column);
-        if (!isSortable(column) || !wanted_[place] || !available_[place])
+        if (!isSortable(column) || !isWanted(column))
             return;
         QAction* action = menu.addAction(SongTableModel::title(column));
         action->setCheckable(true);

@@ -8,6 +8,7 @@
 #include <QTimer>
 
 #include <array>
+#include <optional>
 
 class QHeaderView;
 class QJsonObject;
@@ -35,7 +36,7 @@ class SongTableLayout : public QObject {
     void setSortDescriptors(const QList<SortDescriptor>& descriptors);
     /// Whether there is such a column in what is shown now.
     void setAvailable(SongColumn column, bool available);
-    /// Gives the columns of text the width that is left in the table.
+    /// Gives the columns of text the width that is left in the table, and hides what there is no room for.
     void fit();
 
     /// For the choice of columns, and of what the rows are sorted by, without a mouse.
@@ -56,11 +57,14 @@ class SongTableLayout : public QObject {
     void saveUnsaved();
     void changed();
     void setShown(SongColumn column, bool shown);
-    void updateShown();
+    void showWhatFits(int room);
+    void shareOut(int room);
+    /// The user has resized that column.
+    void takeWidths(SongColumn resized);
     void sortBy(int section, Qt::SortOrder order);
     void showIndicator();
-    /// The text columns' widths of now are the proportions to keep.
-    void takeShares();
+    /// Whether the column is to be shown when there is room.
+    [[nodiscard]] bool isWanted(SongColumn column) const;
     void showMenu(const QPoint& position);
 
     QTableView& table_;
@@ -68,9 +72,10 @@ class SongTableLayout : public QObject {
     QString name_;
     QTimer saveSoon_;
     QList<SortDescriptor> descriptors_;
-    std::array<bool, std::size_t(songColumnCount)> wanted_{};    ///< by the user
+    /// Whether the user wants the column; nothing while it is the program's to say.
+    std::array<std::optional<bool>, std::size_t(songColumnCount)> wanted_{};
     std::array<bool, std::size_t(songColumnCount)> available_{}; ///< in what is shown
-    std::array<double, std::size_t(songColumnCount)> shares_{};  ///< of the text columns
+    std::array<int, std::size_t(songColumnCount)> widths_{};     ///< as the user has them
     bool arranging_ = false;                                     ///< what changes is changed by the program
 };
 

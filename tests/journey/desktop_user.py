@@ -64,12 +64,51 @@ class DesktopUser:
         table = self.wait_for(table_name)
         return Atspi.Table.get_n_rows(table)
 
-    def cell(self, table_name, row, column):
+    def cell(self, table_name, row, column="Name"):
+        """The cell of a table in the column of that heading, or in the only one."""
         table = self.wait_for(table_name)
-        return Atspi.Table.get_accessible_at(table, row, column)
+        return Atspi.Table.get_accessible_at(table, row, self._column(table, column))
+
+    def heading(self, table_name, column):
+        table = self.wait_for(table_name)
+        return Atspi.Table.get_column_header(table, self._column(table, column))
+
+    def texts(self, name, column="Name"):
+        """What the rows of a table say in that column, or the rows of a list."""
+        rows = self.wait_for(name)
+        if rows.get_role() == Atspi.Role.TABLE:
+            place = self._column(rows, column)
+            cells = [Atspi.Table.get_accessible_at(rows, row, place) for row in range(Atspi.Table.get_n_rows(rows))]
+        else:
+            cells = [rows.get_child_at_index(i) for i in range(rows.get_child_count())]
+        return [cell.get_name() for cell in cells if cell is not None]
+
+    def choose(self, name, text):
+        """Clicks the row of that text in a table or list."""
+        row = wait_until(lambda: text in self.texts(name) and self.texts(name).index(text) + 1, 10,
+                         f"“{text}” in “{name}”") - 1
+        rows = self.wait_for(name)
+        is_table = rows.get_role() == Atspi.Role.TABLE
+        self.click(self.cell(name, row) if is_table else rows.get_child_at_index(row))
 
     def double_click_row(self, table_name, row):
-        self.click(self.cell(table_name, row, 1), times=2)
+        self.click(self.cell(table_name, row), times=2)
+
+    def drag_row(self, table_name, row, below):
+        """Drags a row to the lower half of another one."""
+        start, end = _extents(self.cell(table_name, row)), _extents(self.cell(table_name, below))
+        x, y = start.x + start.width // 3, start.y + start.height // 2
+        target = end.y + end.height * 3 // 4
+        self._xdotool("mousemove", str(x), str(y), "mousedown", "1")
+        for part in range(1, 9):  # a drag begins, and its target is found, by moving
+            self._xdotool("mousemove", str(x), str(y + (target - y) * part // 8))
+        self._xdotool("mousemove", str(x + 1), str(target), "mouseup", "1")
+
+    @staticmethod
+    def _column(table, heading):
+        count = Atspi.Table.get_n_columns(table)
+        titles = [Atspi.Table.get_column_description(table, column) for column in range(count)]
+        return titles.index(heading) if count > 1 else 0
 
     def _xdotool(self, *arguments):
         self._environment.run(["xdotool", *arguments])

@@ -44,8 +44,8 @@ class Environment:
                               capture_output=True, **options).stdout
 
     def _start_display(self, size):
-        server = self.start(["Xvfb", "-displayfd", "1", "-screen", "0", f"{size}x24", "-nolisten", "tcp"],
-                            stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        server = self.start(["Xvfb", "-displayfd", "1", "-screen", "0", f"{size}x24", "-nolisten", "tcp",
+                             "-fbdir", str(self.root)], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         self.env["DISPLAY"] = ":" + first_line(server, 20)
         self.start(["openbox"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         # A neutral ground behind the window, as a desktop would have.

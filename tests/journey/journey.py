@@ -17,6 +17,7 @@ import urllib.request
 
 from desktop_user import DesktopUser
 from environment import Environment, wait_until
+from library_steps import LibrarySteps
 from recorder import Recorder
 from remote_control import RemoteControl
 
@@ -25,7 +26,7 @@ AUDIBLE = 0.003  # root mean square of music, even of its quiet passages, is far
 SILENT = 0.0001
 
 
-class Journey:
+class Journey(LibrarySteps):
     def __init__(self, bin_folder, output):
         self.bin = bin_folder
         self.output = output
@@ -165,7 +166,8 @@ class Journey:
         self.user.press("Escape")
         return f"{self.now_playing()}: {status}"
 
-    STEPS = ("start", "search", "play", "pause", "resume", "seek", "mpris", "love", "download", "quit", "restart", "play_downloaded")
+    STEPS = ("start", "search", "play", "pause", "resume", "seek", "mpris", "love", "download", "quit", "restart",
+             "play_downloaded") + LibrarySteps.STEPS
 
     # What the steps are made of.
 

@@ -179,6 +179,7 @@ TEST_F(MainWindowTest, ColumnsFollowTheSource)
                 columns.append(identifierOf(SongColumn(column)));
         return columns.join(QLatin1Char(' '));
     };
+    window->resize(1280, 800);
     showAsSearch({localSong(1, {{keys::Hotness, 56}, {keys::Album, QString()}})});
     EXPECT_EQ(shown(), QStringLiteral("Speaker Index Favorite DL Name Artist Album Duration Hotness "
                                       "Familiarity Found Date"));
