@@ -35,6 +35,9 @@ inline const QString PlaylistHost = QStringLiteral("PlaylistHost");     // share
 // The port that the bundled service had last; song addresses in the library name it.
 inline const QString CataloguePort = QStringLiteral("CataloguePort");
 
+// Where the music-information service has its pages for people, as a host like those above.
+inline const QString MusicInfoSite = QStringLiteral("MusicInfoSite");
+
 // Web pages, complete addresses.
 inline const QString SupportPage = QStringLiteral("SupportPage");
 inline const QString SharedPlaylistsPage = QStringLiteral("SharedPlaylistsPage");

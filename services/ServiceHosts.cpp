@@ -58,6 +58,12 @@ QByteArray serviceAddress(const UserDefaults& userDefaults, const QString& hostK
     return (QLatin1String("http://") + host + pathAndQuery).toUtf8();
 }
 
+QString musicInfoWebSite(const UserDefaults& userDefaults)
+{
+    const QString site = withoutTrailingSlashes(userDefaults.string(settings::MusicInfoSite));
+    return site.isEmpty() ? withoutTrailingSlashes(userDefaults.string(settings::MusicInfoHost)) : site;
+}
+
 QString hostName(const QString& serviceHost)
 {
     return QUrl(QLatin1String("http://") + serviceHost, QUrl::StrictMode).host();

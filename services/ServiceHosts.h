@@ -29,6 +29,10 @@ std::optional<QVariantMap> hostsAtBase(const QString& base);
 QByteArray serviceAddress(const UserDefaults& userDefaults, const QString& hostKey,
                           const QString& pathAndQuery);
 
+/// HOST[:PORT][/PATH] of the music-information service's pages for people: the setting, else the service's
+/// own host. Empty when neither is configured.
+QString musicInfoWebSite(const UserDefaults& userDefaults);
+
 /// The bare name or address in a HOST[:PORT][/PATH]; empty when there is none.
 QString hostName(const QString& serviceHost);
 
