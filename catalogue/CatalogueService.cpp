@@ -32,11 +32,13 @@ void logUpdate(const SongIndex::Update& update)
 
 } // namespace
 
-CatalogueService::CatalogueService(DemoSongs& demo, Database database)
+CatalogueService::CatalogueService(DemoSongs& demo, Database database, CoverProcess pictures)
     : index_(std::move(database))
     , catalogue_(demo, index_)
     , artists_(catalogue_)
-    , files_(demo, catalogue_, index_)
+    , covers_(std::move(pictures))
+    , tracks_(catalogue_, index_, covers_)
+    , files_(demo, catalogue_, index_, covers_)
     , answering_(answeringThreads)
 {
 }
@@ -85,6 +87,9 @@ HttpReply CatalogueService::answeredPage(const HttpRequest& request) const
 {
     if (const auto method = after(QLatin1String("/api/v4/artist/"), request.path)) {
         if (auto reply = artists_.answer(*method, request))
+            return *reply;
+    } else if (request.path == u"/2.0/") {
+        if (auto reply = tracks_.answer(request))
             return *reply;
     } else if (const auto id = after(QLatin1String("/song/"), request.path)) {
         if (const auto song = catalogue_.song(*id))

@@ -4,6 +4,7 @@
 #include "catalogue/ArtistService.h"
 #include "catalogue/HttpServer.h"
 #include "catalogue/SongFiles.h"
+#include "catalogue/TrackInfoService.h"
 #include "catalogue/WorkerPool.h"
 
 #include <chrono>
@@ -16,7 +17,8 @@ namespace zib {
 class CatalogueService final : public HttpHandler {
   public:
     /// @param demo must outlive the service, and is to be stopped before it goes: requests may wait for it
-    CatalogueService(DemoSongs& demo, Database database);
+    /// @param pictures reads the covers within the user's own files
+    CatalogueService(DemoSongs& demo, Database database, CoverProcess pictures = CoverProcess({}));
 
     /// Indexes these folders in the background, now and again after each pause.
     /// @param makeReader called on the indexing thread
@@ -35,6 +37,8 @@ class CatalogueService final : public HttpHandler {
     SongIndex index_;
     MusicCatalogue catalogue_;
     ArtistService artists_;
+    SongCovers covers_;
+    TrackInfoService tracks_;
     SongFiles files_;
     WorkerPool answering_;
     std::jthread indexing_;

@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -17,6 +18,7 @@ struct DemoTrack {
     int seconds = 0;
     QString extension; ///< "mp3", "wav", "m4a" or "aac"
     QString mediaType;
+    QString about = {}; ///< some sentences about the artist and the song, plain text
 };
 
 struct DemoAlbum {
@@ -67,8 +69,16 @@ class DemoCatalogue final : public DemoSongs {
     std::optional<QString> file(const QString& trackId) override;
     std::optional<QString> cover(const QString& trackId) override;
 
-    /// Starts to render what is missing, in the background at low priority, and returns at once.
-    void renderAll(Progress progress = {});
+    /// How much of the machine the background takes.
+    struct Pace {
+        std::chrono::milliseconds first{0}; ///< it begins so much later
+        int rest = 0; ///< times the processor time of a song it rests before the next one
+    };
+
+    /// Starts to render what is missing, in the background with only the processor and disk time that nobody
+    /// else wants, and returns at once. What follows a song that was asked for on its artist's albums comes
+    /// first and without rest, as it is likely to be heard next.
+    void renderAll(Progress progress, Pace pace);
 
     /// Ends the rendering soon, leaving no half file behind; who waits in file() or cover() gets nothing.
     /// Returns when all background work has ended; nothing is rendered afterwards.

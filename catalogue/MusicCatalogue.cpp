@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/MusicCatalogue.h"
 
+#include "catalogue/ArtistRanking.h"
 #include "catalogue/TextMatching.h"
 
 #include <algorithm>
@@ -36,7 +37,7 @@ MusicCatalogue::MusicCatalogue(const DemoSongs& demo, const SongIndex& index)
                 demoSongIds_[key].append(track.id);
                 demoSongs_.insert(track.id,
                                   {track.id, track.extension, track.mediaType.toLatin1(), artist.name,
-                                   album.title, track.title, track.seconds, date, true});
+                                   album.title, track.title, track.seconds, date, true, track.about});
             }
         }
     }
@@ -89,6 +90,27 @@ std::optional<CatalogueSong> MusicCatalogue::song(const QString& id) const
         return *demo;
     if (const auto own = index_.song(id))
         return announced(*own);
+    return std::nullopt;
+}
+
+std::optional<Artist> MusicCatalogue::artistNamed(const QString& name, bool nearly) const
+{
+    const auto all = artists();
+    const QString key = folded(name);
+    const auto same = std::ranges::find(*all, key, &Artist::key);
+    if (same != all->end())
+        return *same;
+    const auto alike = nearly && !key.isEmpty() ? artistsNamed(*all, {name}, true) : QList<Artist>();
+    return alike.isEmpty() ? std::nullopt : std::optional(alike.first());
+}
+
+std::optional<CatalogueSong> MusicCatalogue::songNamed(const QString& artistKey, const QString& title) const
+{
+    constexpr int all = 100000;
+    const QString key = folded(title);
+    for (const auto& song : songs(artistKey, all))
+        if (folded(song.title) == key)
+            return song;
     return std::nullopt;
 }
 

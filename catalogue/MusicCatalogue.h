@@ -20,6 +20,7 @@ struct CatalogueSong {
     int seconds = 0;
     QDateTime date; ///< UTC
     bool isDemo = false;
+    QString about = {}; ///< some sentences, for demo songs
 };
 
 /// The demo songs and the user's own as one catalogue. Usable on any thread.
@@ -33,6 +34,13 @@ class MusicCatalogue {
     [[nodiscard]] QList<CatalogueSong> songs(const QString& artistKey, int most) const;
     [[nodiscard]] std::optional<CatalogueSong> song(const QString& id) const;
     [[nodiscard]] int songCount() const;
+
+    /// The artist of that name, case and accents apart.
+    /// @param nearly whether the artist whose name is most like it will do as well
+    [[nodiscard]] std::optional<Artist> artistNamed(const QString& name, bool nearly) const;
+    /// The artist's song of that title, case and accents apart.
+    [[nodiscard]] std::optional<CatalogueSong> songNamed(const QString& artistKey,
+                                                         const QString& title) const;
 
   private:
     const SongIndex& index_;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/SongFiles.h"
 
+#include "catalogue/SongPictures.h"
+
 #include <microhttpd.h>
 
 #include <QFile>
@@ -27,10 +29,12 @@ HttpReply notRendered()
 
 } // namespace
 
-SongFiles::SongFiles(DemoSongs& demo, const MusicCatalogue& catalogue, const SongIndex& index)
+SongFiles::SongFiles(DemoSongs& demo, const MusicCatalogue& catalogue, const SongIndex& index,
+                     const SongCovers& covers)
     : demo_(demo)
     , catalogue_(catalogue)
     , index_(index)
+    , covers_(covers)
     , renderings_(mostRenderings)
 {
 }
@@ -56,8 +60,14 @@ void SongFiles::answerCover(const QString& songId, const HttpRequest& request,
                             const HttpHandler::Respond& respond)
 {
     const auto song = catalogue_.song(songId);
-    if (!song || !song->isDemo)
+    if (!song)
         return respond(plainReply(MHD_HTTP_NOT_FOUND));
+    if (!song->isDemo) {
+        const auto own = index_.song(song->id);
+        const QByteArray picture = own ? covers_.cover(*own) : QByteArray();
+        return respond(picture.isEmpty() ? plainReply(MHD_HTTP_NOT_FOUND)
+                                         : HttpReply{.contentType = pictureType(picture), .body = picture});
+    }
     whenRendered(song->id, true, [request, respond](const auto& path) {
         if (!path)
             return respond(notRendered());

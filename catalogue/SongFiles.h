@@ -3,6 +3,7 @@
 
 #include "catalogue/HttpServer.h"
 #include "catalogue/MusicCatalogue.h"
+#include "catalogue/SongCovers.h"
 #include "catalogue/WorkerPool.h"
 
 #include <QHash>
@@ -16,7 +17,8 @@ namespace zib {
 class SongFiles {
   public:
     /// Its end waits for the requests at work: stop the demo songs first.
-    SongFiles(DemoSongs& demo, const MusicCatalogue& catalogue, const SongIndex& index);
+    SongFiles(DemoSongs& demo, const MusicCatalogue& catalogue, const SongIndex& index,
+              const SongCovers& covers);
 
     /// @param name "ID.EXTENSION". Blocks for the index at most, so not for a server's thread.
     void answerAudio(const QString& name, const HttpRequest& request, const HttpHandler::Respond& respond);
@@ -31,6 +33,7 @@ class SongFiles {
     DemoSongs& demo_;
     const MusicCatalogue& catalogue_;
     const SongIndex& index_;
+    const SongCovers& covers_;
 
     std::mutex mutex_;                     ///< guards what follows
     QHash<QString, QList<Ready>> waiting_; ///< one thread renders for all who wait for the same file

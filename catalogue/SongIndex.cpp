@@ -38,7 +38,7 @@ QSqlQuery prepared(const QSqlDatabase& database, const char* statement)
     return query;
 }
 
-constexpr const char* songColumns = "id, path, modified, artist, album, title, year, track, seconds";
+constexpr const char* songColumns = "id, path, modified, artist, album, title, year, track, seconds, folder";
 
 IndexedSong songAt(const QSqlQuery& query)
 {
@@ -52,6 +52,7 @@ IndexedSong songAt(const QSqlQuery& query)
     song.tags.year = query.value(6).toInt();
     song.tags.track = query.value(7).toInt();
     song.tags.seconds = query.value(8).toInt();
+    song.folder = query.value(9).toByteArray();
     return song;
 }
 

@@ -31,6 +31,7 @@ using Artists = std::shared_ptr<const QList<Artist>>;
 struct IndexedSong {
     QString id; ///< 32 lower-case hexadecimal characters, a digest of the path
     QByteArray path;
+    QByteArray folder;   ///< the music folder that it lies in
     qint64 modified = 0; ///< nanoseconds since 1970
     SongTags tags;
 };

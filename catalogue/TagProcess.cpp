@@ -103,12 +103,17 @@ std::optional<SongTags> TagProcess::read(const QByteArray& path)
     return decoded(process_->readLine());
 }
 
-int TagProcess::run()
+void TagProcess::limitMemory()
 {
     const rlimit memory{mostMemory, mostMemory};
     const rlimit noCore{0, 0};
     ::setrlimit(RLIMIT_DATA, &memory);
     ::setrlimit(RLIMIT_CORE, &noCore);
+}
+
+int TagProcess::run()
+{
+    limitMemory();
     TagFileReader reader;
     for (std::string path; std::getline(std::cin, path, '\0');)
         std::cout << encoded(reader.read(QByteArray::fromStdString(path))).constData() << std::endl;

@@ -24,6 +24,9 @@ class TagProcess final : public TagReader {
     /// The process's own side: answers the paths on its standard input until that closes.
     static int run();
 
+    /// Bounds the calling process's memory for good.
+    static void limitMemory();
+
   private:
     bool start();
 

@@ -43,10 +43,7 @@ XmlReply::XmlReply()
 XmlReply::XmlReply(ServiceStatus status, const QString& message)
     : status_(status)
 {
-    auto declaration = document_.append_child(pugi::node_declaration);
-    declaration.append_attribute("version").set_value("1.0");
-    declaration.append_attribute("encoding").set_value("UTF-8");
-    auto element = document_.append_child("response").append_child("status");
+    auto element = declaredRoot(document_, "response").append_child("status");
     addText(element, "version", QStringLiteral("4.2"));
     addText(element, "code", QString::number(int(status)));
     addText(element, "message", message);
@@ -54,9 +51,22 @@ XmlReply::XmlReply(ServiceStatus status, const QString& message)
 
 HttpReply XmlReply::http() const
 {
+    return xmlReply(document_, status_ == ServiceStatus::Success ? 200 : 400);
+}
+
+pugi::xml_node declaredRoot(pugi::xml_document& document, const char* name)
+{
+    auto declaration = document.append_child(pugi::node_declaration);
+    declaration.append_attribute("version").set_value("1.0");
+    declaration.append_attribute("encoding").set_value("UTF-8");
+    return document.append_child(name);
+}
+
+HttpReply xmlReply(const pugi::xml_document& document, int httpStatus)
+{
     ByteWriter writer;
-    document_.save(writer, "", pugi::format_raw, pugi::encoding_utf8);
-    return {.status = status_ == ServiceStatus::Success ? 200 : 400,
+    document.save(writer, "", pugi::format_raw, pugi::encoding_utf8);
+    return {.status = httpStatus,
             .contentType = "text/xml; charset=utf-8",
             .body = writer.bytes,
             .headers = {{"Cache-Control", "no-store"}}};

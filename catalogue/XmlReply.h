@@ -20,6 +20,12 @@ enum class ServiceStatus {
 /// An element with that text; characters that XML cannot carry are left out.
 void addText(pugi::xml_node parent, const char* name, const QString& text);
 
+/// The root element of a new document in UTF-8.
+pugi::xml_node declaredRoot(pugi::xml_document& document, const char* name);
+
+/// The document as a reply that no cache keeps: what is answered grows with the index.
+HttpReply xmlReply(const pugi::xml_document& document, int httpStatus);
+
 /// A reply that begins with response/status.
 class XmlReply {
   public:

@@ -28,6 +28,8 @@ enum ExitCode { Done = 0, Failed = 1, WrongUsage = 2 };
 
 constexpr std::chrono::minutes indexingPause{10};
 constexpr quint16 usualPort = 8344;
+/// A twentieth of one processor, so that no fan is heard; whoever asks for a song does not wait for its turn.
+constexpr DemoCatalogue::Pace renderingPace{.first = std::chrono::seconds(20), .rest = 20};
 
 struct ServeOptions {
     QString bind;
@@ -158,7 +160,8 @@ int serve(const ServeOptions& options, int signals)
     const QString url = socket->url();
 
     DemoCatalogue demo(options.dataFolder + QStringLiteral("/demo"));
-    CatalogueService service(demo, std::move(*database));
+    CatalogueService service(demo, std::move(*database),
+                             CoverProcess(QCoreApplication::applicationFilePath()));
     const auto server = HttpServer::start(std::move(*socket), service, {});
     if (!server)
         return complain(Failed, QStringLiteral("cannot start the server"));
@@ -171,10 +174,12 @@ int serve(const ServeOptions& options, int signals)
             return std::make_unique<TagProcess>(QCoreApplication::applicationFilePath(), std::move(stop));
         },
         indexingPause);
-    demo.renderAll([](int done, int total) {
-        if (done == total || done % 10 == 0)
-            qCInfo(log).noquote() << QStringLiteral("demo songs: %1 of %2 rendered").arg(done).arg(total);
-    });
+    demo.renderAll(
+        [](int done, int total) {
+            if (done == total || done % 10 == 0)
+                qCInfo(log).noquote() << QStringLiteral("demo songs: %1 of %2 rendered").arg(done).arg(total);
+        },
+        renderingPace);
     waitUntilTold(signals, options.untilStdinCloses);
     server->quiesce();
     demo.stop();
@@ -187,6 +192,8 @@ int main(int argc, char** argv)
 {
     if (argc == 2 && std::string_view(argv[1]) == "read-tags")
         return TagProcess::run();
+    if (argc == 3 && std::string_view(argv[1]) == "read-cover")
+        return CoverProcess::run(argv[2]);
     const int signals = stopSignals();
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("zib-catalogue"));

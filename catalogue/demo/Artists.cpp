@@ -2,6 +2,7 @@
 #include "catalogue/demo/Artists.h"
 
 #include "catalogue/demo/ArtistTable.h"
+#include "catalogue/demo/Prose.h"
 
 #include <QCryptographicHash>
 
@@ -65,6 +66,9 @@ TrackPlan planOf(const ArtistEntry& artist, const AlbumEntry& album, int number)
     plan.track.id = digest({QStringLiteral("demo track"), plan.artist, plan.album, text(song.title)});
     plan.track.title = text(song.title);
     plan.track.seconds = song.seconds;
+    plan.track.about =
+        aboutArtist(plan.artist) + QLatin1Char(' ') +
+        aboutTrack(plan.track.title, number, static_cast<int>(album.songs.size()), plan.album, plan.year);
     plan.track.extension = kind.extension;
     plan.track.mediaType = kind.mediaType;
     plan.coverId = digest({QStringLiteral("demo cover"), plan.artist, plan.album});

@@ -13,15 +13,20 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLoggingCategory>
+#include <QSet>
 
 #include <algorithm>
 #include <atomic>
 #include <condition_variable>
 #include <cstdio>
+#include <ctime>
+#include <deque>
 #include <map>
 #include <mutex>
 #include <pthread.h>
+#include <sys/syscall.h>
 #include <thread>
+#include <unistd.h>
 
 namespace zib {
 
@@ -38,12 +43,24 @@ constexpr int composerVersion = 1;
 // Nobody renders one song for so long: what is older was left by a process that was killed.
 constexpr int abandonedAfterSeconds = 600;
 
-/// The calling thread gets only the processor time that nobody else wants.
+/// The calling thread gets only the processor and disk time that nobody else wants.
 void becomeIdle()
 {
     const sched_param parameter{};
     pthread_setschedparam(pthread_self(), SCHED_IDLE, &parameter);
+    constexpr int thisThread = 1;
+    constexpr int idleClass = 3 << 13;
+    syscall(SYS_ioprio_set, thisThread, 0, idleClass);
 }
+
+std::chrono::nanoseconds processorTimeOfThread()
+{
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+}
+
+constexpr int songsAhead = 3; // of a song that was asked for: some four minutes
 
 enum class Urgency { Background, Awaited };
 
@@ -65,7 +82,8 @@ struct DemoCatalogue::Renderer {
 
     std::optional<QString> song(const QString& trackId, Urgency urgency);
     std::optional<QString> cover(const QString& trackId, Urgency urgency);
-    void renderAll(Progress progress);
+    void expectNext(const QString& trackId);
+    void renderAll(Progress progress, Pace pace);
     void stop();
 
   private:
@@ -76,8 +94,8 @@ struct DemoCatalogue::Renderer {
     bool makeWhole(const QString& path, const TrackPlan& plan, Make make, const Job& job);
     bool makeSong(const TrackPlan& plan, const QString& path, const Job& job);
     bool makeCover(const TrackPlan& plan, const QString& path, const Job& job);
-    void runInBackground(const Progress& progress);
-    bool mayContinue();
+    void runInBackground(const Progress& progress, Pace pace);
+    std::optional<QString> nextInBackground(std::chrono::steady_clock::time_point restsUntil);
 
     QString folder_;
     std::atomic<int> temporaryNames_ = 0;
@@ -85,6 +103,8 @@ struct DemoCatalogue::Renderer {
     std::condition_variable changed_;
     std::map<QString, std::shared_ptr<Job>> jobs_; // by the name of the file
     bool stopped_ = false;
+    std::deque<QString> ahead_; // what is likely to be asked for next
+    std::deque<QString> rest_;  // what the background has not come to
     std::thread background_;
 };
 
@@ -194,40 +214,73 @@ std::optional<QString> DemoCatalogue::Renderer::cover(const QString& trackId, Ur
     return finished(plan->coverId + QLatin1String(".jpg"), *plan, &Renderer::makeCover, urgency);
 }
 
-/// Waits until no listener does; false when all shall end.
-bool DemoCatalogue::Renderer::mayContinue()
+/// The next song, when no listener waits and the rest is over or somebody may soon listen; nothing when all
+/// are done or shall end.
+std::optional<QString>
+DemoCatalogue::Renderer::nextInBackground(std::chrono::steady_clock::time_point restsUntil)
 {
-    std::unique_lock lock(mutex_);
     const auto awaited = [this] {
         return std::any_of(jobs_.begin(), jobs_.end(),
                            [](const auto& entry) { return entry.second->urgency == Urgency::Awaited; });
     };
-    changed_.wait(lock, [&] { return stopped_ || !awaited(); });
-    return !stopped_;
+    std::unique_lock lock(mutex_);
+    const auto hurries = [&] { return stopped_ || (!ahead_.empty() && !awaited()); };
+    if (!changed_.wait_until(lock, restsUntil, hurries))
+        changed_.wait(lock, [&] { return stopped_ || !awaited(); });
+    auto& songs = ahead_.empty() ? rest_ : ahead_;
+    if (stopped_ || songs.empty())
+        return std::nullopt;
+    const QString trackId = songs.front();
+    songs.pop_front();
+    return trackId;
 }
 
-void DemoCatalogue::Renderer::runInBackground(const Progress& progress)
+/// What follows the song in its artist's albums.
+void DemoCatalogue::Renderer::expectNext(const QString& trackId)
 {
-    becomeIdle();
-    const auto& plan = demo::demoPlan();
-    const int total = static_cast<int>(plan.tracks.size());
-    int done = 0;
-    for (const DemoArtist& artist : plan.artists)
+    std::deque<QString> next;
+    for (const DemoArtist& artist : demo::demoPlan().artists) {
+        bool follows = false;
         for (const DemoAlbum& album : artist.albums)
             for (const DemoTrack& track : album.tracks) {
-                if (!mayContinue())
-                    return;
-                if (song(track.id, Urgency::Background) && progress)
-                    progress(++done, total);
+                if (follows && next.size() < songsAhead)
+                    next.push_back(track.id);
+                follows = follows || track.id == trackId;
             }
+    }
+    const std::scoped_lock lock(mutex_);
+    ahead_ = std::move(next);
+    changed_.notify_all();
 }
 
-void DemoCatalogue::Renderer::renderAll(Progress progress)
+void DemoCatalogue::Renderer::runInBackground(const Progress& progress, Pace pace)
+{
+    becomeIdle();
+    const int total = static_cast<int>(demo::demoPlan().tracks.size());
+    QSet<QString> done;
+    auto restsUntil = std::chrono::steady_clock::now() + pace.first;
+    while (const auto trackId = nextInBackground(restsUntil)) {
+        const auto before = processorTimeOfThread();
+        if (song(*trackId, Urgency::Background) && !done.contains(*trackId)) {
+            done.insert(*trackId);
+            if (progress)
+                progress(static_cast<int>(done.size()), total);
+        }
+        restsUntil = std::chrono::steady_clock::now() + pace.rest * (processorTimeOfThread() - before);
+    }
+}
+
+void DemoCatalogue::Renderer::renderAll(Progress progress, Pace pace)
 {
     const std::scoped_lock lock(mutex_);
     if (stopped_ || background_.joinable())
         return;
-    background_ = std::thread([this, progress = std::move(progress)] { runInBackground(progress); });
+    for (const DemoArtist& artist : demo::demoPlan().artists)
+        for (const DemoAlbum& album : artist.albums)
+            for (const DemoTrack& track : album.tracks)
+                rest_.push_back(track.id);
+    background_ =
+        std::thread([this, progress = std::move(progress), pace] { runInBackground(progress, pace); });
 }
 
 void DemoCatalogue::Renderer::stop()
@@ -264,7 +317,9 @@ const QList<DemoArtist>& DemoCatalogue::artists() const
 
 std::optional<QString> DemoCatalogue::file(const QString& trackId)
 {
-    return renderer_->song(trackId, Urgency::Awaited);
+    const auto path = renderer_->song(trackId, Urgency::Awaited);
+    renderer_->expectNext(trackId);
+    return path;
 }
 
 std::optional<QString> DemoCatalogue::cover(const QString& trackId)
@@ -272,9 +327,9 @@ std::optional<QString> DemoCatalogue::cover(const QString& trackId)
     return renderer_->cover(trackId, Urgency::Awaited);
 }
 
-void DemoCatalogue::renderAll(Progress progress)
+void DemoCatalogue::renderAll(Progress progress, Pace pace)
 {
-    renderer_->renderAll(std::move(progress));
+    renderer_->renderAll(std::move(progress), pace);
 }
 
 void DemoCatalogue::stop()

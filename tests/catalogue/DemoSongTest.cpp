@@ -280,6 +280,26 @@ TEST(DemoFiles, SurviveAKilledRenderer)
     EXPECT_TRUE(catalogue.file(id));
 }
 
+TEST(DemoFiles, WhatFollowsASongThatWasAskedForIsMadeWhileTheBackgroundRests)
+{
+    const QTemporaryDir folder;
+    DemoCatalogue catalogue(folder.path());
+    const DemoAlbum album = catalogue.artists().last().albums.first();
+    std::atomic<int> finished = 0;
+    catalogue.renderAll([&](int done, int) { finished = done; }, {.first = std::chrono::hours(1), .rest = 0});
+    EXPECT_TRUE(catalogue.file(album.tracks[1].id));
+    while (finished < 1)
+        usleep(1000);
+    QStringList expected{album.tracks[1].id, album.tracks[2].id};
+    QStringList made;
+    for (const QString& name : filesIn(folder.path(), QStringLiteral("????????????????????????????????.*")))
+        if (!name.endsWith(QLatin1String(".jpg")))
+            made.append(name.left(32));
+    expected.sort();
+    made.sort();
+    EXPECT_EQ(made, expected);
+}
+
 TEST(DemoFiles, AListenerGoesBeforeTheBackground)
 {
     const QTemporaryDir folder;
@@ -288,10 +308,12 @@ TEST(DemoFiles, AListenerGoesBeforeTheBackground)
     const DemoTrack last = catalogue.artists().last().albums.last().tracks.last();
     std::atomic<int> finished = 0;
     int total = 0;
-    catalogue.renderAll([&](int done, int all) {
-        total = all;
-        finished = done;
-    });
+    catalogue.renderAll(
+        [&](int done, int all) {
+            total = all;
+            finished = done;
+        },
+        {});
     // The last song of all, and the very one that the background has begun with.
     auto other = std::async(std::launch::async, [&] { return catalogue.file(last.id); });
     EXPECT_TRUE(catalogue.file(first.id));

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Hunts a program that outlives its parent, that cannot be told to stop, or that a music file brings down.
+#include "catalogue/CoverProcess.h"
 #include "catalogue/HttpServer.h"
 #include "catalogue/TagProcess.h"
 #include "tests/catalogue/RawClient.h"
@@ -86,6 +87,18 @@ TEST_F(ProgramTest, FindsDemoSongsAndOwnSongs)
     const auto address = found.indexOf("/audio/");
     ASSERT_GT(address, 0) << found.constData();
     EXPECT_EQ(get(port, found.mid(address, found.indexOf("</url>") - address)).body, wavFile(2));
+    // A picture within a file, which another process takes out.
+    EXPECT_EQ(QProcess::execute(u"ffmpeg"_s,
+                                {u"-v"_s, u"error"_s, u"-i"_s, song.fileName(), u"-f"_s, u"lavfi"_s, u"-i"_s,
+                                 u"color=s=16x16:d=1"_s, u"-map"_s, u"0:a"_s, u"-map"_s, u"1:v"_s,
+                                 u"-frames:v"_s, u"1"_s, u"-c:v"_s, u"png"_s, u"-disposition:v"_s,
+                                 u"attached_pic"_s, folder_.filePath(u"pictured.mp3"_s)}),
+              0);
+    const CoverProcess covers(QStringLiteral(ZIB_CATALOGUE));
+    EXPECT_TRUE(covers.read(QFile::encodeName(folder_.filePath(u"pictured.mp3"_s))).startsWith("\x89PNG"));
+    EXPECT_TRUE(covers.read(QFile::encodeName(song.fileName())).isEmpty());
+    EXPECT_TRUE(get(port, "/2.0/?method=track.getinfo&api_key=K&artist=unknown+artist&track=own+song")
+                    .body.contains("<name>Own Song</name>"));
     program_.terminate();
     expectGoodEnd();
 }
