@@ -3,6 +3,7 @@
 
 #include "library/FileViewController.h"
 
+#include <QByteArray>
 #include <QString>
 
 #include <optional>
@@ -12,7 +13,7 @@ namespace zib {
 /// The picture in the now-playing panel.
 enum class Artwork {
     SearchService, ///< nothing plays: the mark of the song search
-    Standard,      ///< a song without a cover
+    Standard,      ///< a song whose cover is not known
 };
 
 /// What the controller shows in the main window. The status line is no part of it: the window shows the
@@ -31,6 +32,9 @@ class MainWindowView {
 
     // Now-playing panel
     virtual void setArtwork(Artwork artwork) = 0;
+    /// The same with a picture of the song's own.
+    /// @param file as it came from the web; whatever it holds, the window stays as it is until it is read.
+    virtual void setArtworkPicture(const QByteArray& file) = 0;
     virtual void setTickerHeader(const QString& text) = 0;
     virtual void setTickerText(const QString& text) = 0;
     /// @param percent 0 to 100.

@@ -33,12 +33,18 @@ QString translated(const char* text)
 
 } // namespace
 
-PlaybackQueue::PlaybackQueue(ControllerContext& context, RVPlayer& player, const Clock& clock)
+PlaybackQueue::PlaybackQueue(ControllerContext& context, RVPlayer& player, const WebServices& services)
     : context_(context)
     , player_(player)
-    , clock_(clock)
+    , clock_(services.clock)
     , streamReports_(context)
+    , display_(context, services)
 {
+    connect(&display_, &NowPlayingDisplay::completed, this, [this] {
+        if (player_.hasMedia())
+            setArtworkForCurrentTrack();
+        Q_EMIT songInformationCompleted();
+    });
 }
 
 // Choosing and starting
@@ -97,12 +103,19 @@ void PlaybackQueue::playTrack(const Record& chosen)
     showDownloaded();
     reloadTracks();
 
-    if (playsFile)
-        setArtworkForCurrentTrack();
-    else if (player_.hasMedia())
-        showTitles();
+    if (player_.hasMedia())
+        showTrack();
     Q_EMIT trackChanged();
     Q_EMIT stateChanged();
+}
+
+void PlaybackQueue::showTrack()
+{
+    if (context_.connectedToInternet)
+        display_.request(nowplayingTrack());
+    else
+        display_.drop(); // what it says is of another song
+    setArtworkForCurrentTrack();
 }
 
 /// A song that plays from disk is not broken, and one from the web that does has been downloaded.
@@ -139,10 +152,11 @@ void PlaybackQueue::stop()
     context_.window.setProgress(0);
     context_.window.setProgressEnabled(false);
     snapshot_.reset();
+    display_.drop();
     reloadTracks();
     context_.window.setRemainingText({});
     context_.window.setElapsedText({});
-    showIdleBanner();
+    display_.showIdleBanner();
     context_.window.setFavorite(false);
     context_.window.setFavoriteEnabled(false);
     showDownloaded();
@@ -163,16 +177,6 @@ void PlaybackQueue::showDownloaded()
     const bool onDisk = isLocalFile(track) || track.boolean(keys::Downloaded);
     context_.window.setDownloaded(onDisk || context_.downloads.isRunning(track.string(keys::Id)));
     context_.window.setDownloadEnabled(track && !onDisk);
-}
-
-void PlaybackQueue::showIdleBanner()
-{
-    context_.window.setTickerHeader(translated("Powered by"));
-    context_.window.setArtwork(Artwork::SearchService);
-    context_.window.setTickerText(translated("The Echo Nest"));
-    const QString host = context_.defaults.string(settings::SongSearchHost);
-    setStatus(host.isEmpty() ? context_.defaults.string(settings::HomePage)
-                             : QStringLiteral("http://") + host);
 }
 
 // Next and back
@@ -387,15 +391,11 @@ void PlaybackQueue::endOfSong()
 
 void PlaybackQueue::setArtworkForCurrentTrack()
 {
-    showTitles();
-    setStatus(player_.isStreaming() ? translated("Streaming...") : translated("Playing from disk"));
-}
-
-void PlaybackQueue::showTitles()
-{
-    context_.window.setArtwork(Artwork::Standard);
-    context_.window.setTickerHeader(translated("Now Playing"));
-    context_.window.setTickerText(artistAndName(nowplayingTrack()));
+    display_.showSong(nowplayingTrack());
+    if (!player_.isStreaming())
+        setStatus(translated("Playing from disk"));
+    else if (player_.isPlaying()) // and not while it waits for the web
+        setStatus(translated("Streaming..."));
 }
 
 void PlaybackQueue::setNowplayingTrack(const Record& track)
@@ -408,9 +408,12 @@ void PlaybackQueue::setNowplayingTrack(const Record& track)
 
 void PlaybackQueue::updateNowplayingTrack(const Record& track)
 {
+    if (!snapshot_)
+        return;
     setNowplayingTrack(track);
-    if (snapshot_)
-        context_.window.setTickerText(artistAndName(track));
+    context_.window.setTickerText(artistAndName(track));
+    if (context_.connectedToInternet)
+        display_.request(track);
 }
 
 void PlaybackQueue::nowplayingPlaylistReordered(const Record& track)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "controller/NowPlayingDisplay.h"
 #include "controller/NowPlayingSnapshot.h"
 #include "controller/StreamReports.h"
 #include "playback/RVPlayer.h"
@@ -23,7 +24,7 @@ class PlaybackQueue : public QObject, public RVPlayerDelegate {
   public:
     enum class State { Stopped, Paused, Playing };
 
-    PlaybackQueue(ControllerContext& context, RVPlayer& player, const Clock& clock);
+    PlaybackQueue(ControllerContext& context, RVPlayer& player, const WebServices& services);
 
     /// Plays the song selected in the table, else the first one.
     void songSelected();
@@ -68,7 +69,8 @@ class PlaybackQueue : public QObject, public RVPlayerDelegate {
     void updateNowplayingTrack(const Record& track);
     /// The playlist that plays was reordered and is shown; the song stands in it anew.
     void nowplayingPlaylistReordered(const Record& track);
-    void showIdleBanner();
+    /// What the music-information service says of it; null while nothing plays or when it could not be asked.
+    [[nodiscard]] const RVSongInfoDownloader* songInformation() const { return display_.current(); }
     /// Shows whether the song now playing is on disk.
     void showDownloaded();
 
@@ -114,11 +116,14 @@ class PlaybackQueue : public QObject, public RVPlayerDelegate {
     void seeked(double seconds);
     /// A little of the song was heard; duration() and canSeek() may be others.
     void progressUpdated();
+    /// songInformation() is complete.
+    void songInformationCompleted();
 
   private:
     void updateSnapshot();
     void setArtworkForCurrentTrack();
-    void showTitles();
+    /// Shows the song now playing, which has just begun, and asks about it.
+    void showTrack();
     void endOfSong();
     void countPlay();
     void reloadTracks();
@@ -135,6 +140,7 @@ class PlaybackQueue : public QObject, public RVPlayerDelegate {
     const Clock& clock_;
     StreamReports streamReports_;
     std::optional<NowPlayingSnapshot> snapshot_;
+    NowPlayingDisplay display_;
 };
 
 } // namespace zib

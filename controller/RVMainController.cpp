@@ -9,8 +9,40 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <set>
 
 namespace zib {
+
+namespace {
+
+/// A source list that is shown anew as a whole whenever something in it changes.
+class PlainSources : public SourceListing {
+  public:
+    explicit PlainSources(ControllerContext& context)
+        : context_(context)
+    {
+    }
+    int categoryOfSelectedNode() const override { return int(context_.dataManager.currentSourceType()); }
+    bool isNodeEnabled(SourceType position) const override { return enabled_.contains(position); }
+    void setNodeEnabled(SourceType position, bool enabled) override
+    {
+        if (enabled)
+            enabled_.insert(position);
+        else
+            enabled_.erase(position);
+    }
+    void reloadRow(SourceType) override { reloadRows(); }
+    void reloadRows() override { context_.window.reloadSources(); }
+    void insertNode(SourceType, int, const QString&, const QString&) override { reloadRows(); }
+    void removeNode(SourceType, int) override { reloadRows(); }
+    void changeItemView() override {}
+
+  private:
+    ControllerContext& context_;
+    std::set<SourceType> enabled_;
+};
+
+} // namespace
 
 RVMainController::RVMainController(RVDataManager& dataManager, RVPlayer& player, const WebServices& services,
                                    UserDefaults& defaults, Alerts& alerts, Desktop& desktop, Trash& trash,
@@ -26,12 +58,17 @@ RVMainController::RVMainController(RVDataManager& dataManager, RVPlayer& player,
                .defaults = defaults,
                .window = window,
                .notices = notices_}
-    , playback_(context_, player, services.clock)
-    , search_(context_, playback_, services)
+    , playback_(context_, player, services)
+    , sources_(std::make_unique<PlainSources>(context_))
+    , search_(context_, playback_, *sources_, services)
     , downloading_(context_, playback_, downloads_)
 {
     dataManager.setDelegate(this);
     player.setDelegate(&playback_);
+    QObject::connect(&playback_, &PlaybackQueue::songInformationCompleted, &playback_, [this] {
+        if (sources_->categoryOfSelectedNode() == int(SourceType::NowPlaying))
+            sources_->changeItemView();
+    });
 }
 
 RVMainController::~RVMainController()
@@ -150,21 +187,14 @@ void RVMainController::cleanUpBrokenLinks()
 
 void RVMainController::connectedToInternetNotification()
 {
-    connectivityChanged(true);
+    search_.connectedToInternetNotification();
+    Q_EMIT playback_.trackChanged(); // another song may be the next that can be played
 }
 
 void RVMainController::disconnectedFromInternetNotification()
 {
-    connectivityChanged(false);
-}
-
-void RVMainController::connectivityChanged(bool connected)
-{
-    context_.connectedToInternet = connected;
-    context_.window.setConnected(connected);
-    Q_EMIT playback_.trackChanged(); // another song may be the next that can be played
-    // Which songs can be played now shows in the rows.
-    context_.dataManager.playlistsTableView().reloadData();
+    search_.disconnectedFromInternetNotification();
+    Q_EMIT playback_.trackChanged();
 }
 
 } // namespace zib

@@ -6,12 +6,15 @@
 #include "controller/Notices.h"
 #include "controller/PlaybackQueue.h"
 #include "controller/SearchFlow.h"
+#include "controller/SourceListing.h"
 #include "library/FileViewController.h"
 #include "library/RVDataManagerDelegate.h"
 #include "library/SongDownloads.h"
 #include "library/SongEditing.h"
 #include "library/SongRemoval.h"
 #include "services/PKNetwork.h"
+
+#include <memory>
 
 namespace zib {
 
@@ -87,7 +90,6 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
     void pause() override { playback_.pause(); }
 
   private:
-    void connectivityChanged(bool connected);
     [[nodiscard]] QList<Record> selectedSongs() const;
 
     RVPlayer& player_;
@@ -98,6 +100,7 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
     SongEditing editing_;
     ControllerContext context_;
     PlaybackQueue playback_;
+    std::unique_ptr<SourceListing> sources_;
     SearchFlow search_;
     DownloadActions downloading_;
 };

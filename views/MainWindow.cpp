@@ -354,6 +354,11 @@ void MainWindow::setArtwork(Artwork artwork)
     panel_->setArtwork(artwork);
 }
 
+void MainWindow::setArtworkPicture(const QByteArray& file)
+{
+    panel_->setArtworkPicture(file);
+}
+
 void MainWindow::setTickerHeader(const QString& text)
 {
     panel_->setHeader(text);

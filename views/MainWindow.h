@@ -51,6 +51,7 @@ class MainWindow : public QMainWindow, public MainWindowView {
     void setDownloaded(bool downloaded) override;
     void setDownloadEnabled(bool enabled) override;
     void setArtwork(Artwork artwork) override;
+    void setArtworkPicture(const QByteArray& file) override;
     void setTickerHeader(const QString& text) override;
     void setTickerText(const QString& text) override;
     void setProgress(int percent) override;

@@ -3,6 +3,7 @@
 
 #include "services/utilities/StringUtilities.h"
 #include "views/Icons.h"
+#include "views/PictureReader.h"
 #include "views/TextLabel.h"
 #include "views/Theme.h"
 #include "views/Ticker.h"
@@ -10,6 +11,7 @@
 
 #include <QEvent>
 #include <QGridLayout>
+#include <QPainter>
 
 namespace zib {
 
@@ -17,6 +19,7 @@ namespace {
 
 constexpr int artworkSize = 44;
 constexpr int markSize = 14;
+constexpr qreal pictureCorner = 4;
 
 TextLabel* makeTime(const QString& accessibleName, Qt::Alignment alignment, QWidget* parent)
 {
@@ -28,10 +31,26 @@ TextLabel* makeTime(const QString& accessibleName, Qt::Alignment alignment, QWid
     return label;
 }
 
+QPixmap rounded(const QImage& picture, qreal devicePixelRatio)
+{
+    QPixmap pixmap(picture.size());
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QBrush(picture));
+    const qreal corner = pictureCorner * devicePixelRatio;
+    painter.drawRoundedRect(pixmap.rect(), corner, corner);
+    painter.end();
+    pixmap.setDevicePixelRatio(devicePixelRatio);
+    return pixmap;
+}
+
 } // namespace
 
 NowPlayingPanel::NowPlayingPanel(QWidget* parent)
     : QFrame(parent)
+    , reader_(new PictureReader(this))
     , picture_(new QLabel(this))
     , header_(new TextLabel(tr("Now playing header"), this))
     , streaming_(new QLabel(this))
@@ -74,20 +93,42 @@ NowPlayingPanel::NowPlayingPanel(QWidget* parent)
     layout->addWidget(ticker_, 1, 1);
     layout->addLayout(times, 2, 1);
     layout->setColumnStretch(1, 1);
+    connect(reader_, &PictureReader::finished, this, [this](const QImage& picture) {
+        cover_ = picture;
+        if (picture.isNull())
+            artwork_ = Artwork::Standard;
+        showArtwork();
+    });
     showArtwork();
+    showStreamingMark();
 }
 
 void NowPlayingPanel::setArtwork(Artwork artwork)
 {
     artwork_ = artwork;
+    cover_ = {};
+    reader_->cancel();
     showArtwork();
+}
+
+void NowPlayingPanel::setArtworkPicture(const QByteArray& file)
+{
+    reader_->read(file, QSize(artworkSize, artworkSize) * devicePixelRatioF());
 }
 
 void NowPlayingPanel::showArtwork()
 {
+    if (!cover_.isNull()) {
+        picture_->setPixmap(rounded(cover_, devicePixelRatioF()));
+        return;
+    }
     const QString name =
         artwork_ == Artwork::SearchService ? QStringLiteral("search") : QStringLiteral("music");
     picture_->setPixmap(icon(name, Tint::Secondary).pixmap(QSize(24, 24), devicePixelRatioF()));
+}
+
+void NowPlayingPanel::showStreamingMark()
+{
     streaming_->setPixmap(
         icon(QStringLiteral("stream"), Tint::Accent).pixmap(QSize(markSize, markSize), devicePixelRatioF()));
 }
@@ -134,8 +175,10 @@ QString NowPlayingPanel::timeAt(double percent) const
 
 void NowPlayingPanel::changeEvent(QEvent* event)
 {
-    if (event->type() == QEvent::PaletteChange)
+    if (event->type() == QEvent::PaletteChange) {
         showArtwork();
+        showStreamingMark();
+    }
     QFrame::changeEvent(event);
 }
 

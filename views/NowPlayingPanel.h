@@ -4,6 +4,7 @@
 #include "controller/MainWindowView.h"
 
 #include <QFrame>
+#include <QImage>
 
 #include <functional>
 
@@ -11,6 +12,7 @@ class QLabel;
 
 namespace zib {
 
+class PictureReader;
 class ProgressSlider;
 class TextLabel;
 class Ticker;
@@ -23,6 +25,8 @@ class NowPlayingPanel : public QFrame {
     explicit NowPlayingPanel(QWidget* parent = nullptr);
 
     void setArtwork(Artwork artwork);
+    /// The same with a picture of the song's own; see MainWindowView.
+    void setArtworkPicture(const QByteArray& file);
     void setHeader(const QString& text);
     void setTickerText(const QString& text);
     void setProgress(int percent);
@@ -39,11 +43,14 @@ class NowPlayingPanel : public QFrame {
 
   private:
     void showArtwork();
+    void showStreamingMark();
     [[nodiscard]] QString timeAt(double percent) const;
     void changeEvent(QEvent* event) override;
 
     std::function<int()> duration_;
     Artwork artwork_ = Artwork::SearchService;
+    QImage cover_; ///< shown in place of artwork_ unless it is null
+    PictureReader* reader_;
     QLabel* picture_;
     TextLabel* header_;
     QLabel* streaming_;

@@ -56,6 +56,13 @@ class ControllerWorld : public testing::Test {
             std::make_unique<RVMainController>(*library, *player, WebServices{urlLoader, defaults, clock},
                                                defaults, alerts, desktop, trash, tags, window);
     }
+    /// Nobody has anything for the automatic lists.
+    void comeOnline()
+    {
+        controller->connectedToInternetNotification();
+        for (const auto& exchange : std::exchange(urlLoader.exchanges, {}))
+            exchange->fail(QStringLiteral("nothing"));
+    }
     void quit()
     {
         controller.reset();
@@ -150,7 +157,7 @@ class ControllerFixture : public ControllerWorld {
     {
         makeController(view, window);
         controller->windowDidLoad();
-        controller->connectedToInternetNotification();
+        comeOnline();
     }
 
     FakeLibraryView view;

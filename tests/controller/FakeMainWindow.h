@@ -13,7 +13,12 @@ class FakeMainWindow : public MainWindowView {
     void setFavoriteEnabled(bool on) override { favoriteEnabled = on; }
     void setDownloaded(bool on) override { downloaded = on; }
     void setDownloadEnabled(bool on) override { downloadEnabled = on; }
-    void setArtwork(Artwork picture) override { artwork = picture; }
+    void setArtwork(Artwork picture) override
+    {
+        artwork = picture;
+        artworkPicture.clear();
+    }
+    void setArtworkPicture(const QByteArray& file) override { artworkPicture = file; }
     void setTickerHeader(const QString& text) override { tickerHeader = text; }
     void setTickerText(const QString& text) override { tickerText = text; }
     void setProgress(int value) override { progress = value; }
@@ -39,6 +44,7 @@ class FakeMainWindow : public MainWindowView {
     bool downloaded = false;
     bool downloadEnabled = false;
     Artwork artwork = Artwork::Standard;
+    QByteArray artworkPicture; ///< shown in place of artwork unless it is empty
     QString tickerHeader;
     QString tickerText;
     int progress = -1;

@@ -5,8 +5,10 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QBuffer>
 #include <QDialogButtonBox>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
@@ -231,6 +233,37 @@ TEST_F(MainWindowTest, TheProgressSeeks)
     QTest::mouseClick(progress, Qt::LeftButton, {}, progress->rect().center());
     const double secondsPerPixel = 200.0 / progress->width();
     EXPECT_NEAR(player->currentTime(), 100, 1 + secondsPerPixel);
+}
+
+TEST_F(MainWindowTest, TheCoverOfTheSongIsShownWhateverItsFileHolds)
+{
+    const auto colour = [this] {
+        const QPixmap shown = window->findChild<QLabel*>(QStringLiteral("artwork"))->pixmap();
+        return shown.toImage().pixelColor(shown.width() / 2, shown.height() / 2);
+    };
+    const auto png = [](QSize size, const QColor& ground) {
+        QImage image(size, QImage::Format_RGB32);
+        image.fill(ground);
+        QBuffer file;
+        file.open(QIODevice::WriteOnly);
+        image.save(&file, "PNG");
+        return file.data();
+    };
+    window->setArtworkPicture(png({300, 100}, Qt::red));
+    EXPECT_TRUE(eventually([&] { return colour() == QColor(Qt::red); }));
+    window->setArtworkPicture(png({2, 2}, Qt::blue));
+    window->setArtworkPicture(png({64, 64}, Qt::green)); // overtakes the one before
+    EXPECT_TRUE(eventually([&] { return colour() == QColor(Qt::green); }));
+    for (const QByteArray& file : {QByteArray("no picture"), png({64, 64}, Qt::red).chopped(30)}) {
+        window->setArtworkPicture(png({8, 8}, Qt::green));
+        EXPECT_TRUE(eventually([&] { return colour() == QColor(Qt::green); }));
+        window->setArtworkPicture(file);
+        EXPECT_TRUE(eventually([&] { return colour() != QColor(Qt::green); })) << file.left(2).constData();
+    }
+    window->setArtworkPicture(png({64, 64}, Qt::red));
+    window->setArtwork(Artwork::Standard); // before the picture is read
+    QTest::qWait(50);
+    EXPECT_NE(colour(), QColor(Qt::red));
 }
 
 TEST_F(MainWindowTest, WhatIsKnownOfSongsIsEditedInAWindow)

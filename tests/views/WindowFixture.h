@@ -21,7 +21,7 @@ class WindowFixture : public ControllerWorld {
         window = std::make_unique<MainWindow>(defaults);
         makeController(window->libraryView(), *window);
         window->attach(*controller);
-        controller->connectedToInternetNotification();
+        comeOnline();
         window->show();
         window->activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
