@@ -194,6 +194,7 @@ Application::Application(Places places, const QVariantMap& overrides)
     QObject::connect(&parts.window, &MainWindow::filesGiven, &parts.delegate, &AppDelegate::openFiles);
     QObject::connect(&parts.notifications, &Notifications::activated, &parts.delegate,
                      [&parts](const QString& token) { parts.desktop.bringToFront(token); });
+    parts.desktop.setMainWindow(&parts.window);
     parts.fillApplicationMenu();
     parts.window.attach(parts.controller);
 }

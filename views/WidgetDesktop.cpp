@@ -26,10 +26,8 @@ void WidgetDesktop::bringToFront()
 {
     if (!window_)
         return;
-    if (window_->isMinimized())
-        window_->showNormal();
-    else
-        window_->show();
+    window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized); // and as large as it was
+    window_->show();
     window_->raise();
     window_->activateWindow();
 }

@@ -2,6 +2,7 @@
 """A person at the desktop: sees the window through its accessibility tree, acts with the mouse and the keyboard."""
 
 import os
+import subprocess
 
 import gi
 
@@ -59,6 +60,14 @@ class DesktopUser:
 
     def press(self, *keys):
         self._xdotool("key", *keys)
+
+    def minimize(self):
+        self._xdotool("getactivewindow", "windowminimize")
+
+    def sees_window(self, title):
+        # It fails when it finds none.
+        return subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"], check=False, timeout=30,
+                              env=self._environment.env, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL).returncode == 0
 
     def rows(self, table_name):
         table = self.wait_for(table_name)

@@ -15,18 +15,16 @@ import time
 import traceback
 import urllib.request
 
+from desktop_steps import DesktopSteps
 from desktop_user import DesktopUser
 from environment import Environment, wait_until
 from library_steps import LibrarySteps
-from recorder import Recorder
-from remote_control import RemoteControl
+from recorder import AUDIBLE, SILENT, Recorder
 
 ARTIST = "Kestrel Motorway"  # of the songs that come with the program
-AUDIBLE = 0.003  # root mean square of music, even of its quiet passages, is far above
-SILENT = 0.0001
 
 
-class Journey(LibrarySteps):
+class Journey(DesktopSteps, LibrarySteps):
     def __init__(self, bin_folder, output):
         self.bin = bin_folder
         self.output = output
@@ -90,26 +88,6 @@ class Journey(LibrarySteps):
         wait_until(lambda: self.recorder.listen(0.25) > AUDIBLE, 5, "sound")
         return f"{elapsed} s of {length} s"
 
-    def mpris(self):
-        remote = RemoteControl(self.environment, "zib")
-        first = self.now_playing()
-        assert remote.title() == first, remote.title()
-        remote.run("pause")
-        wait_until(lambda: self.recorder.listen(0.2) < SILENT, 5, "silence")
-        assert remote.status() == "Paused", remote.status()
-        remote.run("next")
-        wait_until(lambda: self.now_playing() not in ("", first), 10, "the next song")
-        wait_until(lambda: remote.title() == self.now_playing(), 5, "its title")
-        wait_until(lambda: self.recorder.listen(0.25) > AUDIBLE, 20, "sound")
-        second = remote.title()
-        remote.run("volume", "0.4")
-        wait_until(lambda: self.user.value_of("Volume") == 40, 5, "the volume in the window")
-        remote.run("volume", "1")
-        # Late in a song this goes to its beginning, and from there to the song before.
-        wait_until(lambda: remote.run("previous") == "" and remote.title() == first, 20, "the first song")
-        wait_until(lambda: self.recorder.listen(0.25) > AUDIBLE, 20, "sound")
-        return f"{second}, and back"
-
     def love(self):
         self.user.click(self.user.wait_for("Love"))
         self.user.click(self.user.wait_for("OK", seconds=5))  # the notice of the first loved song
@@ -166,8 +144,8 @@ class Journey(LibrarySteps):
         self.user.press("Escape")
         return f"{self.now_playing()}: {status}"
 
-    STEPS = ("start", "search", "play", "pause", "resume", "seek", "mpris", "love", "download", "quit", "restart",
-             "play_downloaded") + LibrarySteps.STEPS
+    STEPS = ("start", "search", "play", "pause", "resume", "seek", *DesktopSteps.STEPS, "love", "download", "quit",
+             "restart", "play_downloaded", *LibrarySteps.STEPS)
 
     # What the steps are made of.
 

@@ -10,6 +10,8 @@ import numpy
 
 from environment import SINK
 
+AUDIBLE = 0.003  # root mean square of music, even of its quiet passages, is far above
+SILENT = 0.0001
 RATE = 44100
 BYTES_PER_SECOND = RATE * 2 * 2
 
