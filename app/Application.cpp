@@ -46,6 +46,9 @@
 #include <QStandardPaths>
 
 #include <algorithm>
+#include <chrono>
+
+using namespace std::chrono_literals;
 
 namespace zib {
 namespace {
@@ -96,7 +99,7 @@ struct Application::Parts {
         , movies(sound)
         , window((prepare(), defaults))
         , sharedPanel(&window)
-        , dataManager(defaults, alerts, clock, window.libraryView(), std::move(library))
+        , dataManager(defaults, alerts, clock, window.libraryView(), loadedLibrary())
         , player(nullptr, {readStreams, fileStreams, queues, alerts, defaults}, movies, desktop)
         , controller(dataManager, player, {loader, defaults, clock}, defaults, alerts, desktop, trash, tags,
                      window)
@@ -113,11 +116,13 @@ struct Application::Parts {
     /// What must be so before the first widget and before anything reads a setting.
     void prepare();
     void startCatalogue();
+    /// Shows the window meanwhile, without songs: its first picture takes as long as a large library.
+    LibraryLoading loadedLibrary();
     void fillApplicationMenu();
     void open(const StartRequest& request);
 
     Places places;
-    LibraryLoading library; // as early as can be: everything up to the data manager is made meanwhile
+    LibraryLoading library; // from here on; whatever does not need it is made meanwhile
     SystemClock clock;
     SettingsFile defaults;
     std::unique_ptr<CatalogueProcess> catalogue;
@@ -156,6 +161,14 @@ void Application::Parts::prepare()
     applyTheme(*qApp, defaults);
     if (!anyHostIsConfigured(defaults))
         startCatalogue();
+}
+
+LibraryLoading Application::Parts::loadedLibrary()
+{
+    window.show();
+    while (!library.isReadyWithin(2ms))
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    return std::move(library);
 }
 
 void Application::Parts::startCatalogue()

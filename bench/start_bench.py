@@ -20,7 +20,7 @@ sys.path.insert(0, str(TOP / "tests/journey"))
 from environment import Environment, wait_until  # noqa: E402
 from library_file import write_library  # noqa: E402
 
-NAME, BAR, SONGS, ROUNDS = "start-100k", 1.6, 100_000, 9
+NAME, BAR, SONGS, ROUNDS = "start-100k", 1.6, 100_000, 7
 LIBRARY = pathlib.Path("Music/Zib/Zib Music Library.zib")
 LEFT, TOP_EDGE, BOTTOM_EDGE = 210, 130, 60  # of the window, around the place of the songs
 

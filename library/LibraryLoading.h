@@ -3,6 +3,7 @@
 
 #include "library/LibraryFile.h"
 
+#include <chrono>
 #include <future>
 #include <optional>
 
@@ -18,6 +19,11 @@ class LibraryLoading {
     LibraryLoading(const QString& path); // NOLINT(google-explicit-constructor)
 
     [[nodiscard]] const LibraryFile& file() const { return file_; }
+    /// Waits that long at most.
+    [[nodiscard]] bool isReadyWithin(std::chrono::milliseconds patience) const
+    {
+        return loading_.wait_for(patience) == std::future_status::ready;
+    }
     /// Waits for the contents, or why there are none; nothing when there is no such file. Once.
     [[nodiscard]] std::optional<Result> take() { return loading_.get(); }
 
