@@ -27,6 +27,17 @@ constexpr int tagsSearched = 5;
 
 Q_LOGGING_CATEGORY(log, "zib.controller.search")
 
+/// Songs as a service sends them, with the heart, the file and the plays of those that the library has.
+QList<Record> withWhatIsKept(const QList<Record>& songs, const RecordTable& library)
+{
+    for (Record song : songs)
+        if (const Record kept = library.find(song.utf8(keys::Id)))
+            for (const RecordKey key : {keys::Favorite, keys::Downloaded, keys::PlayCount, keys::PlayDate})
+                if (kept.contains(key))
+                    song.set(key, kept.value(key));
+    return songs;
+}
+
 /// What the row of a search is marked with in the source list.
 QString kindTag(qint32 searchType)
 {
@@ -153,8 +164,9 @@ bool SearchFlow::isUnderWay(RVPlaylistDownloader::SearchType type) const
                                [type](const auto& request) { return request->searchType() == type; });
 }
 
-void SearchFlow::searchCompletedWithResult(const QList<Record>& result, RVPlaylistDownloader& request)
+void SearchFlow::searchCompletedWithResult(const QList<Record>& found, RVPlaylistDownloader& request)
 {
+    const QList<Record> result = withWhatIsKept(found, context_.dataManager.library());
     switch (request.searchType()) {
     case RVPlaylistDownloader::TopHot:
         fillList(SourceType::TopHot, result);

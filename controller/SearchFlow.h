@@ -41,7 +41,7 @@ class SearchFlow : public RVPlaylistDownloaderDelegate {
     /// The machine went offline: those rows cannot be selected until their songs have been asked for anew.
     void disconnectedFromInternetNotification();
 
-    void searchCompletedWithResult(const QList<Record>& result, RVPlaylistDownloader& request) override;
+    void searchCompletedWithResult(const QList<Record>& found, RVPlaylistDownloader& request) override;
     void searchFailedWithError(const QString& error, RVPlaylistDownloader& request) override;
 
   private:

@@ -119,6 +119,22 @@ TEST_F(SearchFlowTest, KeepsFiveAndForgetsTheOldestWithItsColumns)
     EXPECT_FALSE(defaults.value(oldest).isValid());
 }
 
+TEST_F(SearchFlowTest, ASongThatIsKeptIsFoundWithItsHeartItsFileAndItsPlays)
+{
+    searchAndFind(QStringLiteral("one"), {QStringLiteral("a"), QStringLiteral("b")});
+    queue().addFavorite(0);
+    Record kept = library->library().find(QStringLiteral("aaaaaaaaaaaaaaaa"));
+    kept.set(keys::Downloaded, true);
+    kept.set(keys::PlayCount, 3);
+    clock.advance(std::chrono::seconds(1));
+    searchAndFind(QStringLiteral("two"), {QStringLiteral("b"), QStringLiteral("a")});
+    EXPECT_FALSE(library->items()[0].boolean(keys::Favorite));
+    const Record found = library->items()[1];
+    EXPECT_TRUE(found.boolean(keys::Favorite) && found.boolean(keys::Downloaded));
+    EXPECT_EQ(found.integer(keys::PlayCount), 3);
+    EXPECT_EQ(found.string(keys::Album), QString()) << "the rest is as it was sent";
+}
+
 TEST_F(SearchFlowTest, TheSameSearchTwiceIsTwoEntries)
 {
     searchAndFind(QStringLiteral("Amber"), {QStringLiteral("x")});
