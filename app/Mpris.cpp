@@ -79,6 +79,7 @@ Mpris::Mpris(const Program& program, QString busAddress)
     const auto changed = [this] { changes_.start(); };
     connect(&program.playback, &PlaybackQueue::trackChanged, this, changed);
     connect(&program.playback, &PlaybackQueue::stateChanged, this, changed);
+    connect(&program.playback, &PlaybackQueue::songInformationCompleted, this, changed);
     connect(&program.library, &RVDataManager::itemsChanged, this, changed);
     connect(&program.defaults, &UserDefaults::changed, this, [changed](const QString& key) {
         if (key == settings::SoundLevel)

@@ -49,7 +49,11 @@ QString MprisPlayer::playbackStatus() const
 
 QVariantMap MprisPlayer::metadata() const
 {
-    return hasSong() ? songMetadata(playback_.nowplayingTrack(), playback_.duration()) : QVariantMap();
+    if (!hasSong())
+        return {};
+    const RVSongInfoDownloader* information = playback_.songInformation();
+    return songMetadata(playback_.nowplayingTrack(), playback_.duration(),
+                        information ? information->artwork() : QString());
 }
 
 double MprisPlayer::volume() const

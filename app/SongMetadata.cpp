@@ -31,7 +31,7 @@ QDBusObjectPath pathOf(const Record& track)
 
 } // namespace
 
-QVariantMap songMetadata(const Record& track, int durationSeconds)
+QVariantMap songMetadata(const Record& track, int durationSeconds, const QString& artAddress)
 {
     if (!track)
         return {};
@@ -60,6 +60,8 @@ QVariantMap songMetadata(const Record& track, int durationSeconds)
     const PropertyValue date = track.value(keys::PlayDate);
     if (const auto* played = date.get<QDateTime>())
         metadata.insert(QStringLiteral("xesam:lastUsed"), played->toUTC().toString(Qt::ISODate));
+    if (!artAddress.isEmpty())
+        metadata.insert(QStringLiteral("mpris:artUrl"), artAddress);
     const qint64 seconds = durationSeconds > 0 ? durationSeconds : track.integer(keys::Duration);
     if (seconds > 0)
         metadata.insert(length, qMin(seconds, largest) * microsecondsPerSecond);

@@ -11,7 +11,8 @@ namespace zib {
 /// A song as the desktop's remote controls know it (MPRIS metadata), with what is known of it; empty without
 /// a song.
 /// @param durationSeconds as measured; 0 takes what the song's record says.
-[[nodiscard]] QVariantMap songMetadata(const Record& track, int durationSeconds);
+/// @param artAddress of its cover; empty for none.
+[[nodiscard]] QVariantMap songMetadata(const Record& track, int durationSeconds, const QString& artAddress);
 
 /// What such metadata tell of the song.
 /// @{

@@ -106,7 +106,12 @@ TEST_F(MprisTest, TellsWhatItIsAndDoesWhatItIsAsked)
 
 TEST_F(MprisTest, TellsOfTheSongThatPlays)
 {
+    defaults.setValue(settings::MusicInfoHost, QStringLiteral("info.example"));
     run({QStringLiteral("play")});
+    told();
+    urlLoader.last().reply(
+        "<lfm><track><album><image/><image>http://covers.example/1</image></album></track></lfm>");
+    EXPECT_TRUE(told().contains("mpris:artUrl"));
     const QByteArray song = properties("org.mpris.MediaPlayer2.Player");
     for (const QByteArray& expected : {entry("PlaybackStatus", "string \"Playing\""),
                                        entry("Rate", "double 1"),
@@ -129,6 +134,7 @@ TEST_F(MprisTest, TellsOfTheSongThatPlays)
                                        entry("xesam:trackNumber", "int32 7"),
                                        entry("xesam:useCount", "int32 3"),
                                        entry("xesam:userRating", "double 1"),
+                                       entry("mpris:artUrl", "string \"http://covers.example/1\""),
                                        entry("xesam:url", "string \"file://")})
         EXPECT_TRUE(song.contains(expected)) << expected.toStdString() << "\n" << song.toStdString();
     for (const char* absent : {"LoopStatus", "Shuffle"})
