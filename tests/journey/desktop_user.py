@@ -62,7 +62,7 @@ class DesktopUser:
         self._xdotool("key", *keys)
 
     def minimize(self):
-        self._xdotool("getactivewindow", "windowminimize")
+        self._xdotool("search", "--onlyvisible", "--name", "^Zib$", "windowminimize", "%@")
 
     def sees_window(self, title):
         # It fails when it finds none.
