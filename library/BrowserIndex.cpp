@@ -92,9 +92,10 @@ BrowserIndex::BrowserIndex(const RecordTable& table, const TextCollation& collat
 
 void BrowserIndex::refresh()
 {
-    if (entries_.size() > table_.placeCount()) { // cleared or packed: every place may be another song's
+    if (placing_ != table_.placing()) {
         entries_.clear();
         columns_.clear();
+        placing_ = table_.placing();
     }
     entries_.resize(table_.placeCount());
     table_.forEachPlace([this](std::size_t place, const Record& record) {
@@ -168,7 +169,7 @@ QStringList BrowserIndex::albums(FilterType filter, const std::optional<QString>
     return marked(found, albums_);
 }
 
-QList<Record> BrowserIndex::tracks(const Choice& choice) const
+QList<Record> BrowserIndex::tracks(const Choice& choice, std::vector<std::uint32_t>* places) const
 {
     const Marks artists = choice.artist ? matching(artists_, *choice.artist) : Marks();
     Marks albums;
@@ -183,12 +184,18 @@ QList<Record> BrowserIndex::tracks(const Choice& choice) const
     QList<Record> result;
     if (!choice.artist && !choice.album && choice.filter == FilterType::All)
         result.reserve(table_.size());
-    table_.forEachPlace([&](std::size_t place, const Record& record) {
+    constexpr std::size_t ahead = 16;
+    for (std::size_t place = 0; place < entries_.size(); ++place) {
+        if (place + ahead < entries_.size() && passes(entries_[place + ahead], choice.filter))
+            entries_[place + ahead].fields.prefetch();
         const Entry& entry = entries_[place];
         if (passes(entry, choice.filter) && (!choice.artist || isMarked(artists, entry.artist)) &&
-            (!choice.album || isMarked(albums, entry.album)))
-            result.append(record.copyAsRow(std::int32_t(result.size())));
-    });
+            (!choice.album || isMarked(albums, entry.album))) {
+            result.append(Record::makeRow(entry.fields, std::int32_t(result.size())));
+            if (places != nullptr)
+                places->push_back(std::uint32_t(place));
+        }
+    }
     return result;
 }
 

@@ -67,7 +67,11 @@ class BrowserIndex {
     /// The distinct albums in the order of their characters.
     [[nodiscard]] QStringList albums(FilterType filter, const std::optional<QString>& artist);
     /// The songs in the table's order, each a copy with its "Index".
-    [[nodiscard]] QList<Record> tracks(const Choice& choice) const;
+    [[nodiscard]] QList<Record> tracks(const Choice& choice) const { return tracks(choice, nullptr); }
+    /// places: is filled with the place of each song in the table.
+    [[nodiscard]] QList<Record> tracks(const Choice& choice, std::vector<std::uint32_t>* places) const;
+    /// The table's, at the last refresh.
+    [[nodiscard]] std::uint64_t placing() const { return placing_; }
 
     /// The order of the texts of one field, by the places of the table.
     const TextOrder& order(RecordKey key);
@@ -100,6 +104,7 @@ class BrowserIndex {
     const RecordTable& table_;
     const TextCollation& collation_;
     std::vector<Entry> entries_; // by place
+    std::uint64_t placing_ = 0;
     NameNumbers artists_;
     NameNumbers albums_;
     std::map<RecordKey, Column> columns_;

@@ -6,6 +6,8 @@
 #include "records/RecordTable.h"
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 namespace zib {
 namespace {
@@ -40,7 +42,7 @@ Label labelOf(std::int64_t number)
 /// A number, or a date as its seconds.
 Label valueLabel(const Record& song, RecordKey key, Label whenAbsent)
 {
-    const RecordFields fields = song.fields();
+    const RecordFields& fields = song.content();
     const std::size_t place = fields.find(key);
     if (place == RecordFields::absent)
         return whenAbsent;
@@ -66,15 +68,18 @@ SongSorting::SongSorting(const TextCollation& collation, const RecordTable& libr
 {
 }
 
-SongSorting::Labels SongSorting::textLabels(const QList<Record>& songs, RecordKey key, bool fromLibrary) const
+SongSorting::Labels SongSorting::textLabels(const QList<Record>& songs, RecordKey key, Origin origin) const
 {
     Labels result;
     result.reserve(std::size_t(songs.size()));
-    if (fromLibrary) {
+    if (origin.library) {
         libraryIndex_.refresh();
         const TextOrder& order = libraryIndex_.order(key);
+        const bool placesKnown = origin.places != nullptr && origin.placing == libraryIndex_.placing();
         for (const Record& song : songs) {
-            const auto place = library_.placeOf(song.utf8(keys::Id));
+            const std::optional<std::size_t> place =
+                placesKnown ? (*origin.places)[std::size_t(song.integer(keys::Index))]
+                            : library_.placeOf(song.utf8(keys::Id));
             result.push_back(place ? order.label(*place) : noValue);
         }
         return result;
@@ -87,28 +92,32 @@ SongSorting::Labels SongSorting::textLabels(const QList<Record>& songs, RecordKe
     return result;
 }
 
-SongSorting::Labels SongSorting::labels(const QList<Record>& songs, SongColumn column, bool fromLibrary) const
+SongSorting::Labels SongSorting::labels(const QList<Record>& songs, SongColumn column, Origin origin) const
 {
     const RecordKey key = keyOf(column);
     if (isText(column))
-        return textLabels(songs, key, fromLibrary);
+        return textLabels(songs, key, origin);
     Labels result;
     result.reserve(std::size_t(songs.size()));
-    for (const Record& song : songs)
+    constexpr qsizetype ahead = 16;
+    for (qsizetype row = 0; row < songs.size(); ++row) {
+        if (row + ahead < songs.size())
+            songs[row + ahead].content().prefetchForReading();
         result.push_back(column == SongColumn::Index
-                             ? labelOf(song.integer(key))
-                             : valueLabel(song, key, isCount(column) ? labelOf(0) : noValue));
+                             ? labelOf(songs[row].integer(key))
+                             : valueLabel(songs[row], key, isCount(column) ? labelOf(0) : noValue));
+    }
     return result;
 }
 
-void SongSorting::sort(QList<Record>& songs, const QList<SortDescriptor>& descriptors, bool fromLibrary) const
+void SongSorting::sort(QList<Record>& songs, const QList<SortDescriptor>& descriptors, Origin origin) const
 {
     std::vector<Labels> columns;
     for (const SortDescriptor& descriptor : descriptors) {
         const auto column = songColumn(descriptor.key);
         if (!column)
             continue; // of a layout that another version has saved
-        columns.push_back(labels(songs, *column, fromLibrary));
+        columns.push_back(labels(songs, *column, origin));
         if (!descriptor.ascending)
             for (Label& label : columns.back())
                 label = label == noValue ? noValue : noValue - 1 - label;
@@ -134,11 +143,12 @@ void SongSorting::sort(QList<Record>& songs, const QList<SortDescriptor>& descri
     if (std::ranges::is_sorted(rows, isBefore))
         return;
     std::ranges::sort(rows, isBefore);
-    QList<Record> sorted;
-    sorted.reserve(songs.size());
+    QList<Record> unsorted;
+    unsorted.swap(songs);
+    Record* const from = unsorted.data();
+    songs.reserve(unsorted.size());
     for (const Row& row : rows)
-        sorted.append(songs[row.place]);
-    songs = std::move(sorted);
+        songs.append(std::move(from[row.place]));
 }
 
 } // namespace zib

@@ -23,14 +23,20 @@ class SongSorting {
     /// All of them outlive this object. The library's index remembers the order of its texts.
     SongSorting(const TextCollation& collation, const RecordTable& library, BrowserIndex& libraryIndex);
 
-    /// @param fromLibrary whether the songs are all the library's own, as it has them now.
-    void sort(QList<Record>& songs, const QList<SortDescriptor>& descriptors, bool fromLibrary) const;
+    /// Where the songs are from; of the library's own more is known.
+    struct Origin {
+        bool library = false;
+        /// The songs' places in the library by "Index", as long as its placing is this one.
+        const std::vector<std::uint32_t>* places = nullptr;
+        std::uint64_t placing = 0;
+    };
+    void sort(QList<Record>& songs, const QList<SortDescriptor>& descriptors, Origin origin) const;
 
   private:
     using Labels = std::vector<TextOrder::Label>; // by song
 
-    [[nodiscard]] Labels labels(const QList<Record>& songs, SongColumn column, bool fromLibrary) const;
-    [[nodiscard]] Labels textLabels(const QList<Record>& songs, RecordKey key, bool fromLibrary) const;
+    [[nodiscard]] Labels labels(const QList<Record>& songs, SongColumn column, Origin origin) const;
+    [[nodiscard]] Labels textLabels(const QList<Record>& songs, RecordKey key, Origin origin) const;
 
     const TextCollation& collation_;
     const RecordTable& library_;

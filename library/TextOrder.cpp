@@ -2,7 +2,8 @@
 #include "library/TextOrder.h"
 
 #include <algorithm>
-#include <utility>
+#include <iterator>
+#include <thread>
 
 namespace zib {
 namespace {
@@ -14,6 +15,47 @@ constexpr TextOrder::Label gap = TextOrder::Label(1) << 32U;
 QLocale collationLocale(const QLocale& locale)
 {
     return locale.language() == QLocale::C ? QLocale(QLocale::English) : locale;
+}
+
+struct Keyed {
+    QCollatorSortKey key;
+    std::uint32_t number;
+
+    friend bool operator<(const Keyed& a, const Keyed& b)
+    {
+        const int order = a.key.compare(b.key);
+        return order != 0 ? order < 0 : a.number < b.number;
+    }
+};
+
+/// The keys of the texts from one number to another, without those of empty ones.
+std::vector<Keyed> sortedPart(const TextCollation& collation, std::size_t from, std::size_t to,
+                              const TextOrder::Texts& texts)
+{
+    std::vector<Keyed> keys;
+    keys.reserve(to - from);
+    for (std::size_t number = from; number < to; ++number)
+        if (const std::string_view text = texts(number); !text.empty())
+            keys.push_back({collation.key(text), static_cast<std::uint32_t>(number)});
+    std::sort(keys.begin(), keys.end());
+    return keys;
+}
+
+std::vector<Keyed> sortedKeys(const TextCollation& collation, std::size_t count,
+                              const TextOrder::Texts& texts)
+{
+    constexpr std::size_t fewTexts = 4096; // no thread is worth its start for those
+    if (count < fewTexts)
+        return sortedPart(collation, 0, count, texts);
+    std::vector<Keyed> later;
+    std::thread helper(
+        [&, own = collation.forAnotherThread()] { later = sortedPart(own, count / 2, count, texts); });
+    std::vector<Keyed> keys = sortedPart(collation, 0, count / 2, texts);
+    helper.join();
+    const auto middle = std::ptrdiff_t(keys.size());
+    std::ranges::move(later, std::back_inserter(keys));
+    std::inplace_merge(keys.begin(), keys.begin() + middle, keys.end());
+    return keys;
 }
 
 } // namespace
@@ -32,21 +74,16 @@ QCollatorSortKey TextCollation::key(std::string_view utf8) const
 
 void TextOrder::build(std::size_t count, const Texts& texts)
 {
-    std::vector<std::pair<QCollatorSortKey, std::uint32_t>> keys;
-    keys.reserve(count);
-    for (std::size_t number = 0; number < count; ++number)
-        if (const std::string_view text = texts(number); !text.empty())
-            keys.emplace_back(collation_.key(text), static_cast<std::uint32_t>(number));
-    std::ranges::stable_sort(keys, [](const auto& a, const auto& b) { return a.first < b.first; });
+    const std::vector<Keyed> keys = sortedKeys(collation_, count, texts);
     labels_.assign(count, noText);
     order_.clear();
     order_.reserve(keys.size());
     Label label = 0;
     for (std::size_t place = 0; place < keys.size(); ++place) {
-        if (place == 0 || keys[place - 1].first < keys[place].first)
+        if (place == 0 || keys[place - 1].key < keys[place].key)
             label += gap;
-        labels_[keys[place].second] = label;
-        order_.push_back(keys[place].second);
+        labels_[keys[place].number] = label;
+        order_.push_back(keys[place].number);
     }
 }
 

@@ -19,6 +19,9 @@ class TextCollation {
     explicit TextCollation(const QLocale& locale = QLocale());
     [[nodiscard]] QCollatorSortKey key(std::string_view utf8) const;
 
+    /// An equal one that another thread may use.
+    [[nodiscard]] TextCollation forAnotherThread() const { return TextCollation(collator_.locale()); }
+
   private:
     QCollator collator_;
 };
@@ -30,7 +33,7 @@ class TextOrder {
     using Label = std::uint64_t;
     /// An empty text's: it has no place in the order, and comes after all others.
     static constexpr Label noText = UINT64_MAX;
-    /// The text of that number, as it is now.
+    /// The text of that number, as it is now. Asked on several threads at once while an order is built.
     using Texts = std::function<std::string_view(std::size_t)>;
 
     explicit TextOrder(const TextCollation& collation)

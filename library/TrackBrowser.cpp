@@ -20,6 +20,26 @@ std::optional<QString> chosenName(const TableView& table, const QStringList& row
     return row > 0 && row < rows.size() ? std::optional(rows[row]) : std::nullopt;
 }
 
+Record numbered(const Record& track, qsizetype index)
+{
+    Record copy = track.copy();
+    copy.set(keys::Index, index);
+    return copy;
+}
+
+/// Empties a long list faster than its destructor would.
+void releaseRows(QList<Record>& rows)
+{
+    constexpr qsizetype ahead = 16;
+    if (rows.isDetached())
+        for (qsizetype row = 0; row < rows.size(); ++row) {
+            if (row + ahead < rows.size())
+                rows[row + ahead].content().prefetch();
+            rows[row] = Record();
+        }
+    rows.clear();
+}
+
 /// Something is always chosen, if only all.
 void reloadBrowser(TableView& table)
 {
@@ -168,7 +188,7 @@ void TrackBrowser::fillFromSearch(const Record& search)
     items_.clear();
     const QList<Record> tracks = search.records(keys::Tracks);
     for (const Record& track : tracks)
-        items_.append(track.copyAsRow(std::int32_t(items_.size())));
+        items_.append(numbered(track, items_.size()));
 }
 
 bool TrackBrowser::passesFilter(const Record& track) const
@@ -255,14 +275,22 @@ void TrackBrowser::fillAlbums()
 
 void TrackBrowser::fillTracks()
 {
-    items_ = index().tracks({filter_, chosenArtist(), chosenAlbum()});
+    releaseRows(items_);
+    places_.clear();
+    placing_ = index().placing();
+    items_ = index().tracks({filter_, chosenArtist(), chosenAlbum()}, &places_);
     sortItems();
 }
 
 void TrackBrowser::sortItems()
 {
-    const bool fromLibrary = collection_ == SourceType::Library || collection_ == SourceType::Playlists;
-    sorting_.sort(items_, tableView_.sortDescriptors(), fromLibrary);
+    SongSorting::Origin origin;
+    origin.library = collection_ == SourceType::Library || collection_ == SourceType::Playlists;
+    if (collection_ == SourceType::Library) {
+        origin.places = &places_;
+        origin.placing = placing_;
+    }
+    sorting_.sort(items_, tableView_.sortDescriptors(), origin);
 }
 
 void TrackBrowser::setItems(const QList<Record>& items)

@@ -15,6 +15,7 @@
 
 #include <optional>
 #include <string_view>
+#include <vector>
 
 namespace zib {
 
@@ -143,6 +144,8 @@ class TrackBrowser : public QObject {
     QStringList allArtists_;
     QStringList allAlbums_;
     QList<Record> items_;
+    std::vector<std::uint32_t> places_; // in the library by "Index", while it has not moved them
+    std::uint64_t placing_ = 0;
 };
 
 } // namespace zib

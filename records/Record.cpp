@@ -133,9 +133,15 @@ Record Record::copy() const
     return object_ != nullptr ? Record(new RecordObject(object_->fields, object_->index)) : make();
 }
 
-Record Record::copyAsRow(std::int32_t index) const
+Record Record::makeRow(const RecordFields& fields, std::int32_t index)
 {
-    return object_ != nullptr ? Record(new RecordObject(object_->fields, index)) : Record();
+    return Record(new RecordObject(fields, index));
+}
+
+const RecordFields& Record::content() const noexcept
+{
+    static const RecordFields none;
+    return object_ != nullptr ? object_->fields : none;
 }
 
 bool Record::hasFields(const RecordFields& block) const

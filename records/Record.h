@@ -41,6 +41,8 @@ class Record {
     static Record make(std::initializer_list<Field> fields = {});
     /// A new record that shares that block of fields.
     static Record make(const RecordFields& fields);
+    /// The same with an "Index", of fields that hold none: a row of a list.
+    static Record makeRow(const RecordFields& fields, std::int32_t index);
 
     [[nodiscard]] bool isNull() const noexcept { return object_ == nullptr; }
     explicit operator bool() const noexcept { return object_ != nullptr; }
@@ -56,9 +58,6 @@ class Record {
     /// A new object of equal content, which is shared until one of the two is changed. Nested records are
     /// the same records, not copies.
     [[nodiscard]] Record copy() const;
-    /// The same with that "Index": the record as a row of a list. It costs little, so long lists can be
-    /// numbered at a stroke.
-    [[nodiscard]] Record copyAsRow(std::int32_t index) const;
 
     [[nodiscard]] bool contains(RecordKey key) const;
     [[nodiscard]] QList<RecordKey> keys() const;
@@ -86,6 +85,8 @@ class Record {
     /// The fields as they are now, for reading and writing in bulk. Without a row's "Index", which belongs to
     /// a shown list and is never stored. Callable on any thread while the main thread changes the record.
     [[nodiscard]] RecordFields fields() const;
+    /// The same without sharing them, for the main thread alone: valid until this record is next changed.
+    [[nodiscard]] const RecordFields& content() const noexcept;
     /// Whether the fields are still that very block, and so nothing but "Index" was changed since it was
     /// taken. The other way round nothing is said: another block may hold the same.
     [[nodiscard]] bool hasFields(const RecordFields& block) const;

@@ -4,6 +4,7 @@
 #include <QHashFunctions>
 
 #include <algorithm>
+#include <atomic>
 #include <bit>
 
 namespace zib {
@@ -18,6 +19,12 @@ std::uint32_t hashOf(std::string_view id)
 }
 
 } // namespace
+
+std::uint64_t RecordTable::newPlacing()
+{
+    static std::atomic<std::uint64_t> last = 0;
+    return ++last;
+}
 
 const RecordTable::Slot& RecordTable::slot(std::size_t number) const
 {
@@ -126,6 +133,7 @@ void RecordTable::rebuild(std::size_t capacity)
     Chunks thinned;
     thinned.swap(chunks_);
     slotCount_ = 0;
+    placing_ = newPlacing();
     auto keep = [this, &place](std::string_view id, const Record& record) {
         append(id, record);
         place({hashOf(id), static_cast<std::uint32_t>(slotCount_)});

@@ -70,6 +70,8 @@ class RecordTable {
     /// place while others come and go, until so many were removed that the table is packed anew.
     [[nodiscard]] std::optional<std::size_t> placeOf(std::string_view id) const;
     [[nodiscard]] std::size_t placeCount() const { return slotCount_; }
+    /// Another number whenever the entries may have other places than before.
+    [[nodiscard]] std::uint64_t placing() const { return placing_; }
     [[nodiscard]] bool contains(std::string_view id) const { return !find(id).isNull(); }
     [[nodiscard]] bool contains(const QString& id) const { return !find(id).isNull(); }
 
@@ -119,11 +121,14 @@ class RecordTable {
         std::swap(slotCount_, other.slotCount_);
         std::swap(size_, other.size_);
         std::swap(epoch_, other.epoch_);
+        std::swap(placing_, other.placing_);
     }
     static std::string_view view(const QByteArray& bytes)
     {
         return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
     }
+    /// A number that no table has had before.
+    static std::uint64_t newPlacing();
     [[nodiscard]] const Slot& slot(std::size_t number) const;
     Slot& changeableSlot(std::size_t number);
     /// The bucket that holds the id, or the empty one where it would go.
@@ -139,6 +144,7 @@ class RecordTable {
     // A chunk of an older epoch may stand in a snapshot, so it is copied before it is changed. Asking its
     // reference count instead would need the count's owners to synchronise.
     std::uint64_t epoch_ = 0;
+    std::uint64_t placing_ = newPlacing();
 };
 
 } // namespace zib
