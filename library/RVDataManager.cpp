@@ -396,9 +396,4 @@ void RVDataManager::relocate(const QString& oldBase, const QString& newBase)
         saveLibrary();
 }
 
-bool RVDataManager::sourceIsContinuos(SourceType source)
-{
-    return source == SourceType::Library || source == SourceType::Playlists;
-}
-
 } // namespace zib

@@ -151,7 +151,10 @@ class RVDataManager : public QObject {
     /// Whether the shown source is browsed by artist and album.
     [[nodiscard]] bool sourceHasBrowser() const { return browser_.hasBrowser(); }
     /// Whether the next song follows by itself in a source of that type.
-    [[nodiscard]] static bool sourceIsContinuos(SourceType source);
+    [[nodiscard]] static bool sourceIsContinuos(SourceType source)
+    {
+        return source == SourceType::Library || source == SourceType::Playlists;
+    }
 
     void reloadData() { browser_.reloadData(); }
     void updateArtistsBrowser() { browser_.updateArtistsBrowser(); }
