@@ -57,6 +57,12 @@ class Environment:
                          stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
         self.env["DBUS_SESSION_BUS_ADDRESS"] = first_line(bus, 20)
 
+    def start_system_bus(self):
+        """For programs started from now on; nobody is on it but who comes."""
+        bus = self.start(["dbus-daemon", "--session", "--nofork", "--print-address"],
+                         stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        self.env["DBUS_SYSTEM_BUS_ADDRESS"] = first_line(bus, 20)
+
     def _start_sound(self):
         self.start(["pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no",
                     "--load=module-native-protocol-unix auth-anonymous=1",

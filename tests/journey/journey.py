@@ -17,6 +17,7 @@ import urllib.request
 
 from desktop_steps import DesktopSteps
 from desktop_user import DesktopUser
+from discovery_steps import DiscoverySteps
 from environment import Environment, wait_until
 from library_steps import LibrarySteps
 from recorder import AUDIBLE, SILENT, Recorder
@@ -24,7 +25,7 @@ from recorder import AUDIBLE, SILENT, Recorder
 ARTIST = "Kestrel Motorway"  # of the songs that come with the program
 
 
-class Journey(DesktopSteps, LibrarySteps):
+class Journey(DesktopSteps, LibrarySteps, DiscoverySteps):
     def __init__(self, bin_folder, output):
         self.bin = bin_folder
         self.output = output
@@ -145,7 +146,7 @@ class Journey(DesktopSteps, LibrarySteps):
         return f"{self.now_playing()}: {status}"
 
     STEPS = ("start", "search", "play", "pause", "resume", "seek", *DesktopSteps.STEPS, "love", "download", "quit",
-             "restart", "play_downloaded", *LibrarySteps.STEPS)
+             "restart", "play_downloaded", *LibrarySteps.STEPS, *DiscoverySteps.STEPS)
 
     # What the steps are made of.
 
