@@ -173,7 +173,7 @@ void benchSort(const char* name, const char* column, Key keyOf(const Record&))
 {
     std::vector<double> taken;
     std::vector<double> yardstick;
-    for (int round = 0; round < 5; ++round) {
+    for (int round = 0; round < rounds; ++round) {
         World world;
         std::vector<std::pair<Key, int>> ready;
         for (const Record& song : world.plain)
