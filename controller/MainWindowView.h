@@ -10,11 +10,16 @@
 
 namespace zib {
 
+class OutlineView;
+
 /// The picture in the now-playing panel.
 enum class Artwork {
     SearchService, ///< nothing plays: the mark of the song search
     Standard,      ///< a song whose cover is not known
 };
+
+/// What the main area shows.
+enum class MainView { None, NowPlaying, Songs };
 
 /// What the controller shows in the main window. The status line is no part of it: the window shows the
 /// setting "BriefStatusMessage" whenever that changes. Main thread.
@@ -57,8 +62,9 @@ class MainWindowView {
     [[nodiscard]] virtual std::optional<SongInformation> editInformation(FileViewController& songs) = 0;
 
     // Sources
-    /// The recent searches, or which source is shown, have changed: ask the library again.
-    virtual void reloadSources() = 0;
+    /// The source list's outline; it lives as long as the window.
+    [[nodiscard]] virtual OutlineView& outlineView() = 0;
+    virtual void setCurrentView(MainView view) = 0;
     virtual void setConnected(bool connected) = 0;
 };
 

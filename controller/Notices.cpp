@@ -46,16 +46,20 @@ void Notices::runErrorAlert(const QString& message, const QString& informativeTe
 }
 
 bool Notices::runConfirmation(const QString& message, const QString& informativeText,
-                              const QString& firstButton)
+                              const QString& firstButton, const QString& defaultsKey)
 {
+    if (!defaultsKey.isEmpty() && defaults_.boolean(defaultsKey))
+        return true;
     desktop_.bringToFront();
     desktop_.beep();
-    return alerts_
-               .runModal({.style = Alert::Style::Warning,
-                          .messageText = message,
-                          .informativeText = informativeText,
-                          .buttons = {firstButton, translated("Cancel")}})
-               .button == 0;
+    const AlertResult result = alerts_.runModal({.style = Alert::Style::Warning,
+                                                 .messageText = message,
+                                                 .informativeText = informativeText,
+                                                 .buttons = {firstButton, translated("Cancel")},
+                                                 .showsSuppressionButton = !defaultsKey.isEmpty()});
+    if (result.suppressed)
+        defaults_.setValue(defaultsKey, true);
+    return result.button == 0;
 }
 
 int Notices::runSuppressible(const QString& text, const QString& defaultsKey, const QStringList& buttons)

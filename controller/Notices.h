@@ -20,7 +20,9 @@ class Notices {
     /// The same as a question with "OK" and "Cancel". Silenced, it counts as answered with "OK".
     int runSuppressibleConfirmation(const QString& text, const QString& defaultsKey);
     /// Asks, with a beep. @return whether anything but "Cancel" was pressed.
-    bool runConfirmation(const QString& message, const QString& informativeText, const QString& firstButton);
+    /// @param defaultsKey the setting by which the user can silence the question for good, if any can.
+    bool runConfirmation(const QString& message, const QString& informativeText, const QString& firstButton,
+                         const QString& defaultsKey = {});
     /// Says, with a beep, that something went wrong.
     void runErrorAlert(const QString& message, const QString& informativeText = {});
 

@@ -422,6 +422,16 @@ void PlaybackQueue::nowplayingPlaylistReordered(const Record& track)
     snapshot_->track = track;
 }
 
+void PlaybackQueue::setNowplayingSource(SourceType type, int playlistIndex, qint64 playlistUid)
+{
+    if (!snapshot_)
+        return;
+    snapshot_->sourceType = type;
+    snapshot_->playlistIndex = playlistIndex;
+    snapshot_->playlistUid = playlistUid;
+    snapshot_->indexPath = context_.dataManager.currentIndexPath();
+}
+
 void PlaybackQueue::reloadTracks()
 {
     context_.dataManager.playlistsTableView().reloadData();

@@ -93,6 +93,8 @@ class PlaybackQueue : public QObject, public RVPlayerDelegate {
         snapshot_->playlistItems = items;
         Q_EMIT trackChanged();
     }
+    /// The playing search or playlist is that one now, at that place of its list.
+    void setNowplayingSource(SourceType type, int playlistIndex, qint64 playlistUid);
     /// The playing search or playlist has moved to another place of its list.
     void setNowplayingPlaylistIndex(int index)
     {

@@ -8,41 +8,7 @@
 
 #include <QCoreApplication>
 
-#include <algorithm>
-#include <set>
-
 namespace zib {
-
-namespace {
-
-/// A source list that is shown anew as a whole whenever something in it changes.
-class PlainSources : public SourceListing {
-  public:
-    explicit PlainSources(ControllerContext& context)
-        : context_(context)
-    {
-    }
-    int categoryOfSelectedNode() const override { return int(context_.dataManager.currentSourceType()); }
-    bool isNodeEnabled(SourceType position) const override { return enabled_.contains(position); }
-    void setNodeEnabled(SourceType position, bool enabled) override
-    {
-        if (enabled)
-            enabled_.insert(position);
-        else
-            enabled_.erase(position);
-    }
-    void reloadRow(SourceType) override { reloadRows(); }
-    void reloadRows() override { context_.window.reloadSources(); }
-    void insertNode(SourceType, int, const QString&, const QString&) override { reloadRows(); }
-    void removeNode(SourceType, int) override { reloadRows(); }
-    void changeItemView() override {}
-
-  private:
-    ControllerContext& context_;
-    std::set<SourceType> enabled_;
-};
-
-} // namespace
 
 RVMainController::RVMainController(RVDataManager& dataManager, RVPlayer& player, const WebServices& services,
                                    UserDefaults& defaults, Alerts& alerts, Desktop& desktop, Trash& trash,
@@ -59,15 +25,15 @@ RVMainController::RVMainController(RVDataManager& dataManager, RVPlayer& player,
                .window = window,
                .notices = notices_}
     , playback_(context_, player, services)
-    , sources_(std::make_unique<PlainSources>(context_))
-    , search_(context_, playback_, *sources_, services)
+    , sources_(context_, playback_, window.outlineView())
+    , search_(context_, playback_, sources_, services)
     , downloading_(context_, playback_, downloads_)
 {
     dataManager.setDelegate(this);
     player.setDelegate(&playback_);
     QObject::connect(&playback_, &PlaybackQueue::songInformationCompleted, &playback_, [this] {
-        if (sources_->categoryOfSelectedNode() == int(SourceType::NowPlaying))
-            sources_->changeItemView();
+        if (sources_.categoryOfSelectedNode() == int(SourceType::NowPlaying))
+            sources_.changeItemView();
     });
 }
 
@@ -82,62 +48,7 @@ void RVMainController::windowDidLoad()
 {
     search_.showSearchType();
     playback_.stop();
-    if (context_.dataManager.searches().isEmpty())
-        showLibrary(FilterType::All);
-    else
-        showSearch(0);
-}
-
-void RVMainController::showLibrary(FilterType filter)
-{
-    context_.dataManager.setCurrentFilterType(filter);
-    context_.dataManager.setSource(SourceType::Library);
-    context_.window.reloadSources();
-}
-
-void RVMainController::showSearch(int index)
-{
-    context_.dataManager.setSource(SourceType::RecentSearches);
-    context_.dataManager.setCurrentPlaylistIndex(index);
-    context_.window.reloadSources();
-}
-
-void RVMainController::showPlaylist(int index)
-{
-    context_.dataManager.setSource(SourceType::Playlists);
-    context_.dataManager.setCurrentPlaylistIndex(index);
-    context_.window.reloadSources();
-}
-
-QList<Record> RVMainController::selectedSongs() const
-{
-    QList<Record> songs;
-    for (const int row : context_.dataManager.playlistsTableView().selectedRows())
-        if (const Record song = context_.dataManager.items().value(row))
-            songs.append(song);
-    return songs;
-}
-
-void RVMainController::addPlaylistFromSelectionAction()
-{
-    const QList<Record> songs = selectedSongs();
-    if (songs.isEmpty())
-        return;
-    const QString artist = songs.first().string(keys::Artist);
-    const bool oneArtist = !artist.isEmpty() && std::ranges::all_of(songs, [&artist](const Record& song) {
-        return song.string(keys::Artist) == artist;
-    });
-    context_.dataManager.addPlaylistWithTitle(
-        oneArtist ? artist : QCoreApplication::translate("RVMainController", "Untitled playlist"), songs, 0);
-    context_.window.reloadSources();
-}
-
-void RVMainController::addSelectionToPlaylist(int index)
-{
-    RVDataManager& library = context_.dataManager;
-    library.addObjects(selectedSongs(), index);
-    if (library.currentSourceType() == SourceType::Playlists && library.currentPlaylistIndex() == index)
-        library.setCurrentPlaylistIndex(index);
+    sources_.populateOutlineContents();
 }
 
 void RVMainController::importITunesLibrary()
@@ -158,7 +69,7 @@ void RVMainController::removeITunesItems()
 
 void RVMainController::editInformation()
 {
-    const QList<Record> songs = selectedSongs();
+    const QList<Record> songs = sources_.selectedSongs();
     if (songs.isEmpty())
         return;
     const QString question = QCoreApplication::translate(

@@ -6,15 +6,13 @@
 #include "controller/Notices.h"
 #include "controller/PlaybackQueue.h"
 #include "controller/SearchFlow.h"
-#include "controller/SourceListing.h"
+#include "controller/SourceList.h"
 #include "library/FileViewController.h"
 #include "library/RVDataManagerDelegate.h"
 #include "library/SongDownloads.h"
 #include "library/SongEditing.h"
 #include "library/SongRemoval.h"
 #include "services/PKNetwork.h"
-
-#include <memory>
 
 namespace zib {
 
@@ -34,22 +32,24 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
                      MainWindowView& window);
     ~RVMainController() override;
 
-    /// Fills the window: search type, idle banner, and the most recent search or else the library.
+    /// Fills the window: search type, idle banner, the sources.
     void windowDidLoad();
 
     [[nodiscard]] RVDataManager& dataManager() { return context_.dataManager; }
     [[nodiscard]] PlaybackQueue& playback() { return playback_; }
     [[nodiscard]] const PlaybackQueue& playback() const { return playback_; }
     [[nodiscard]] SearchFlow& search() { return search_; }
+    [[nodiscard]] SourceList& sources() { return sources_; }
     [[nodiscard]] DownloadActions& downloading() { return downloading_; }
     [[nodiscard]] SongEditing& editing() { return editing_; }
     [[nodiscard]] Notices& notices() { return notices_; }
 
     /// Shows the library's songs that pass the filter.
-    void showLibrary(FilterType filter);
+    void showLibrary(FilterType filter) { sources_.select({int(SourceType::Library), int(filter)}); }
     /// Shows a recent search; 0 is the newest.
-    void showSearch(int index);
-    void showPlaylist(int index);
+    void showSearch(int index) { sources_.select({int(SourceType::RecentSearches), index}); }
+    /// Shows a playlist.
+    void showPlaylist(int index) { sources_.select({int(SourceType::Playlists), index}); }
 
     /// Imports the user's iTunes library, once the user has agreed to it.
     void importITunesLibrary();
@@ -59,9 +59,9 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
     /// Lets the user edit what is known of the selected songs.
     void editInformation();
     /// Makes a playlist of the selected songs.
-    void addPlaylistFromSelectionAction();
+    void addPlaylistFromSelectionAction() { sources_.addPlaylistFromSelectionAction(); }
     /// Appends the selected songs to that playlist.
-    void addSelectionToPlaylist(int index);
+    void addSelectionToPlaylist(int index) { sources_.addSongs(sources_.selectedSongs(), index); }
     /// Removes the selected songs, from the library or the shown playlist.
     void deleteSelectedItems() { removal_.deleteSelectedItems(); }
     /// Removes the songs that could not be opened, once the user has agreed to it.
@@ -90,7 +90,6 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
     void pause() override { playback_.pause(); }
 
   private:
-    [[nodiscard]] QList<Record> selectedSongs() const;
 
     RVPlayer& player_;
     Notices notices_;
@@ -100,7 +99,7 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
     SongEditing editing_;
     ControllerContext context_;
     PlaybackQueue playback_;
-    std::unique_ptr<SourceListing> sources_;
+    SourceList sources_;
     SearchFlow search_;
     DownloadActions downloading_;
 };

@@ -5,6 +5,7 @@
 #include "controller/MainWindowView.h"
 #include "controller/Notices.h"
 #include "controller/PlaybackQueue.h"
+#include "controller/SourceKinds.h"
 #include "controller/SourceListing.h"
 #include "library/RVDataManager.h"
 #include "platform/SettingsKeys.h"
@@ -36,19 +37,6 @@ QList<Record> withWhatIsKept(const QList<Record>& songs, const RecordTable& libr
                 if (kept.contains(key))
                     song.set(key, kept.value(key));
     return songs;
-}
-
-/// What the row of a search is marked with in the source list.
-QString kindTag(qint32 searchType)
-{
-    switch (searchType) {
-    case RVPlaylistDownloader::Artist:
-        return QStringLiteral("artist");
-    case RVPlaylistDownloader::SimilarArtists:
-        return QStringLiteral("artistradio");
-    default:
-        return QStringLiteral("tag");
-    }
 }
 
 } // namespace
@@ -212,12 +200,12 @@ void SearchFlow::fileSearch(const QList<Record>& result, const RVPlaylistDownloa
     }
     library.setSource(SourceType::RecentSearches);
     library.addPlaylistWithTitle(request.searchString(), result, request.searchType());
-    sources_.insertNode(SourceType::RecentSearches, 0, request.searchString(), kindTag(request.searchType()));
+    sources_.insertNode(SourceType::RecentSearches, 0, request.searchString(),
+                        kindTagOfSearch(request.searchType()));
     // What plays from a recent search still does: that search is now one place further down.
     if (playback_.nowplayingSourceType() == int(SourceType::RecentSearches))
         playback_.setNowplayingPlaylistIndex(playback_.nowplayingPlaylistIndex() + 1);
     library.setCurrentPlaylistIndex(0);
-    context_.window.reloadSources();
 }
 
 void SearchFlow::searchFailedWithError(const QString& error, RVPlaylistDownloader& request)

@@ -11,6 +11,7 @@
 #include "platform/LibraryView.h"
 #include "platform/Movie.h"
 #include "platform/Notifications.h"
+#include "platform/OutlineView.h"
 #include "platform/PowerEvents.h"
 #include "platform/RVBusyPanel.h"
 #include "platform/Reachability.h"

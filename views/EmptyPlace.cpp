@@ -63,6 +63,7 @@ void EmptyPlace::say(const QString& title, const QString& text)
 {
     title_->setText(title);
     text_->setText(text);
+    text_->ensurePolished(); // its font decides how high it is
     text_->setFixedHeight(text_->heightForWidth(textWidth));
 }
 

@@ -9,9 +9,11 @@
 #include "views/Icons.h"
 #include "views/LibraryPlace.h"
 #include "views/NowPlayingPanel.h"
+#include "views/NowPlayingPlace.h"
 #include "views/SearchBar.h"
 #include "views/SongInformationWindow.h"
 #include "views/SourceListView.h"
+#include "views/SourcePane.h"
 #include "views/TextLabel.h"
 #include "views/Theme.h"
 #include "views/ValueSlider.h"
@@ -27,6 +29,7 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
+#include <QStackedWidget>
 #include <QToolButton>
 
 namespace zib {
@@ -156,12 +159,17 @@ QWidget* MainWindow::makeMainArea()
     auto* splitter = new QSplitter(this);
     splitter->setHandleWidth(1);
     splitter->setChildrenCollapsible(false);
-    sources_ = new SourceListView(splitter);
+    sources_ = new SourcePane(splitter);
     sources_->setMinimumWidth(140);
 
-    place_ = new LibraryPlace(defaults_, splitter);
+    views_ = new QStackedWidget(splitter);
+    nothing_ = new QWidget(views_);
+    nowPlaying_ = new NowPlayingPlace(views_);
+    place_ = new LibraryPlace(defaults_, views_);
+    for (QWidget* view : {nothing_, static_cast<QWidget*>(nowPlaying_), static_cast<QWidget*>(place_)})
+        views_->addWidget(view);
     splitter->addWidget(sources_);
-    splitter->addWidget(place_);
+    splitter->addWidget(views_);
     splitter->setStretchFactor(0, 0);
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({sourceListWidth, comfortableWindow.width() - sourceListWidth});
@@ -196,6 +204,8 @@ void MainWindow::attach(RVMainController& controller)
 {
     controller_ = &controller;
     place_->attach(controller);
+    nowPlaying_->attach(controller);
+    sources_->attach(controller);
     panel_->setDurationSource([&controller] { return controller.playback().duration(); });
     connectControls();
     makeShortcuts();
@@ -225,12 +235,6 @@ void MainWindow::connectControls()
             [this](int type) { controller_->search().radioTypeSelected(type); });
     connect(search_, &SearchBar::searchRequested, this,
             [this](const QString& text) { controller_->search().performSearchAction(text); });
-    connect(sources_, &SourceListView::libraryChosen, this,
-            [this](FilterType filter) { controller_->showLibrary(filter); });
-    connect(sources_, &SourceListView::searchChosen, this,
-            [this](int index) { controller_->showSearch(index); });
-    connect(sources_, &SourceListView::playlistChosen, this,
-            [this](int index) { controller_->showPlaylist(index); });
 }
 
 PlaybackQueue& MainWindow::playback()
@@ -420,13 +424,24 @@ void MainWindow::setConnected(bool connected)
     place_->setConnected(connected);
 }
 
-void MainWindow::reloadSources()
+OutlineView& MainWindow::outlineView()
 {
-    const RVDataManager& library = controller_->dataManager();
-    sources_->show(library.playlists(), library.searches());
-    sources_->markCurrent(library.currentSourceType(), library.currentFilterType(),
-                          library.currentPlaylistIndex());
-    place_->update();
+    return sources_->list();
+}
+
+void MainWindow::setCurrentView(MainView view)
+{
+    switch (view) {
+    case MainView::None:
+        views_->setCurrentWidget(nothing_);
+        break;
+    case MainView::NowPlaying:
+        views_->setCurrentWidget(nowPlaying_);
+        break;
+    case MainView::Songs:
+        views_->setCurrentWidget(place_);
+        break;
+    }
 }
 
 void MainWindow::showVolume()

@@ -7,6 +7,7 @@
 
 class QLabel;
 class QMenu;
+class QStackedWidget;
 class QToolButton;
 
 namespace zib {
@@ -14,10 +15,11 @@ namespace zib {
 class LibraryPlace;
 class LibraryView;
 class NowPlayingPanel;
+class NowPlayingPlace;
 class PlaybackQueue;
 class RVMainController;
 class SearchBar;
-class SourceListView;
+class SourcePane;
 class TextLabel;
 class UserDefaults;
 class VolumeSlider;
@@ -63,7 +65,8 @@ class MainWindow : public QMainWindow, public MainWindowView {
     void setSearchPlaceholder(const QString& text) override;
     void setLoaderAnimating(bool animating) override;
     std::optional<SongInformation> editInformation(FileViewController& songs) override;
-    void reloadSources() override;
+    OutlineView& outlineView() override;
+    void setCurrentView(MainView view) override;
     void setConnected(bool connected) override;
 
   Q_SIGNALS:
@@ -101,7 +104,10 @@ class MainWindow : public QMainWindow, public MainWindowView {
     NowPlayingPanel* panel_ = nullptr;
     SearchBar* search_ = nullptr;
     QMenu* menu_ = nullptr;
-    SourceListView* sources_ = nullptr;
+    SourcePane* sources_ = nullptr;
+    QStackedWidget* views_ = nullptr;
+    QWidget* nothing_ = nullptr;
+    NowPlayingPlace* nowPlaying_ = nullptr;
     LibraryPlace* place_ = nullptr;
     TextLabel* status_ = nullptr;
 };

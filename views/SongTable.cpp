@@ -3,6 +3,7 @@
 
 #include "library/RVDataManager.h"
 #include "library/SongReordering.h"
+#include "views/DragPicture.h"
 #include "views/SongDelegate.h"
 #include "views/SongTableModel.h"
 #include "views/Theme.h"
@@ -24,25 +25,6 @@ constexpr int dropLineWidth = 2;
 bool isButton(const QModelIndex& index)
 {
     return index.column() == int(SongColumn::Love) || index.column() == int(SongColumn::Download);
-}
-
-/// What hangs at the pointer while songs are dragged.
-QPixmap dragPicture(const QWidget& table, const QString& text)
-{
-    const QRect label = table.fontMetrics().boundingRect(text).marginsAdded(
-        {Theme::between, Theme::within, Theme::between, Theme::within});
-    QPixmap picture(label.size() * table.devicePixelRatioF());
-    picture.setDevicePixelRatio(table.devicePixelRatioF());
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(Theme::current().accent);
-    painter.drawRoundedRect(QRect(QPoint(), label.size()), Theme::corner, Theme::corner);
-    painter.setFont(table.font());
-    painter.setPen(Theme::current().onAccent);
-    painter.drawText(QRect(QPoint(), label.size()), Qt::AlignCenter, text);
-    return picture;
 }
 
 } // namespace
@@ -263,9 +245,7 @@ void SongTable::startDrag(Qt::DropActions /*actions*/)
     const QString name = model_->index(rows.first(), nameColumn).data().toString();
     auto* drag = new QDrag(this);
     drag->setMimeData(songs);
-    drag->setPixmap(dragPicture(
-        *this, rows.size() == 1 ? fontMetrics().elidedText(name, Qt::ElideRight, columnWidth(nameColumn))
-                                : tr("%n songs", nullptr, int(rows.size()))));
+    drag->setPixmap(dragPicture(*this, rows.size() == 1 ? name : tr("%n songs", nullptr, int(rows.size()))));
     drag->exec(Qt::MoveAction);
 }
 

@@ -1,209 +1,340 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "views/SourceListView.h"
 
-#include "services/RVPlaylistDownloader.h"
-#include "views/Icons.h"
+#include "controller/SourceList.h"
+#include "views/DragPicture.h"
+#include "views/SourceDelegate.h"
+#include "views/SourceModel.h"
 #include "views/Theme.h"
 
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QDrag>
+#include <QMimeData>
 #include <QPainter>
 #include <QScopedValueRollback>
-#include <QStandardItemModel>
-#include <QStyledItemDelegate>
+
+#include <algorithm>
 
 namespace zib {
 
 namespace {
 
-enum Role { SourceRole = Qt::UserRole, NumberRole, IconNameRole };
-
-constexpr int headingHeight = 28;
-constexpr int sourceHeight = 26;
-constexpr int inset = 8;
-
-bool isHeading(const QModelIndex& index)
-{
-    return !index.data(SourceRole).isValid();
-}
-
-QString iconOfSearch(qint64 kind)
-{
-    switch (kind) {
-    case RVPlaylistDownloader::Artist:
-        return QStringLiteral("artist");
-    case RVPlaylistDownloader::SimilarArtists:
-        return QStringLiteral("similar");
-    default:
-        return QStringLiteral("tag");
-    }
-}
-
-class SourceDelegate : public QStyledItemDelegate {
-  public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    QSize sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const override
-    {
-        return {0, isHeading(index) ? headingHeight : sourceHeight};
-    }
-
-    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
-    {
-        painter->save();
-        if (isHeading(index))
-            paintHeading(painter, option, index);
-        else
-            paintSource(painter, option, index);
-        painter->restore();
-    }
-
-  private:
-    static void paintHeading(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index)
-    {
-        QFont font = option.font;
-        font.setPixelSize(Theme::headerText);
-        font.setBold(true);
-        font.setCapitalization(QFont::AllUppercase);
-        font.setLetterSpacing(QFont::AbsoluteSpacing, 0.4);
-        painter->setFont(font);
-        painter->setPen(Theme::current().secondary);
-        painter->drawText(option.rect.adjusted(2 * inset, 0, -inset, -Theme::within),
-                          Qt::AlignLeft | Qt::AlignBottom | Qt::TextSingleLine, index.data().toString());
-    }
-
-    static void paintSource(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index)
-    {
-        const Theme& theme = Theme::current();
-        const bool selected = option.state.testFlag(QStyle::State_Selected);
-        QRect row = option.rect.adjusted(inset, 1, -inset, -1);
-        painter->setRenderHint(QPainter::Antialiasing);
-        if (selected) {
-            painter->setPen(Qt::NoPen);
-            painter->setBrush(theme.accent);
-            painter->drawRoundedRect(row, Theme::corner, Theme::corner);
-        }
-        if (selected && option.state.testFlag(QStyle::State_HasFocus)) {
-            painter->setPen(QPen(theme.onAccent, 1));
-            painter->setBrush(Qt::NoBrush);
-            painter->drawRoundedRect(QRectF(row).adjusted(2.5, 2.5, -2.5, -2.5), Theme::within,
-                                     Theme::within);
-        }
-        QRect mark(row.left() + inset, 0, 16, 16);
-        mark.moveCenter({mark.center().x(), row.center().y()});
-        icon(index.data(IconNameRole).toString(), selected ? Tint::OnAccent : Tint::Secondary)
-            .paint(painter, mark);
-        row.setLeft(mark.right() + inset);
-        row.adjust(0, 0, -inset, 0);
-        painter->setFont(option.font);
-        painter->setPen(selected ? theme.onAccent : theme.text);
-        painter->drawText(
-            row, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-            option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, row.width()));
-    }
-};
+constexpr int dropLineWidth = 2;
 
 } // namespace
 
 SourceListView::SourceListView(QWidget* parent)
-    : QListView(parent)
-    , model_(new QStandardItemModel(this))
+    : QTreeView(parent)
+    , model_(new SourceModel(this))
 {
     setObjectName(QStringLiteral("sources"));
     setAccessibleName(tr("Sources"));
     setModel(model_);
     setItemDelegate(new SourceDelegate(this));
-    setEditTriggers(NoEditTriggers);
     setFrameShape(NoFrame);
+    setHeaderHidden(true);
+    setIndentation(0);
+    setRootIsDecorated(false);
+    setItemsExpandable(false);
+    setExpandsOnDoubleClick(false);
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(ExtendedSelection);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    show({}, {});
+    setTextElideMode(Qt::ElideRight);
+    setDragEnabled(true);
+    setAcceptDrops(true);
+    setDropIndicatorShown(false); // drawn here, where the source list says
+    // Everything is there to be seen.
+    connect(model_, &SourceModel::rowsInserted, this, [this](const QModelIndex& group) { expand(group); });
 }
 
-void SourceListView::show(const QList<Record>& playlists, const QList<Record>& searches)
+SourceListView::~SourceListView() = default;
+
+void SourceListView::attach(SourceList& sources)
 {
-    // The rows stay while they say the same: a reload comes also from within the choice of one of them.
-    QStringList shown;
-    for (const Record& list : playlists + searches)
-        shown.append(QString::number(list.integer(keys::Kind)) + list.string(keys::Name));
-    if (model_->rowCount() > 0 && shown == shown_)
-        return;
-    shown_ = shown;
-    const QScopedValueRollback quiet(quiet_, true);
-    model_->clear();
-    addHeading(tr("Library"));
-    const auto addFilter = [this](const QString& title, const QString& iconName, FilterType filter) {
-        addSource(title, iconName, SourceType::Library, int(filter));
-    };
-    addFilter(tr("Music"), QStringLiteral("music"), FilterType::All);
-    addFilter(tr("Downloads"), QStringLiteral("download"), FilterType::Downloads);
-    addFilter(tr("Imported"), QStringLiteral("imported"), FilterType::Imported);
-    addFilter(tr("Favorites"), QStringLiteral("heart"), FilterType::Favorites);
-    if (!playlists.isEmpty())
-        addHeading(tr("Playlists"));
-    for (int index = 0; index < playlists.size(); ++index)
-        addSource(playlists[index].string(keys::Name), QStringLiteral("playlist"), SourceType::Playlists,
-                  index);
-    if (!searches.isEmpty())
-        addHeading(tr("Recent Searches"));
-    for (int index = 0; index < searches.size(); ++index)
-        addSource(searches[index].string(keys::Name), iconOfSearch(searches[index].integer(keys::Kind)),
-                  SourceType::RecentSearches, index);
+    sources_ = &sources;
+    model_->setSources(sources);
 }
 
-void SourceListView::markCurrent(SourceType source, FilterType filter, int listIndex)
+// From the source list
+
+void SourceListView::setHidden(bool hidden)
+{
+    hidden_ = hidden;
+    setUpdatesEnabled(!hidden); // its place stays
+}
+
+bool SourceListView::isHidden() const
+{
+    return hidden_;
+}
+
+void SourceListView::insertItem(const NodePath& at, const Change& change)
 {
     const QScopedValueRollback quiet(quiet_, true);
-    const int number = source == SourceType::Library ? int(filter) : listIndex;
-    for (int row = 0; row < model_->rowCount(); ++row) {
-        const QModelIndex index = model_->index(row, 0);
-        if (!isHeading(index) && index.data(SourceRole).toInt() == int(source) &&
-            index.data(NumberRole).toInt() == number) {
-            setCurrentIndex(index);
-            return;
-        }
-    }
-    setCurrentIndex({});
+    model_->insertItem(at, change);
 }
 
-void SourceListView::currentChanged(const QModelIndex& current, const QModelIndex& previous)
+void SourceListView::removeItem(const NodePath& at, const Change& change)
 {
-    QListView::currentChanged(current, previous);
-    if (quiet_ || !current.isValid() || isHeading(current))
+    const QScopedValueRollback quiet(quiet_, true);
+    model_->removeItem(at, change);
+}
+
+void SourceListView::moveItem(const NodePath& from, const NodePath& to, const Change& change)
+{
+    const QScopedValueRollback quiet(quiet_, true);
+    model_->moveItem(from, to, change);
+}
+
+void SourceListView::reloadItem(const NodePath& path)
+{
+    model_->reloadItem(path);
+}
+
+void SourceListView::reloadItems()
+{
+    model_->reloadItems();
+}
+
+void SourceListView::selectPaths(const QList<NodePath>& paths)
+{
+    const QScopedValueRollback quiet(quiet_, true);
+    reports_ = false;
+    QItemSelection selection;
+    for (const NodePath& path : paths)
+        selection.select(model_->indexOf(path), model_->indexOf(path));
+    const QModelIndex first = paths.isEmpty() ? QModelIndex() : model_->indexOf(paths.first());
+    selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    if (first.isValid())
+        scrollTo(first);
+}
+
+void SourceListView::editItem(const NodePath& path)
+{
+    setFocus();
+    scrollTo(model_->indexOf(path));
+    edit(model_->indexOf(path));
+}
+
+// Selection
+
+QList<NodePath> SourceListView::chosenPaths() const
+{
+    QList<NodePath> paths;
+    for (const QModelIndex& index : selectionModel()->selectedIndexes())
+        paths.append(model_->pathOf(index));
+    std::ranges::sort(paths, [](const NodePath& a, const NodePath& b) {
+        return std::ranges::lexicographical_compare(a, b);
+    });
+    return paths;
+}
+
+void SourceListView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected)
+{
+    QTreeView::selectionChanged(selected, deselected);
+    if (quiet_ || !sources_ || reports_)
         return;
-    const int number = current.data(NumberRole).toInt();
-    switch (SourceType(current.data(SourceRole).toInt())) {
-    case SourceType::Library:
-        Q_EMIT libraryChosen(FilterType(number));
-        break;
-    case SourceType::Playlists:
-        Q_EMIT playlistChosen(number);
-        break;
-    default:
-        Q_EMIT searchChosen(number);
-    }
+    // Later, when the mouse or key event is over: what follows may ask in a window of its own.
+    reports_ = true;
+    QMetaObject::invokeMethod(this, &SourceListView::reportSelection, Qt::QueuedConnection);
+}
+
+void SourceListView::reportSelection()
+{
+    if (!reports_)
+        return;
+    reports_ = false;
+    sources_->outlineViewSelectionDidChange(chosenPaths());
 }
 
 QModelIndex SourceListView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers)
 {
-    if (action == MoveHome) // the first row is a heading
-        return model_->index(1, 0);
-    return QListView::moveCursor(action, modifiers);
+    switch (action) {
+    case MoveLeft: // nothing opens or closes here
+    case MoveRight:
+        return currentIndex();
+    default:
+        return QTreeView::moveCursor(action, modifiers);
+    }
 }
 
-void SourceListView::addHeading(const QString& title)
+// Keys and mouse
+
+void SourceListView::keyPressEvent(QKeyEvent* event)
 {
-    auto* item = new QStandardItem(title);
-    item->setFlags(Qt::NoItemFlags);
-    model_->appendRow(item);
+    reportSelection();
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        Q_EMIT playRequested();
+        return;
+    case Qt::Key_F2:
+        sources_->editPlaylistAction();
+        return;
+    case Qt::Key_Delete:
+    case Qt::Key_Backspace:
+        if (sources_->removeEnabled())
+            sources_->removePlaylistAction();
+        else
+            QApplication::beep();
+        return;
+    case Qt::Key_Space: // plays or pauses, for the window; not a change of the selection
+        event->ignore();
+        return;
+    default:
+        QTreeView::keyPressEvent(event);
+    }
 }
 
-void SourceListView::addSource(const QString& title, const QString& iconName, SourceType source, int number)
+void SourceListView::mousePressEvent(QMouseEvent* event)
 {
-    auto* item = new QStandardItem(title);
-    item->setData(int(source), SourceRole);
-    item->setData(number, NumberRole);
-    item->setData(iconName, IconNameRole);
-    item->setToolTip(title);
-    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
-    model_->appendRow(item);
+    const QModelIndex index = indexAt(event->position().toPoint());
+    mayDrag_ = index.flags().testFlag(Qt::ItemIsDragEnabled);
+    // A place without a row is no choice of nothing.
+    if (index.flags().testFlag(Qt::ItemIsSelectable))
+        QTreeView::mousePressEvent(event);
+    else
+        setFocus(Qt::MouseFocusReason);
+}
+
+void SourceListView::mouseMoveEvent(QMouseEvent* event)
+{
+    // A hand that is not quite still does not choose several rows.
+    if (mayDrag_ || event->buttons() == Qt::NoButton)
+        QTreeView::mouseMoveEvent(event);
+}
+
+void SourceListView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    const QModelIndex index = indexAt(event->position().toPoint());
+    if (event->button() != Qt::LeftButton || !index.flags().testFlag(Qt::ItemIsSelectable))
+        return;
+    reportSelection();
+    Q_EMIT playRequested();
+}
+
+void SourceListView::contextMenuEvent(QContextMenuEvent* event)
+{
+    reportSelection();
+    if (event->reason() == QContextMenuEvent::Keyboard) {
+        const QModelIndex index = currentIndex();
+        Q_EMIT menuRequested(viewport()->mapToGlobal(visualRect(index).bottomLeft()), index.isValid());
+    } else {
+        const bool onRow = indexAt(event->pos()).flags().testFlag(Qt::ItemIsSelectable);
+        Q_EMIT menuRequested(event->globalPos(), onRow);
+    }
+}
+
+void SourceListView::focusInEvent(QFocusEvent* event)
+{
+    QTreeView::focusInEvent(event);
+    viewport()->update(); // the selection looks otherwise
+}
+
+void SourceListView::focusOutEvent(QFocusEvent* event)
+{
+    QTreeView::focusOutEvent(event);
+    viewport()->update();
+}
+
+// Dragging
+
+void SourceListView::startDrag(Qt::DropActions /*actions*/)
+{
+    reportSelection();
+    const QList<NodePath> rows = chosenPaths();
+    auto pasteboard = std::make_unique<QMimeData>();
+    if (!sources_->writeItems(rows, *pasteboard))
+        return;
+    const QString title = model_->indexOf(rows.first()).data().toString();
+    auto* drag = new QDrag(this);
+    drag->setMimeData(pasteboard.release());
+    drag->setPixmap(dragPicture(*this, rows.size() == 1 ? title : tr("%n rows", nullptr, int(rows.size()))));
+    drag->exec(Qt::MoveAction);
+}
+
+std::optional<OutlineDrop> SourceListView::dropAt(const QPoint& place, const QMimeData& pasteboard) const
+{
+    if (!sources_)
+        return std::nullopt;
+    const NodePath playlists{int(SourceType::Playlists)};
+    const QModelIndex index = indexAt(place);
+    const NodePath path = model_->pathOf(index);
+    const int count = sources_->tree().childCount(playlists);
+    if (!pasteboard.hasFormat(SourceDragging::nodesPBoardType))
+        return sources_->validateDrop(pasteboard, path, OutlineDrop::OnItem);
+    if (!index.isValid()) // below the last row
+        return sources_->validateDrop(pasteboard, playlists, count);
+    if (path == playlists)
+        return sources_->validateDrop(pasteboard, playlists, 0);
+    if (path.first() != playlists.first())
+        return sources_->validateDrop(pasteboard, path, OutlineDrop::OnItem);
+    const bool below = place.y() > visualRect(index).center().y();
+    return sources_->validateDrop(pasteboard, playlists, path.last() + (below ? 1 : 0));
+}
+
+void SourceListView::setDrop(const std::optional<OutlineDrop>& drop)
+{
+    dropMark_.reset();
+    if (drop && drop->childIndex == OutlineDrop::OnItem) {
+        dropMark_ = visualRect(model_->indexOf(drop->item));
+    } else if (drop) {
+        const bool first = drop->childIndex == 0;
+        const QRect row = visualRect(first ? model_->indexOf(drop->item)
+                                           : model_->indexOf(drop->item + NodePath{drop->childIndex - 1}));
+        dropMark_ = QRect(row.left(), row.bottom() + 1 - dropLineWidth / 2, row.width(), dropLineWidth);
+    }
+    viewport()->update();
+}
+
+void SourceListView::dragEnterEvent(QDragEnterEvent* event)
+{
+    // Anything else is the window's.
+    event->setAccepted(SourceList::takesDrop(*event->mimeData()));
+}
+
+void SourceListView::dragMoveEvent(QDragMoveEvent* event)
+{
+    QTreeView::dragMoveEvent(event); // scrolls at the edges
+    const auto drop = dropAt(event->position().toPoint(), *event->mimeData());
+    setDrop(drop);
+    event->setDropAction(Qt::MoveAction);
+    event->setAccepted(drop.has_value());
+}
+
+void SourceListView::dragLeaveEvent(QDragLeaveEvent* event)
+{
+    QTreeView::dragLeaveEvent(event);
+    setDrop(std::nullopt);
+}
+
+void SourceListView::dropEvent(QDropEvent* event)
+{
+    const auto drop = dropAt(event->position().toPoint(), *event->mimeData());
+    setDrop(std::nullopt);
+    stopAutoScroll();
+    setState(NoState);
+    event->setDropAction(Qt::MoveAction);
+    event->setAccepted(drop && sources_->acceptDrop(*event->mimeData(), *drop));
+}
+
+void SourceListView::paintEvent(QPaintEvent* event)
+{
+    QTreeView::paintEvent(event);
+    if (!dropMark_)
+        return;
+    QPainter painter(viewport());
+    const QRect mark = dropMark_->adjusted(Theme::between, 0, -Theme::between, 0);
+    if (mark.height() <= dropLineWidth) {
+        painter.fillRect(mark, Theme::current().accent);
+        return;
+    }
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(Theme::current().accent, dropLineWidth));
+    painter.drawRoundedRect(mark.adjusted(1, 1, -1, -1), Theme::corner, Theme::corner);
 }
 
 } // namespace zib

@@ -107,7 +107,8 @@ class ControllerWorld : public testing::Test {
     void showAsSearch(const QList<Record>& songs)
     {
         library->addPlaylistWithTitle(QStringLiteral("found"), songs, RVPlaylistDownloader::Artist);
-        controller->showSearch(0);
+        controller->sources().insertNode(SourceType::RecentSearches, 0, QStringLiteral("found"),
+                                         QStringLiteral("artist"));
     }
     /// Shows those songs as the library; there the next song follows by itself.
     void showAsLibrary(const QList<Record>& songs)

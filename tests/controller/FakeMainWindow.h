@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controller/MainWindowView.h"
+#include "tests/fakes/FakeOutlineView.h"
 
 namespace zib {
 
@@ -35,7 +36,8 @@ class FakeMainWindow : public MainWindowView {
         songs.textDidChange();
         return edited;
     }
-    void reloadSources() override { ++sourceReloads; }
+    FakeOutlineView& outlineView() override { return outline; }
+    void setCurrentView(MainView view) override { shownView = view; }
     void setConnected(bool on) override { connected = on; }
 
     bool playing = false;
@@ -57,7 +59,8 @@ class FakeMainWindow : public MainWindowView {
     bool loaderAnimating = false;
     int informations = 0;
     std::optional<SongInformation> edited; ///< what the user saves
-    int sourceReloads = 0;
+    FakeOutlineView outline;
+    MainView shownView = MainView::None;
     bool connected = false;
 };
 

@@ -105,13 +105,17 @@ class DesktopUser:
 
     def drag_row(self, table_name, row, below):
         """Drags a row to the lower half of another one."""
-        start, end = _extents(self.cell(table_name, row)), _extents(self.cell(table_name, below))
+        self.drag(self.cell(table_name, row), self.cell(table_name, below), down=0.75)
+
+    def drag(self, control, target, down=0.5):
+        """Drags one control onto another, to that fraction of its height."""
+        start, end = _extents(control), _extents(target)
         x, y = start.x + start.width // 3, start.y + start.height // 2
-        target = end.y + end.height * 3 // 4
+        to_x, to_y = end.x + end.width // 3, int(end.y + end.height * down)
         self._xdotool("mousemove", str(x), str(y), "mousedown", "1")
         for part in range(1, 9):  # a drag begins, and its target is found, by moving
-            self._xdotool("mousemove", str(x), str(y + (target - y) * part // 8))
-        self._xdotool("mousemove", str(x + 1), str(target), "mouseup", "1")
+            self._xdotool("mousemove", str(x + (to_x - x) * part // 8), str(y + (to_y - y) * part // 8))
+        self._xdotool("mousemove", str(to_x + 1), str(to_y), "mouseup", "1")
 
     @staticmethod
     def _column(table, heading):
@@ -132,7 +136,7 @@ def _search(control, name, role, depth):
         if (control.get_name() == name and (role is None or control.get_role() == role)
                 and control.get_state_set().contains(Atspi.StateType.SHOWING)):
             return control
-        if depth == 0 or control.get_role() in (Atspi.Role.TABLE, Atspi.Role.LIST):
+        if depth == 0 or control.get_role() in (Atspi.Role.TABLE, Atspi.Role.LIST, Atspi.Role.TREE):
             return None
         for i in range(control.get_child_count()):
             child = control.get_child_at_index(i)

@@ -21,11 +21,12 @@ from discovery_steps import DiscoverySteps
 from environment import Environment, wait_until
 from library_steps import LibrarySteps
 from recorder import AUDIBLE, SILENT, Recorder
+from source_steps import SourceSteps
 
 ARTIST = "Kestrel Motorway"  # of the songs that come with the program
 
 
-class Journey(DesktopSteps, LibrarySteps, DiscoverySteps):
+class Journey(DesktopSteps, LibrarySteps, SourceSteps, DiscoverySteps):
     def __init__(self, bin_folder, output):
         self.bin = bin_folder
         self.output = output
@@ -36,6 +37,7 @@ class Journey(DesktopSteps, LibrarySteps, DiscoverySteps):
         self.user.look_at("zib")
         self.recorder = Recorder(self.environment)
         self.log = open(output / "zib.log", "wb")
+        self.artist = ARTIST
         self.songs = 0
         self.loved = None
 
@@ -119,6 +121,7 @@ class Journey(DesktopSteps, LibrarySteps, DiscoverySteps):
 
     def restart(self):
         self.launch()
+        self.user.choose("Sources", ARTIST)
         rows = wait_until(lambda: self.user.rows("Songs"), 15, "the search")
         assert rows == self.songs, f"{rows} songs instead of {self.songs}"
         assert self.loved_songs() == self.loved, self.loved_songs()
@@ -133,6 +136,7 @@ class Journey(DesktopSteps, LibrarySteps, DiscoverySteps):
 
     def play_downloaded(self):
         self.launch("--services", "http://127.0.0.1:9")  # where nobody answers
+        self.user.choose("Sources", ARTIST)
         wait_until(lambda: self.user.rows("Songs"), 15, "the search")
         self.user.double_click_row("Songs", 0)
         wait_until(lambda: self.recorder.listen(0.25) > AUDIBLE, 20, "sound")
@@ -146,7 +150,7 @@ class Journey(DesktopSteps, LibrarySteps, DiscoverySteps):
         return f"{self.now_playing()}: {status}"
 
     STEPS = ("start", "search", "play", "pause", "resume", "seek", *DesktopSteps.STEPS, "love", "download", "quit",
-             "restart", "play_downloaded", *LibrarySteps.STEPS, *DiscoverySteps.STEPS)
+             "restart", "play_downloaded", *LibrarySteps.STEPS, *SourceSteps.STEPS, *DiscoverySteps.STEPS)
 
     # What the steps are made of.
 

@@ -45,6 +45,7 @@ class LibraryTablesTest : public WindowFixture {
     void showAsPlaylist(const QList<Record>& songs)
     {
         library->addPlaylistWithTitle(QStringLiteral("list"), songs, 0);
+        controller->sources().populateOutlineContents();
         controller->showPlaylist(int(library->playlists().size()) - 1);
     }
     QList<Record> songsOfTwoArtists()

@@ -10,7 +10,6 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListView>
 #include <QPushButton>
 #include <QScreen>
 #include <QSlider>
@@ -34,7 +33,7 @@ TEST_F(MainWindowTest, EveryControlHasItsNameAndRole)
                                                                   {"Similar", QAccessible::RadioButton},
                                                                   {"Search", QAccessible::EditableText},
                                                                   {"Songs", QAccessible::Table},
-                                                                  {"Sources", QAccessible::List},
+                                                                  {"Sources", QAccessible::Tree},
                                                                   {"Song progress", QAccessible::Slider},
                                                                   {"Elapsed time", QAccessible::StaticText},
                                                                   {"Remaining time", QAccessible::StaticText},
@@ -314,32 +313,6 @@ TEST_F(MainWindowTest, WhatIsKnownOfSongsIsEditedInAWindow)
     ASSERT_EQ(alerts.shown.size(), 1);
     EXPECT_EQ(alerts.shown[0].messageText,
               QStringLiteral("Are you sure you want to edit information for multiple items?"));
-}
-
-TEST_F(MainWindowTest, TheSourceListLeadsBackToAnOlderSearchAndToLovedSongs)
-{
-    showAsSearch({localSong(1)});
-    clock.advance(std::chrono::seconds(1));
-    showAsSearch({localSong(2), localSong(3)});
-    auto* sources = widget<QListView>(QStringLiteral("Sources"));
-    QStringList rows;
-    for (int row = 0; row < sources->model()->rowCount(); ++row)
-        rows.append(sources->model()->index(row, 0).data().toString());
-    EXPECT_EQ(rows, (QStringList{QStringLiteral("Library"), QStringLiteral("Music"),
-                                 QStringLiteral("Downloads"), QStringLiteral("Imported"),
-                                 QStringLiteral("Favorites"), QStringLiteral("Recent Searches"),
-                                 QStringLiteral("found"), QStringLiteral("found")}));
-    EXPECT_EQ(sources->currentIndex().row(), 6);
-    sources->setFocus();
-    QTest::keyClick(sources, Qt::Key_Down);
-    EXPECT_EQ(library->currentPlaylistIndex(), 1);
-    EXPECT_EQ(table().model()->rowCount(), 1);
-    QTest::keyClick(sources, Qt::Key_Home);
-    for (int source = 0; source < 3; ++source)
-        QTest::keyClick(sources, Qt::Key_Down);
-    EXPECT_EQ(library->currentSourceType(), SourceType::Library);
-    EXPECT_EQ(library->currentFilterType(), FilterType::Favorites);
-    EXPECT_FALSE(table().isVisible());
 }
 
 TEST_F(MainWindowTest, ItsPlaceIsRemembered)

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "controller/MainWindowView.h"
+
+#include <QStackedWidget>
+
+class QLabel;
+
+namespace zib {
+
+class EmptyPlace;
+class RVMainController;
+class TextLabel;
+
+/// The main area while it shows the song now playing, large; without one, how to get one.
+class NowPlayingPlace : public QStackedWidget {
+    Q_OBJECT
+
+  public:
+    explicit NowPlayingPlace(QWidget* parent = nullptr);
+
+    void attach(RVMainController& controller);
+
+  private:
+    QWidget* makeSong();
+    void showSong();
+    void showArtwork();
+    void changeEvent(QEvent* event) override;
+
+    RVMainController* controller_ = nullptr;
+    QLabel* picture_ = nullptr;
+    TextLabel* title_ = nullptr;
+    TextLabel* artist_ = nullptr;
+    TextLabel* album_ = nullptr;
+    QWidget* song_;
+    EmptyPlace* empty_;
+};
+
+} // namespace zib

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "views/SourceDelegate.h"
+
+#include "views/Icons.h"
+#include "views/SourceModel.h"
+#include "views/Theme.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QHelpEvent>
+#include <QLineEdit>
+#include <QPainter>
+#include <QRegularExpressionValidator>
+#include <QToolTip>
+
+namespace zib {
+
+namespace {
+
+constexpr int side = Theme::between; // of the list
+constexpr int smallIcon = 16;
+constexpr int largeIcon = 24;
+constexpr int largeRow = 40; // from which on an icon is large
+
+int iconSize(const QRect& row)
+{
+    return row.height() >= largeRow ? largeIcon : smallIcon;
+}
+
+/// The part of the row that the selection fills.
+QRect groundOf(const QRect& row)
+{
+    const int apart = row.height() >= largeRow ? 2 : 0; // small rows have no room to lose
+    return row.adjusted(side, apart, -side, -apart);
+}
+
+QRect iconArea(const QRect& row)
+{
+    const int size = iconSize(row);
+    QRect area(groundOf(row).left() + Theme::between, 0, size, size);
+    area.moveTop(row.top() + (row.height() - size) / 2);
+    return area;
+}
+
+QRect textArea(const QRect& row)
+{
+    QRect area = groundOf(row).adjusted(0, 0, -Theme::between, 0);
+    area.setLeft(iconArea(row).right() + 1 + Theme::between);
+    return area;
+}
+
+void paintSeparator(QPainter* painter, const QRect& row)
+{
+    painter->fillRect(row.left() + 2 * side, row.center().y(), row.width() - 4 * side, 1,
+                      Theme::current().border);
+}
+
+void paintHeading(QPainter* painter, const QStyleOptionViewItem& option, const QString& title)
+{
+    QFont font = option.font;
+    font.setPixelSize(Theme::headerText);
+    font.setBold(true);
+    font.setCapitalization(QFont::SmallCaps);
+    font.setLetterSpacing(QFont::AbsoluteSpacing, 0.4);
+    painter->setFont(font);
+    painter->setPen(Theme::current().secondary);
+    painter->drawText(option.rect.adjusted(2 * side, 0, -side, -Theme::within),
+                      Qt::AlignLeft | Qt::AlignBottom | Qt::TextSingleLine, title);
+}
+
+void paintSelection(QPainter* painter, const QRect& row, bool hasKeyboard)
+{
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(hasKeyboard ? Theme::current().accent : Theme::current().border);
+    painter->drawRoundedRect(groundOf(row), Theme::corner, Theme::corner);
+}
+
+void paintSource(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index)
+{
+    const Theme& theme = Theme::current();
+    const bool enabled = index.flags().testFlag(Qt::ItemIsEnabled);
+    const bool selected = enabled && option.state.testFlag(QStyle::State_Selected);
+    // A field to edit in is a part of its list.
+    const bool hasKeyboard =
+        option.widget && option.widget->isActiveWindow() &&
+        (option.widget->hasFocus() || option.widget->isAncestorOf(QApplication::focusWidget()));
+    if (selected)
+        paintSelection(painter, option.rect, hasKeyboard);
+    const bool large = iconSize(option.rect) == largeIcon;
+    const QString name = index.data(SourceModel::IconNameRole).toString();
+    const Tint tint = selected && hasKeyboard ? Tint::OnAccent : selected ? Tint::Text : Tint::Secondary;
+    icon(large && selected ? name + QLatin1String("-active") : name, tint)
+        .paint(painter, iconArea(option.rect), Qt::AlignCenter, enabled ? QIcon::Normal : QIcon::Disabled);
+    const QRect area = textArea(option.rect);
+    painter->setFont(option.font);
+    painter->setPen(selected && hasKeyboard ? theme.onAccent : enabled ? theme.text : theme.unplayable);
+    painter->drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                      option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, area.width()));
+}
+
+} // namespace
+
+void SourceDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                           const QModelIndex& index) const
+{
+    painter->save();
+    if (index.data(SourceModel::SeparatorRole).toBool())
+        paintSeparator(painter, option.rect);
+    else if (index.data(SourceModel::GroupRole).toBool())
+        paintHeading(painter, option, index.data().toString());
+    else
+        paintSource(painter, option, index);
+    painter->restore();
+}
+
+bool SourceDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                               const QModelIndex& index)
+{
+    const QString title = index.data().toString();
+    if (event->type() == QEvent::ToolTip && index.data(Qt::ToolTipRole).toString().isEmpty() &&
+        option.fontMetrics.horizontalAdvance(title) > textArea(option.rect).width()) {
+        QToolTip::showText(event->globalPos(), title.toHtmlEscaped(), view);
+        return true;
+    }
+    return QStyledItemDelegate::helpEvent(event, view, option, index);
+}
+
+QWidget* SourceDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,
+                                      const QModelIndex& /*index*/) const
+{
+    auto* editor = new QLineEdit(parent);
+    editor->setObjectName(QStringLiteral("sourceName"));
+    editor->setAccessibleName(tr("Name of the playlist"));
+    // Return does not end the editing while there is nothing to be seen in it.
+    static const QRegularExpression something(QStringLiteral(".*\\S.*"));
+    editor->setValidator(new QRegularExpressionValidator(something, editor));
+    return editor;
+}
+
+void SourceDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                          const QModelIndex& /*index*/) const
+{
+    QRect area = textArea(option.rect).adjusted(-Theme::within, 0, Theme::within, 0);
+    area.setRight(groundOf(option.rect).right());
+    editor->setGeometry(area);
+}
+
+} // namespace zib
