@@ -16,7 +16,7 @@ NOWHERE = "offline.invalid"  # a name that nobody can have
 class DiscoverySteps:
     """Steps over `self.user`, `self.environment`, `self.recorder`, `self.library()` and `self.launch()`."""
 
-    STEPS = ("tag_search", "similar_search", "next_and_back", "offline")
+    STEPS = ("tag_search", "similar_search", "automatic_lists", "next_and_back", "offline")
 
     def tag_search(self):
         self.end()
@@ -33,6 +33,17 @@ class DiscoverySteps:
         assert {"Uo", "Tadeusz Wrzosowy"} <= artists, artists
         assert "Ilse Brandvold" not in artists, artists
         return f"{len(artists)} artists"
+
+    def automatic_lists(self):
+        songs = []
+        for name in ("What's Hot?", "Recommended"):
+            self.user.choose("Sources", name)
+            self.user.click(self.user.wait_for("OK", seconds=10))  # the notice of what the list is
+            wait_until(lambda: self.user.rows("Songs"), 10, f"songs in {name}")
+            self.environment.screenshot(self.output / f"{name.split()[0].lower()}.png")
+            songs.append(self.user.rows("Songs"))
+        assert songs[0] > songs[1], songs  # all there are, and what resembles the loved ones
+        return "{} hot songs, {} recommended".format(*songs)
 
     def next_and_back(self):
         self.end()
