@@ -51,6 +51,10 @@ void SourceList::populateOutlineContents()
     tree_.addChild(QStringLiteral("nowplaying"), translated("Now Playing"), false);
     tree_.addChild(QStringLiteral("tophot"), translated("What's Hot?"), false);
     tree_.addChild(QStringLiteral("recommended"), translated("Recommended"), false);
+    tree_.nodeAt({int(SourceType::TopHot)})
+        ->setDescription(translated("Songs that are talked about now. They come from the web."));
+    tree_.nodeAt({int(SourceType::Recommended)})
+        ->setDescription(translated("Songs like those that you love. They come from the web."));
     setNodeEnabled(SourceType::Recommended, false);
     setNodeEnabled(SourceType::TopHot, false);
     tree_.addSeparatorItem();
@@ -118,7 +122,8 @@ int SourceList::heightOfRowByItem(const NodePath& path) const
 int SourceList::categoryOfSelectedNode() const
 {
     const QList<NodePath> selected = tree_.selectedPaths();
-    return selected.isEmpty() ? std::numeric_limits<int>::max() : selected.first().first();
+    return selected.isEmpty() ? std::numeric_limits<int>::max()
+                              : tree_.categoryOfNode(*tree_.nodeAt(selected.first()));
 }
 
 bool SourceList::isNodeEnabled(SourceType position) const

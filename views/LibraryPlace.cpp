@@ -103,9 +103,10 @@ void LibraryPlace::explainEmptiness()
         return;
     }
     if (library.currentSourceType() == SourceType::Playlists) {
-        empty_->say(tr("This playlist is empty"),
-                    tr("Choose a song anywhere else, open its menu and add it to this playlist. To find "
-                       "some, try a tag:"));
+        empty_->say(
+            tr("This playlist is empty"),
+            tr("Drag songs from anywhere else onto its name at the left, or add them from their menu. "
+               "To find some, try a tag:"));
         return;
     }
     switch (library.currentFilterType()) {

@@ -356,11 +356,13 @@ void MainWindow::showDownload()
 void MainWindow::setArtwork(Artwork artwork)
 {
     panel_->setArtwork(artwork);
+    nowPlaying_->setArtwork();
 }
 
 void MainWindow::setArtworkPicture(const QByteArray& file)
 {
     panel_->setArtworkPicture(file);
+    nowPlaying_->setArtworkPicture(file);
 }
 
 void MainWindow::setTickerHeader(const QString& text)

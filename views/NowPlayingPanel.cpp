@@ -31,21 +31,6 @@ TextLabel* makeTime(const QString& accessibleName, Qt::Alignment alignment, QWid
     return label;
 }
 
-QPixmap rounded(const QImage& picture, qreal devicePixelRatio)
-{
-    QPixmap pixmap(picture.size());
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QBrush(picture));
-    const qreal corner = pictureCorner * devicePixelRatio;
-    painter.drawRoundedRect(pixmap.rect(), corner, corner);
-    painter.end();
-    pixmap.setDevicePixelRatio(devicePixelRatio);
-    return pixmap;
-}
-
 } // namespace
 
 NowPlayingPanel::NowPlayingPanel(QWidget* parent)
@@ -119,7 +104,7 @@ void NowPlayingPanel::setArtworkPicture(const QByteArray& file)
 void NowPlayingPanel::showArtwork()
 {
     if (!cover_.isNull()) {
-        picture_->setPixmap(rounded(cover_, devicePixelRatioF()));
+        picture_->setPixmap(roundedPicture(cover_, pictureCorner, devicePixelRatioF()));
         return;
     }
     const QString name =

@@ -4,6 +4,7 @@
 #include "controller/RVMainController.h"
 #include "views/EmptyPlace.h"
 #include "views/Icons.h"
+#include "views/PictureReader.h"
 #include "views/TextLabel.h"
 #include "views/Theme.h"
 
@@ -22,6 +23,7 @@ constexpr int markSize = 96; // of what stands for a picture
 
 NowPlayingPlace::NowPlayingPlace(QWidget* parent)
     : QStackedWidget(parent)
+    , reader_(new PictureReader(this))
     , song_(makeSong())
     , empty_(new EmptyPlace(this))
 {
@@ -31,6 +33,10 @@ NowPlayingPlace::NowPlayingPlace(QWidget* parent)
     addWidget(song_);
     addWidget(empty_);
     setCurrentWidget(empty_);
+    connect(reader_, &PictureReader::finished, this, [this](const QImage& picture) {
+        cover_ = picture;
+        showArtwork();
+    });
     showArtwork();
 }
 
@@ -81,8 +87,24 @@ void NowPlayingPlace::showSong()
     album_->setShownText(track.string(keys::Album));
 }
 
+void NowPlayingPlace::setArtwork()
+{
+    cover_ = {};
+    reader_->cancel();
+    showArtwork();
+}
+
+void NowPlayingPlace::setArtworkPicture(const QByteArray& file)
+{
+    reader_->read(file, QSize(pictureSize, pictureSize) * devicePixelRatioF());
+}
+
 void NowPlayingPlace::showArtwork()
 {
+    if (!cover_.isNull()) {
+        picture_->setPixmap(roundedPicture(cover_, Theme::corner, devicePixelRatioF()));
+        return;
+    }
     // Quiet: it stands for a picture.
     picture_->setPixmap(icon(QStringLiteral("music"))
                             .pixmap(QSize(markSize, markSize), devicePixelRatioF(), QIcon::Disabled));

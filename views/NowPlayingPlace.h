@@ -3,6 +3,7 @@
 
 #include "controller/MainWindowView.h"
 
+#include <QImage>
 #include <QStackedWidget>
 
 class QLabel;
@@ -10,6 +11,7 @@ class QLabel;
 namespace zib {
 
 class EmptyPlace;
+class PictureReader;
 class RVMainController;
 class TextLabel;
 
@@ -21,6 +23,10 @@ class NowPlayingPlace : public QStackedWidget {
     explicit NowPlayingPlace(QWidget* parent = nullptr);
 
     void attach(RVMainController& controller);
+    /// The song has no cover that is known.
+    void setArtwork();
+    /// @param file as it came from the web.
+    void setArtworkPicture(const QByteArray& file);
 
   private:
     QWidget* makeSong();
@@ -29,6 +35,8 @@ class NowPlayingPlace : public QStackedWidget {
     void changeEvent(QEvent* event) override;
 
     RVMainController* controller_ = nullptr;
+    PictureReader* reader_;
+    QImage cover_;
     QLabel* picture_ = nullptr;
     TextLabel* title_ = nullptr;
     TextLabel* artist_ = nullptr;

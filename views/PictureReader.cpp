@@ -5,6 +5,7 @@
 
 #include <QBuffer>
 #include <QImageReader>
+#include <QPainter>
 
 namespace zib {
 
@@ -29,6 +30,20 @@ QImage pictureIn(QByteArray file, QSize pixels)
 }
 
 } // namespace
+
+QPixmap roundedPicture(const QImage& picture, qreal corner, qreal devicePixelRatio)
+{
+    QPixmap pixmap(picture.size());
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QBrush(picture));
+    painter.drawRoundedRect(pixmap.rect(), corner * devicePixelRatio, corner * devicePixelRatio);
+    painter.end();
+    pixmap.setDevicePixelRatio(devicePixelRatio);
+    return pixmap;
+}
 
 PictureReader::PictureReader(QObject* parent)
     : QObject(parent)

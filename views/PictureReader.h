@@ -3,11 +3,15 @@
 
 #include <QImage>
 #include <QObject>
+#include <QPixmap>
 
 #include <map>
 #include <thread>
 
 namespace zib {
+
+/// The picture with round corners. @param corner their radius in pixels of the window.
+[[nodiscard]] QPixmap roundedPicture(const QImage& picture, qreal corner, qreal devicePixelRatio);
 
 /// Reads pictures that came from outside, on threads of its own, so that none can hold the window up. Main
 /// thread.
