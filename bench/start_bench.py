@@ -60,6 +60,7 @@ class Start:
 
     def look(self):
         """Learns what the place of the songs looks like once nothing changes any more."""
+        self._lay_library()
         self._start()
         wait_until(lambda: self._window(), 60, "the window")
         before = [self._screen.songs_place().copy(), time.monotonic()]
@@ -77,6 +78,7 @@ class Start:
     def measure(self):
         blank = self._screen.songs_place()
         assert not numpy.array_equal(blank, self._painted), "the last window is still there"
+        self._lay_library()
         begin = time.monotonic()
         self._start()
         while not numpy.array_equal(self._screen.songs_place(), self._painted):
@@ -85,10 +87,13 @@ class Start:
         self.seconds.append(time.monotonic() - begin)
         self._end()
 
-    def _start(self):
+    def _lay_library(self):
+        """Anew each time, since the program writes it at its end."""
         target = self._environment.home / LIBRARY
         target.parent.mkdir(parents=True, exist_ok=True)
         shutil.copyfile(self._library, target)
+
+    def _start(self):
         environment = dict(self._environment.env)
         del environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"]  # as a person without aids has it
         self._process = subprocess.Popen([str(TOP / "build/release/bin/zib")], env=environment,
