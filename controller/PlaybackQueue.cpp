@@ -65,7 +65,20 @@ void PlaybackQueue::songSelected()
         return;
     }
     updateSnapshot();
-    playTrack(track);
+    playTrack(snapshot_->playlistItems[rows.value(0)]);
+}
+
+/// A playlist shows the library's own records, and the next playlist that shows the same songs numbers them
+/// anew; what plays next must not follow that.
+QList<Record> PlaybackQueue::frozenItems(const QList<Record>& items) const
+{
+    if (context_.dataManager.currentSourceType() != SourceType::Playlists)
+        return items;
+    QList<Record> frozen;
+    frozen.reserve(items.size());
+    for (const Record& item : items)
+        frozen.append(item.copy());
+    return frozen;
 }
 
 void PlaybackQueue::updateSnapshot()
@@ -74,7 +87,7 @@ void PlaybackQueue::updateSnapshot()
     snapshot_ = NowPlayingSnapshot{
         .playlistIndex = library.currentPlaylistIndex(),
         .sourceType = library.currentSourceType(),
-        .playlistItems = library.items(),
+        .playlistItems = frozenItems(library.items()),
         .indexPath = library.currentIndexPath(),
         .playlistUid = library.currentUID(),
         .filterType = library.currentFilterType(),
@@ -419,7 +432,7 @@ void PlaybackQueue::updateNowplayingTrack(const Record& track)
 void PlaybackQueue::nowplayingPlaylistReordered(const Record& track)
 {
     updateSnapshot();
-    snapshot_->track = track;
+    snapshot_->track = track.copy();
 }
 
 void PlaybackQueue::setNowplayingSource(SourceType type, int playlistIndex, qint64 playlistUid)

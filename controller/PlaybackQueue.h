@@ -90,7 +90,7 @@ class PlaybackQueue : public QObject, public RVPlayerDelegate {
     {
         if (!snapshot_)
             return;
-        snapshot_->playlistItems = items;
+        snapshot_->playlistItems = frozenItems(items);
         Q_EMIT trackChanged();
     }
     /// The playing search or playlist is that one now, at that place of its list.
@@ -122,6 +122,7 @@ class PlaybackQueue : public QObject, public RVPlayerDelegate {
     void songInformationCompleted();
 
   private:
+    [[nodiscard]] QList<Record> frozenItems(const QList<Record>& items) const;
     void updateSnapshot();
     void setArtworkForCurrentTrack();
     /// Shows the song now playing, which has just begun, and asks about it.

@@ -7,13 +7,13 @@
 #include "platform/SettingsKeys.h"
 #include "platform/UserDefaults.h"
 #include "records/PropertyValue.h"
+#include "services/utilities/PathUtilities.h"
 #include "services/utilities/StringUtilities.h"
 
 #include <QDirIterator>
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QLoggingCategory>
-#include <QUrl>
 
 #include <algorithm>
 #include <utility>
@@ -25,11 +25,6 @@ Q_LOGGING_CATEGORY(log, "zib.library.import")
 
 constexpr qsizetype idLength = 16;       // hexadecimal digits
 constexpr qint64 longestSilenceMs = 100; // large files take their time to copy
-
-QString fileUrl(const QString& path)
-{
-    return QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded());
-}
 
 Record recordOf(const FileWalk::File& file)
 {
@@ -65,7 +60,7 @@ ImportedSong imported(const FileWalk::File& file, const UserDefaults& defaults)
         if (const auto copied = files.copy(file.path, track); !copied)
             qCInfo(log).noquote() << copied.error();
     }
-    track.set(keys::Location, fileUrl(path));
+    track.set(keys::Location, fileUrlString(path));
     track.set(keys::Id, md5HexDigest(path).left(idLength));
     return {file.path, track};
 }

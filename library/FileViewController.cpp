@@ -4,9 +4,8 @@
 #include "library/RVDataManager.h"
 #include "platform/TagApi.h"
 #include "records/PropertyValue.h"
+#include "services/utilities/PathUtilities.h"
 #include "services/utilities/StringUtilities.h"
-
-#include <QUrl>
 
 #include <algorithm>
 
@@ -97,7 +96,7 @@ void FileViewController::apply(const SongInformation& fields, Record& record) co
     }
     // The file is taken to lie where the song's names put it, wherever it was imported from.
     if (record.utf8(keys::Location).starts_with("file://"))
-        record.set(keys::Location, QUrl::fromLocalFile(files_.paths().filePath(record)).toString());
+        record.set(keys::Location, fileUrlString(files_.paths().filePath(record)));
 }
 
 void FileViewController::write(const SongInformation& fields, TagAPI& tags) const

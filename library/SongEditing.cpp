@@ -6,10 +6,10 @@
 #include "platform/TableView.h"
 #include "platform/TagApi.h"
 #include "records/PropertyValue.h"
+#include "services/utilities/PathUtilities.h"
 
 #include <QFileInfo>
 #include <QLoggingCategory>
-#include <QUrl>
 
 #include <optional>
 
@@ -78,8 +78,7 @@ SongFiles::Result SongEditing::change(const Record& track, Record edited, Record
         return moved;
     // The file is taken to be at its place in the music folder, whether or not it was ever copied there.
     if (isLocal(edited))
-        edited.set(keys::Location,
-                   QString::fromLatin1(QUrl::fromLocalFile(files_.paths().filePath(edited)).toEncoded()));
+        edited.set(keys::Location, fileUrlString(files_.paths().filePath(edited)));
     library_.storeEdited(track, [&](Record& stored) {
         stored.set(key, edited.value(key));
         stored.set(keys::Location, edited.value(keys::Location));

@@ -2,6 +2,7 @@
 #include "services/utilities/PathUtilities.h"
 
 #include <QDir>
+#include <QUrl>
 
 namespace zib {
 namespace {
@@ -66,6 +67,11 @@ QString stringByExpandingTildeInPath(const QString& path)
     if (path == QLatin1String("~") || path.startsWith(QLatin1String("~/")))
         return stringByAppendingPathComponent(QDir::homePath(), QStringView(path).sliced(1));
     return path;
+}
+
+QString fileUrlString(const QString& path)
+{
+    return QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded());
 }
 
 } // namespace zib

@@ -18,5 +18,7 @@ QString stringByDeletingPathExtension(QStringView path);
 QString stringByAppendingPathComponent(QStringView path, QStringView component);
 /// A "~" that is the first component stands for the user's home.
 QString stringByExpandingTildeInPath(const QString& path);
+/// The address of the file, escaped: the form in which a track's location names a local file.
+QString fileUrlString(const QString& path);
 
 } // namespace zib

@@ -69,6 +69,21 @@ TEST_F(PlaybackQueueTest, WhatIsShownLaterChangesNothingAboutWhatPlaysNext)
     EXPECT_EQ(queue().nowplayingSourceType(), int(SourceType::RecentSearches));
 }
 
+TEST_F(PlaybackQueueTest, AnotherPlaylistOfTheSameSongsChangesNothingAboutWhatPlaysNext)
+{
+    const QList<Record> songs{localSong(1), localSong(2), localSong(3)};
+    library->setSource(SourceType::Playlists);
+    library->addPlaylistWithTitle(QStringLiteral("first"), songs, 0);
+    library->addPlaylistWithTitle(QStringLiteral("second"), {songs[2], songs[0]}, 0);
+    library->setCurrentPlaylistIndex(0);
+    play(0);
+    library->setCurrentPlaylistIndex(1);
+    queue().nextTrack();
+    EXPECT_EQ(playing(), 2);
+    queue().nextTrack();
+    EXPECT_EQ(playing(), 3);
+}
+
 TEST_F(PlaybackQueueTest, ASearchKeepsThePlayAndTheLoveThatComesAfterIt)
 {
     showAsSearch({localSong(1), localSong(2)});
