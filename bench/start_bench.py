@@ -1,6 +1,8 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""How long the program takes to show a large library, beside the same start with an empty one.
+"""How long the program takes to a painted window over a large library, beside the same start with an empty one.
+
+A start shows what plays; the songs are read meanwhile and are there a little later.
 
 --list names the benchmark; its name runs it and prints "bench NAME RATIO BAR YARDSTICK". Over the bar it fails.
 """

@@ -168,6 +168,7 @@ QWidget* MainWindow::makeMainArea()
     place_ = new LibraryPlace(defaults_, views_);
     for (QWidget* view : {nothing_, static_cast<QWidget*>(nowPlaying_), static_cast<QWidget*>(place_)})
         views_->addWidget(view);
+    views_->setCurrentWidget(nowPlaying_); // what a start shows, while a large library is still being read
     splitter->addWidget(sources_);
     splitter->addWidget(views_);
     splitter->setStretchFactor(0, 0);
