@@ -192,10 +192,11 @@ class Journey(DesktopSteps, LibrarySteps, SourceSteps, DiscoverySteps):
         return found
 
     def run(self):
-        for name in self.STEPS:
+        for step in self.STEPS:
+            name = step.rstrip("_").replace("_", "-")
             begin = time.monotonic()
             try:
-                detail = getattr(self, name)()
+                detail = getattr(self, step)()
                 outcome = "ok"
                 self.passed += 1
             except (AssertionError, subprocess.SubprocessError, RuntimeError, KeyError) as fault:

@@ -13,9 +13,9 @@ OWN_SONGS = (("Amber Field", "Harvest", "Barley"), ("Amber Field", "Harvest", "A
 class LibrarySteps:
     """Steps over `self.user`, `self.environment`, `self.library()` and `self.launch()`."""
 
-    STEPS = ("import_songs", "browse", "sort", "edit_title", "reorder", "remove_song", "restart_library")
+    STEPS = ("import_", "browse", "sort", "edit_title", "reorder", "remove_song", "restart_library")
 
-    def import_songs(self):
+    def import_(self):
         folder = self.environment.home / "My songs"
         folder.mkdir()
         for number, song in enumerate(OWN_SONGS):
