@@ -16,7 +16,7 @@
 namespace zib {
 
 /// The program as a whole on the session bus. A member with a property's name is documented by the
-/// interface's own specification.
+/// interface's own standard.
 class MprisRoot : public QDBusAbstractAdaptor {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.mpris.MediaPlayer2")

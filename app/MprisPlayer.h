@@ -18,7 +18,7 @@ class UserDefaults;
 /// what the button of the window does, a little later, so that a message for the user keeps no caller
 /// waiting.
 ///
-/// A member with a property's name is documented by the interface's own specification. Times are
+/// A member with a property's name is documented by the interface's own standard. Times are
 /// microseconds.
 class MprisPlayer : public QDBusAbstractAdaptor {
     Q_OBJECT
