@@ -65,6 +65,9 @@ class MainWindowView {
     /// The source list's outline; it lives as long as the window.
     [[nodiscard]] virtual OutlineView& outlineView() = 0;
     virtual void setCurrentView(MainView view) = 0;
+    /// The field at the right of the status line: what the shown songs are, or where the link under the mouse
+    /// leads.
+    virtual void setUrlFieldText(const QString& text) = 0;
     virtual void setConnected(bool connected) = 0;
 };
 

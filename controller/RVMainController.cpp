@@ -5,6 +5,7 @@
 #include "library/RVDataManager.h"
 #include "platform/SettingsKeys.h"
 #include "platform/TableView.h"
+#include "services/utilities/StringUtilities.h"
 
 #include <QCoreApplication>
 
@@ -94,6 +95,21 @@ void RVMainController::cleanUpBrokenLinks()
         "You are about to remove all songs with broken links from your music library and playlists.");
     if (notices_.runSuppressibleConfirmation(warning, settings::SupressDialogCleanUp) == 0)
         removal_.removeBrokenLinks();
+}
+
+/// How many songs are shown, and how long they play.
+void RVMainController::updateURLField()
+{
+    if (sources_.categoryOfSelectedNode() == int(SourceType::NowPlaying))
+        return;
+    const QList<Record>& songs = context_.dataManager.items();
+    qint64 seconds = 0;
+    for (const Record& song : songs)
+        seconds += song.integer(keys::Duration);
+    QString text = QCoreApplication::translate("RVMainController", "%n songs", nullptr, int(songs.size()));
+    if (seconds > 0)
+        text += QStringLiteral(", ") + timeString(seconds);
+    context_.window.setUrlFieldText(text);
 }
 
 void RVMainController::connectedToInternetNotification()

@@ -83,6 +83,7 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
         playback_.nowplayingPlaylistReordered(track);
     }
     [[nodiscard]] bool connectedToInternet() const override { return context_.connectedToInternet; }
+    void updateURLField() override;
 
     // From the connectivity monitor
     void connectedToInternetNotification() override;

@@ -200,6 +200,7 @@ void SourceList::showRow(const NodePath& path)
     switch (source) {
     case SourceType::NowPlaying:
         context_.window.setCurrentView(MainView::NowPlaying);
+        context_.window.setUrlFieldText({});
         break;
     case SourceType::TopHot:
     case SourceType::Recommended:

@@ -6,7 +6,7 @@
 #include "platform/SettingsKeys.h"
 #include "platform/UserDefaults.h"
 #include "views/AddToLibraryPanel.h"
-#include "views/Icons.h"
+#include "views/ControlBar.h"
 #include "views/LibraryPlace.h"
 #include "views/NowPlayingPanel.h"
 #include "views/NowPlayingPlace.h"
@@ -16,21 +16,17 @@
 #include "views/SourcePane.h"
 #include "views/TextLabel.h"
 #include "views/Theme.h"
-#include "views/ValueSlider.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QBoxLayout>
 #include <QDropEvent>
 #include <QKeyEvent>
-#include <QLabel>
-#include <QMenu>
 #include <QMimeData>
 #include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
-#include <QToolButton>
 
 namespace zib {
 
@@ -40,18 +36,6 @@ constexpr QSize smallestWindow(960, 600);
 constexpr QSize comfortableWindow(1280, 800);
 constexpr int sourceListWidth = 200;
 constexpr int titleBarHeight = 40; // no desktop's is higher
-
-QToolButton* makeButton(const QString& iconName, int iconSize, const QString& accessibleName,
-                        const QString& tip, QWidget* parent)
-{
-    auto* button = new QToolButton(parent);
-    button->setIcon(icon(iconName));
-    button->setIconSize(QSize(iconSize, iconSize));
-    button->setAccessibleName(accessibleName);
-    button->setToolTip(tip);
-    button->setFocusPolicy(Qt::StrongFocus);
-    return button;
-}
 
 /// The files on this computer among what is dragged.
 QStringList draggedFiles(const QMimeData& data)
@@ -68,6 +52,7 @@ QStringList draggedFiles(const QMimeData& data)
 
 MainWindow::MainWindow(UserDefaults& defaults)
     : defaults_(defaults)
+    , bar_(new ControlBar(defaults, this))
 {
     setWindowTitle(QStringLiteral("Zib"));
     setMinimumSize(smallestWindow);
@@ -76,17 +61,14 @@ MainWindow::MainWindow(UserDefaults& defaults)
     auto* layout = new QVBoxLayout(content);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(makeBar());
+    layout->addWidget(bar_);
     layout->addWidget(makeMainArea(), 1);
     layout->addWidget(makeStatusLine());
     setCentralWidget(content);
     restorePlace();
-    showVolume();
     status_->setShownText(defaults_.string(settings::BriefStatusMessage));
     connect(&defaults_, &UserDefaults::changed, this, [this](const QString& key) {
-        if (key == settings::SoundLevel)
-            showVolume();
-        else if (key == settings::BriefStatusMessage)
+        if (key == settings::BriefStatusMessage)
             status_->setShownText(defaults_.string(key));
     });
     qApp->installEventFilter(this);
@@ -100,59 +82,6 @@ LibraryView& MainWindow::libraryView()
 }
 
 // The parts
-
-QWidget* MainWindow::makeBar()
-{
-    auto* bar = new QWidget(this);
-    bar->setObjectName(QStringLiteral("bar"));
-    bar->setAttribute(Qt::WA_StyledBackground);
-    back_ = makeButton(QStringLiteral("back"), 20, tr("Back"), tr("Previous song (Ctrl+Left)"), bar);
-    playPause_ =
-        makeButton(QStringLiteral("play"), 28, tr("Play or pause"), tr("Play or pause (Space)"), bar);
-    playPause_->setCheckable(true);
-    next_ = makeButton(QStringLiteral("next"), 20, tr("Next"), tr("Next song (Ctrl+Right)"), bar);
-    panel_ = new NowPlayingPanel(bar);
-    love_ = makeButton(QStringLiteral("heart"), 20, tr("Love"), tr("Love this song (Ctrl+L)"), bar);
-    love_->setCheckable(true);
-    love_->setEnabled(false);
-    download_ =
-        makeButton(QStringLiteral("download"), 20, tr("Download"), tr("Download this song (Ctrl+D)"), bar);
-    download_->setCheckable(true);
-    download_->setEnabled(false);
-    speaker_ = new QLabel(bar);
-    volume_ = new VolumeSlider(bar);
-    volume_->setFixedWidth(88);
-    search_ = new SearchBar(bar);
-    search_->setMaximumWidth(440);
-
-    auto* layout = new QHBoxLayout(bar);
-    layout->setContentsMargins(Theme::between, Theme::between, Theme::between, Theme::between);
-    layout->setSpacing(Theme::within);
-    layout->addWidget(back_);
-    layout->addWidget(playPause_);
-    layout->addWidget(next_);
-    layout->addSpacing(Theme::between);
-    layout->addWidget(panel_, 3);
-    layout->addSpacing(Theme::within);
-    layout->addWidget(love_);
-    layout->addWidget(download_);
-    layout->addSpacing(Theme::between);
-    layout->addWidget(speaker_);
-    layout->addWidget(volume_);
-    layout->addSpacing(Theme::between);
-    layout->addWidget(search_, 2);
-    layout->addWidget(makeMenuButton(bar));
-    return bar;
-}
-
-QToolButton* MainWindow::makeMenuButton(QWidget* bar)
-{
-    QToolButton* button = makeButton(QStringLiteral("menu"), 20, tr("Menu"), tr("Menu"), bar);
-    menu_ = new QMenu(button);
-    button->setMenu(menu_);
-    button->setPopupMode(QToolButton::InstantPopup);
-    return button;
-}
 
 QWidget* MainWindow::makeMainArea()
 {
@@ -186,6 +115,9 @@ QWidget* MainWindow::makeStatusLine()
     auto* layout = new QHBoxLayout(line);
     layout->setContentsMargins(12, Theme::within, 12, Theme::within);
     layout->addWidget(status_, 1);
+    urlField_ = new TextLabel(tr("About the shown songs or link"), line);
+    urlField_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    layout->addWidget(urlField_, 1);
     return line;
 }
 
@@ -207,35 +139,10 @@ void MainWindow::attach(RVMainController& controller)
     place_->attach(controller);
     nowPlaying_->attach(controller);
     sources_->attach(controller);
-    panel_->setDurationSource([&controller] { return controller.playback().duration(); });
-    connectControls();
+    bar_->attach(controller);
     makeShortcuts();
     controller.windowDidLoad();
-    search_->focusField();
-}
-
-void MainWindow::connectControls()
-{
-    // A click also switches a checkable button; the controller then shows what is the case.
-    connect(back_, &QToolButton::clicked, this, [this] { playback().backTrack(); });
-    connect(playPause_, &QToolButton::clicked, this, [this] { playback().playPause(); });
-    connect(next_, &QToolButton::clicked, this, [this] { playback().nextTrack(); });
-    connect(love_, &QToolButton::clicked, this, [this](bool on) {
-        setFavorite(on);
-        playback().addCurrentFavorite(on);
-    });
-    connect(download_, &QToolButton::clicked, this,
-            [this](bool on) { controller_->downloading().downloadCurrentSong(on); });
-    connect(panel_, &NowPlayingPanel::scanRequested, this,
-            [this](double percent) { playback().scanTrack(percent); });
-    connect(volume_, &VolumeSlider::chosen, this, [this](double percent) {
-        defaults_.setValue(settings::SoundLevel, percent / 100);
-        playback().setSoundLevel(float(percent / 100));
-    });
-    connect(search_, &SearchBar::searchTypeChosen, this,
-            [this](int type) { controller_->search().radioTypeSelected(type); });
-    connect(search_, &SearchBar::searchRequested, this,
-            [this](const QString& text) { controller_->search().performSearchAction(text); });
+    bar_->search().focusField();
 }
 
 PlaybackQueue& MainWindow::playback()
@@ -248,7 +155,7 @@ void MainWindow::makeShortcuts()
     const auto add = [this](const QKeySequence& keys, auto action) {
         connect(new QShortcut(keys, this), &QShortcut::activated, this, action);
     };
-    add(Qt::CTRL | Qt::Key_F, [this] { search_->focusField(); });
+    add(Qt::CTRL | Qt::Key_F, [this] { bar_->search().focusField(); });
     add(Qt::CTRL | Qt::Key_Left, [this] { playback().backTrack(); });
     add(Qt::CTRL | Qt::Key_Right, [this] { playback().nextTrack(); });
     add(Qt::CTRL | Qt::Key_Up, [this] { playback().volumeUp(); });
@@ -257,11 +164,11 @@ void MainWindow::makeShortcuts()
     // The song selected in a table that has the keyboard, else the one that plays.
     add(Qt::CTRL | Qt::Key_D, [this] {
         if (!place_->pressInRow(SongColumn::Download))
-            download_->click();
+            bar_->clickDownload();
     });
     add(Qt::CTRL | Qt::Key_L, [this] {
         if (!place_->pressInRow(SongColumn::Love))
-            love_->click();
+            bar_->clickLove();
     });
 }
 
@@ -312,114 +219,107 @@ void MainWindow::closeEvent(QCloseEvent* event)
 
 // What the controller shows
 
+QMenu& MainWindow::applicationMenu()
+{
+    return bar_->menu();
+}
+
 void MainWindow::setPlaying(bool playing)
 {
-    playPause_->setChecked(playing);
-    playPause_->setIcon(icon(playing ? QStringLiteral("pause") : QStringLiteral("play")));
-    playPause_->setToolTip(playing ? tr("Pause (Space)") : tr("Play (Space)"));
+    bar_->setPlaying(playing);
 }
 
 void MainWindow::setFavorite(bool loved)
 {
-    love_->setChecked(loved);
-    love_->setIcon(loved ? icon(QStringLiteral("heart-filled"), Tint::Loved) : icon(QStringLiteral("heart")));
-    love_->setToolTip(loved ? tr("Love this song no more (Ctrl+L)") : tr("Love this song (Ctrl+L)"));
+    bar_->setFavorite(loved);
 }
 
 void MainWindow::setFavoriteEnabled(bool enabled)
 {
-    love_->setEnabled(enabled);
+    bar_->setFavoriteEnabled(enabled);
 }
 
 void MainWindow::setDownloaded(bool downloaded)
 {
-    download_->setChecked(downloaded);
-    showDownload();
+    bar_->setDownloaded(downloaded);
 }
 
 void MainWindow::setDownloadEnabled(bool enabled)
 {
-    download_->setEnabled(enabled);
-    showDownload();
-}
-
-/// On disk, on its way there, or neither.
-void MainWindow::showDownload()
-{
-    const bool onDisk = download_->isChecked() && !download_->isEnabled();
-    download_->setIcon(icon(onDisk ? QStringLiteral("check") : QStringLiteral("download"),
-                            download_->isChecked() ? Tint::Accent : Tint::Text));
-    download_->setToolTip(onDisk                   ? tr("This song is on your disk")
-                          : download_->isChecked() ? tr("This song is being downloaded")
-                                                   : tr("Download this song (Ctrl+D)"));
+    bar_->setDownloadEnabled(enabled);
 }
 
 void MainWindow::setArtwork(Artwork artwork)
 {
-    panel_->setArtwork(artwork);
+    bar_->panel().setArtwork(artwork);
     nowPlaying_->setArtwork();
 }
 
 void MainWindow::setArtworkPicture(const QByteArray& file)
 {
-    panel_->setArtworkPicture(file);
+    bar_->panel().setArtworkPicture(file);
     nowPlaying_->setArtworkPicture(file);
 }
 
 void MainWindow::setTickerHeader(const QString& text)
 {
-    panel_->setHeader(text);
+    bar_->panel().setHeader(text);
 }
 
 void MainWindow::setTickerText(const QString& text)
 {
-    panel_->setTickerText(text);
+    bar_->panel().setTickerText(text);
 }
 
 void MainWindow::setProgress(int percent)
 {
-    panel_->setProgress(percent);
+    bar_->panel().setProgress(percent);
 }
 
 void MainWindow::setProgressEnabled(bool enabled)
 {
-    panel_->setProgressEnabled(enabled);
+    bar_->panel().setProgressEnabled(enabled);
 }
 
 void MainWindow::setElapsedText(const QString& text)
 {
-    panel_->setElapsedText(text);
+    bar_->panel().setElapsedText(text);
 }
 
 void MainWindow::setRemainingText(const QString& text)
 {
-    panel_->setRemainingText(text);
+    bar_->panel().setRemainingText(text);
 }
 
 void MainWindow::setStreamingMarkVisible(bool visible)
 {
-    panel_->setStreamingMarkVisible(visible);
+    bar_->panel().setStreamingMarkVisible(visible);
 }
 
 void MainWindow::setSearchType(int type)
 {
-    search_->setSearchType(type);
+    bar_->search().setSearchType(type);
 }
 
 void MainWindow::setSearchPlaceholder(const QString& text)
 {
-    search_->setPlaceholder(text);
+    bar_->search().setPlaceholder(text);
 }
 
 void MainWindow::setLoaderAnimating(bool animating)
 {
-    search_->setBusy(animating);
+    bar_->search().setBusy(animating);
 }
 
 std::optional<SongInformation> MainWindow::editInformation(FileViewController& songs)
 {
     SongInformationWindow window(songs, this);
     return window.exec() == QDialog::Accepted ? std::optional(window.information()) : std::nullopt;
+}
+
+void MainWindow::setUrlFieldText(const QString& text)
+{
+    urlField_->setShownText(text);
 }
 
 void MainWindow::setConnected(bool connected)
@@ -445,16 +345,6 @@ void MainWindow::setCurrentView(MainView view)
         views_->setCurrentWidget(place_);
         break;
     }
-}
-
-void MainWindow::showVolume()
-{
-    const double level = defaults_.real(settings::SoundLevel);
-    volume_->showValue(qRound(level * 100));
-    const QString name = level <= 0    ? QStringLiteral("volume-off")
-                         : level < 0.5 ? QStringLiteral("volume-low")
-                                       : QStringLiteral("volume-high");
-    speaker_->setPixmap(icon(name, Tint::Secondary).pixmap(QSize(20, 20), devicePixelRatioF()));
 }
 
 } // namespace zib

@@ -5,24 +5,20 @@
 
 #include <QMainWindow>
 
-class QLabel;
 class QMenu;
 class QStackedWidget;
-class QToolButton;
 
 namespace zib {
 
+class ControlBar;
 class LibraryPlace;
 class LibraryView;
-class NowPlayingPanel;
 class NowPlayingPlace;
 class PlaybackQueue;
 class RVMainController;
-class SearchBar;
 class SourcePane;
 class TextLabel;
 class UserDefaults;
-class VolumeSlider;
 
 /// The main window: shows what the controller tells it and calls the controller for what the user does.
 ///
@@ -38,7 +34,7 @@ class MainWindow : public QMainWindow, public MainWindowView {
     /// The view to make the library manager with.
     [[nodiscard]] LibraryView& libraryView();
     /// The menu at the end of the bar, for whoever has something to put into it.
-    [[nodiscard]] QMenu& applicationMenu() { return *menu_; }
+    [[nodiscard]] QMenu& applicationMenu();
     /// Connects the controls and lets the controller fill the window. Once. The window may outlive the
     /// controller when nobody uses it any more.
     void attach(RVMainController& controller);
@@ -67,6 +63,7 @@ class MainWindow : public QMainWindow, public MainWindowView {
     std::optional<SongInformation> editInformation(FileViewController& songs) override;
     OutlineView& outlineView() override;
     void setCurrentView(MainView view) override;
+    void setUrlFieldText(const QString& text) override;
     void setConnected(bool connected) override;
 
   Q_SIGNALS:
@@ -80,36 +77,23 @@ class MainWindow : public QMainWindow, public MainWindowView {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    QWidget* makeBar();
-    QToolButton* makeMenuButton(QWidget* bar);
     QWidget* makeMainArea();
     QWidget* makeStatusLine();
-    void connectControls();
     [[nodiscard]] PlaybackQueue& playback();
     void makeShortcuts();
     void restorePlace();
-    void showVolume();
-    void showDownload();
 
     UserDefaults& defaults_;
     RVMainController* controller_ = nullptr;
 
-    QToolButton* back_ = nullptr;
-    QToolButton* playPause_ = nullptr;
-    QToolButton* next_ = nullptr;
-    QToolButton* love_ = nullptr;
-    QToolButton* download_ = nullptr;
-    QLabel* speaker_ = nullptr;
-    VolumeSlider* volume_ = nullptr;
-    NowPlayingPanel* panel_ = nullptr;
-    SearchBar* search_ = nullptr;
-    QMenu* menu_ = nullptr;
+    ControlBar* bar_;
     SourcePane* sources_ = nullptr;
     QStackedWidget* views_ = nullptr;
     QWidget* nothing_ = nullptr;
     NowPlayingPlace* nowPlaying_ = nullptr;
     LibraryPlace* place_ = nullptr;
     TextLabel* status_ = nullptr;
+    TextLabel* urlField_ = nullptr;
 };
 
 } // namespace zib

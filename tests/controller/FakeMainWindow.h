@@ -38,6 +38,7 @@ class FakeMainWindow : public MainWindowView {
     }
     FakeOutlineView& outlineView() override { return outline; }
     void setCurrentView(MainView view) override { shownView = view; }
+    void setUrlFieldText(const QString& text) override { urlField = text; }
     void setConnected(bool on) override { connected = on; }
 
     bool playing = false;
@@ -57,6 +58,7 @@ class FakeMainWindow : public MainWindowView {
     int searchType = -1;
     QString placeholder;
     bool loaderAnimating = false;
+    QString urlField;
     int informations = 0;
     std::optional<SongInformation> edited; ///< what the user saves
     FakeOutlineView outline;

@@ -142,7 +142,12 @@ TEST_F(SourceListTest, ARowShowsItsSourceAndSaysWhatCanBeDoneWithIt)
                       : FilterType::All);
         EXPECT_EQ(list().removeEnabled(), c.remove);
         EXPECT_EQ(list().actionEnabled(), c.action);
+        EXPECT_TRUE(window.urlField.startsWith(QStringLiteral("%1 songs").arg(library->items().size())));
     }
+    click({{0}});
+    EXPECT_EQ(window.urlField, QString()) << "no songs are shown";
+    controller->updateURLField();
+    EXPECT_EQ(window.urlField, QString());
     ASSERT_EQ(alerts.shown.size(), 2) << "a word about What's Hot? and about Recommended";
     EXPECT_TRUE(alerts.shown[0].informativeText.contains(QLatin1String("hyped")));
     EXPECT_TRUE(alerts.shown[1].informativeText.contains(QLatin1String("recommendations")));

@@ -22,23 +22,25 @@ using MainWindowTest = WindowFixture;
 
 TEST_F(MainWindowTest, EveryControlHasItsNameAndRole)
 {
-    const std::pair<const char*, QAccessible::Role> controls[] = {{"Back", QAccessible::Button},
-                                                                  {"Play or pause", QAccessible::CheckBox},
-                                                                  {"Next", QAccessible::Button},
-                                                                  {"Love", QAccessible::CheckBox},
-                                                                  {"Download", QAccessible::CheckBox},
-                                                                  {"Volume", QAccessible::Slider},
-                                                                  {"Artist", QAccessible::RadioButton},
-                                                                  {"Tags", QAccessible::RadioButton},
-                                                                  {"Similar", QAccessible::RadioButton},
-                                                                  {"Search", QAccessible::EditableText},
-                                                                  {"Songs", QAccessible::Table},
-                                                                  {"Sources", QAccessible::Tree},
-                                                                  {"Song progress", QAccessible::Slider},
-                                                                  {"Elapsed time", QAccessible::StaticText},
-                                                                  {"Remaining time", QAccessible::StaticText},
-                                                                  {"Now playing", QAccessible::StaticText},
-                                                                  {"Status", QAccessible::StaticText}};
+    const std::pair<const char*, QAccessible::Role> controls[] = {
+        {"Back", QAccessible::Button},
+        {"Play or pause", QAccessible::CheckBox},
+        {"Next", QAccessible::Button},
+        {"Love", QAccessible::CheckBox},
+        {"Download", QAccessible::CheckBox},
+        {"Volume", QAccessible::Slider},
+        {"Artist", QAccessible::RadioButton},
+        {"Tags", QAccessible::RadioButton},
+        {"Similar", QAccessible::RadioButton},
+        {"Search", QAccessible::EditableText},
+        {"Songs", QAccessible::Table},
+        {"Sources", QAccessible::Tree},
+        {"Song progress", QAccessible::Slider},
+        {"Elapsed time", QAccessible::StaticText},
+        {"Remaining time", QAccessible::StaticText},
+        {"Now playing", QAccessible::StaticText},
+        {"Status", QAccessible::StaticText},
+        {"About the shown songs or link", QAccessible::StaticText}};
     for (const auto& [name, role] : controls) {
         QAccessibleInterface* found = control(QString::fromLatin1(name));
         ASSERT_NE(found, nullptr) << name;
