@@ -38,7 +38,9 @@ QSqlQuery prepared(const QSqlDatabase& database, const char* statement)
     return query;
 }
 
-constexpr const char* songColumns = "id, path, modified, artist, album, title, year, track, seconds, folder";
+constexpr const char* songColumns =
+    "id, path, modified, artist, album, title, year, track, seconds, folder, disc, milliseconds, date, label,"
+    " country, release_type, release_id, has_picture";
 
 IndexedSong songAt(const QSqlQuery& query)
 {
@@ -53,7 +55,21 @@ IndexedSong songAt(const QSqlQuery& query)
     song.tags.track = query.value(7).toInt();
     song.tags.seconds = query.value(8).toInt();
     song.folder = query.value(9).toByteArray();
+    song.tags.disc = query.value(10).toInt();
+    song.tags.milliseconds = query.value(11).toInt();
+    song.tags.date = query.value(12).toString();
+    song.tags.label = query.value(13).toString();
+    song.tags.country = query.value(14).toString();
+    song.tags.releaseType = query.value(15).toString();
+    song.tags.releaseId = query.value(16).toString();
+    song.tags.hasPicture = query.value(17).toBool();
     return song;
+}
+
+/// A text that the database does not take for a missing value.
+QString present(const QString& text)
+{
+    return text.isNull() ? QStringLiteral("") : text;
 }
 
 QStringList mostFrequent(const QHash<QString, int>& counts)
@@ -178,8 +194,9 @@ bool SongIndex::store(const QList<MusicFile>& files, TagReader& reader, Update& 
     auto insertion =
         prepared(database_.connection(),
                  "INSERT OR REPLACE INTO songs (id, path, folder, size, modified, playable, artist,"
-                 " artist_key, album, title, genres, year, track, seconds)"
-                 " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+                 " artist_key, album, title, genres, year, track, seconds, disc, milliseconds, date, label,"
+                 " country, release_type, release_id, has_picture, lyrics)"
+                 " VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
     for (const auto& [file, read] : songs) {
         const auto tags = completedTags(read.value_or(SongTags()), file.path, file.folder);
         const QVariantList values{songId(file.path),
@@ -190,13 +207,21 @@ bool SongIndex::store(const QList<MusicFile>& files, TagReader& reader, Update& 
                                   read.has_value(),
                                   tags.artist,
                                   folded(tags.artist),
-                                  tags.album.isNull() ? QLatin1String("") : tags.album,
-                                  tags.title.isNull() ? QLatin1String("") : tags.title,
-                                  tags.genres.isEmpty() ? QLatin1String("")
-                                                        : tags.genres.join(genreSeparator),
+                                  present(tags.album),
+                                  present(tags.title),
+                                  present(tags.genres.join(genreSeparator)),
                                   tags.year,
                                   tags.track,
-                                  tags.seconds};
+                                  tags.seconds,
+                                  tags.disc,
+                                  tags.milliseconds,
+                                  present(tags.date),
+                                  present(tags.label),
+                                  present(tags.country),
+                                  present(tags.releaseType),
+                                  present(tags.releaseId),
+                                  tags.hasPicture,
+                                  present(tags.lyrics)};
         for (int i = 0; i < values.size(); ++i)
             insertion.bindValue(i, values.at(i));
         if (!succeeded(insertion))
@@ -253,15 +278,15 @@ Artists SongIndex::gatheredArtists() const
     return std::make_shared<const QList<Artist>>(std::move(artists));
 }
 
-QList<IndexedSong> SongIndex::songs(const QString& artistKey, int most) const
+QList<IndexedSong> SongIndex::songsWhere(QLatin1String condition, const QString& value, int most) const
 {
     QList<IndexedSong> songs;
     auto query = QSqlQuery(database_.connection());
     query.setForwardOnly(true);
-    query.prepare(QStringLiteral("SELECT %1 FROM songs WHERE artist_key = ? AND playable"
-                                 " ORDER BY year, album, track, title, id LIMIT ?")
-                      .arg(QLatin1String(songColumns)));
-    query.addBindValue(artistKey);
+    query.prepare(QStringLiteral("SELECT %1 FROM songs WHERE %2 = ? AND playable"
+                                 " ORDER BY year, album, disc, track, title, id LIMIT ?")
+                      .arg(QLatin1String(songColumns), condition));
+    query.addBindValue(value);
     query.addBindValue(most);
     succeeded(query);
     while (query.next())
@@ -269,16 +294,28 @@ QList<IndexedSong> SongIndex::songs(const QString& artistKey, int most) const
     return songs;
 }
 
+QList<IndexedSong> SongIndex::songs(const QString& artistKey, int most) const
+{
+    return songsWhere(QLatin1String("artist_key"), artistKey, most);
+}
+
+QList<IndexedSong> SongIndex::songsOfRelease(const QString& releaseId, int most) const
+{
+    return releaseId.isEmpty() ? QList<IndexedSong>()
+                               : songsWhere(QLatin1String("release_id"), releaseId, most);
+}
+
 std::optional<IndexedSong> SongIndex::song(const QString& id) const
 {
-    auto query = QSqlQuery(database_.connection());
-    query.setForwardOnly(true);
-    query.prepare(
-        QStringLiteral("SELECT %1 FROM songs WHERE id = ? AND playable").arg(QLatin1String(songColumns)));
+    const auto songs = songsWhere(QLatin1String("id"), id, 1);
+    return songs.isEmpty() ? std::nullopt : std::optional(songs.first());
+}
+
+QString SongIndex::lyrics(const QString& id) const
+{
+    auto query = prepared(database_.connection(), "SELECT lyrics FROM songs WHERE id = ? AND playable");
     query.addBindValue(id);
-    if (!succeeded(query) || !query.next())
-        return std::nullopt;
-    return songAt(query);
+    return succeeded(query) && query.next() ? query.value(0).toString() : QString();
 }
 
 int SongIndex::songCount() const

@@ -33,7 +33,7 @@ struct IndexedSong {
     QByteArray path;
     QByteArray folder;   ///< the music folder that it lies in
     qint64 modified = 0; ///< nanoseconds since 1970
-    SongTags tags;
+    SongTags tags;       ///< without genres and lyrics
 };
 
 /// The songs in the user's own music folders, kept in the database. Any thread may ask while one updates.
@@ -62,6 +62,10 @@ class SongIndex {
     /// The artist's songs by album, track number and title.
     [[nodiscard]] QList<IndexedSong> songs(const QString& artistKey, int most) const;
     [[nodiscard]] std::optional<IndexedSong> song(const QString& id) const;
+    /// The songs of the release with that MusicBrainz id, in the same order.
+    [[nodiscard]] QList<IndexedSong> songsOfRelease(const QString& releaseId, int most) const;
+    /// What is sung in the song of that id; empty when nobody has written it down.
+    [[nodiscard]] QString lyrics(const QString& id) const;
     [[nodiscard]] int songCount() const;
 
     static QString songId(const QByteArray& path);
@@ -75,6 +79,8 @@ class SongIndex {
     [[nodiscard]] QHash<QByteArray, Known> knownFiles() const;
     bool store(const QList<MusicFile>& files, TagReader& reader, Update& update, const std::stop_token& stop);
     bool drop(const QList<QByteArray>& paths);
+    [[nodiscard]] QList<IndexedSong> songsWhere(QLatin1String condition, const QString& value,
+                                                int most) const;
     [[nodiscard]] Artists gatheredArtists() const;
     void changed();
 

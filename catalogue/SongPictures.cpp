@@ -98,7 +98,11 @@ QByteArray pictureType(const QByteArray& bytes)
 QByteArray embeddedPicture(const QByteArray& path)
 {
     const TagLib::FileRef reference(path.constData(), false);
-    auto* file = reference.isNull() ? nullptr : reference.file();
+    return embeddedPicture(reference.isNull() ? nullptr : reference.file());
+}
+
+QByteArray embeddedPicture(TagLib::File* file)
+{
     QByteArray picture;
     if (auto* mpeg = dynamic_cast<TagLib::MPEG::File*>(file))
         picture = pictureIn(mpeg->ID3v2Tag());

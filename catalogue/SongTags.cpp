@@ -2,6 +2,7 @@
 #include "catalogue/SongTags.h"
 
 #include "catalogue/MusicFiles.h"
+#include "catalogue/SongPictures.h"
 
 #include <QRegularExpression>
 
@@ -17,17 +18,17 @@ namespace {
 
 constexpr qsizetype longestText = 500;
 constexpr qsizetype mostGenres = 10;
+constexpr qsizetype longestLyrics = 20000;
 
 QString cleanText(const TagLib::String& text)
 {
     return QString::fromUtf8(text.toCString(true)).left(longestText).simplified();
 }
 
-QStringList genresOf(const TagLib::Tag& tag)
+QStringList genresOf(const TagLib::PropertyMap& properties)
 {
     static const QRegularExpression separators(QStringLiteral("[;,/|]"));
     QStringList genres;
-    const TagLib::PropertyMap properties = tag.properties();
     for (const auto& value : properties["GENRE"]) {
         for (const auto& part : cleanText(value).split(separators)) {
             const QString genre = part.trimmed().toLower();
@@ -36,6 +37,51 @@ QStringList genresOf(const TagLib::Tag& tag)
         }
     }
     return genres;
+}
+
+QString firstOf(const TagLib::PropertyMap& properties, const char* key)
+{
+    const auto values = properties[key];
+    return values.isEmpty() ? QString() : cleanText(values.front());
+}
+
+/// The start of the text that the pattern describes, or nothing.
+QString matching(const QRegularExpression& pattern, const QString& text)
+{
+    return pattern.match(text).captured();
+}
+
+/// What is sung, without the times that karaoke programs put before each line.
+QString lyricsOf(const TagLib::PropertyMap& properties)
+{
+    static const QRegularExpression times(QStringLiteral(R"(^(\[\d{1,3}:\d{2}([.:]\d{1,3})?\]\s*)+)"),
+                                          QRegularExpression::MultilineOption);
+    static const QRegularExpression lineEnds(QStringLiteral("\r\n?"));
+    for (const auto& [key, values] : properties) {
+        // Some formats append the language or a description to the key.
+        if (!key.startsWith("LYRICS") && !key.startsWith("UNSYNCEDLYRICS"))
+            continue;
+        for (const auto& value : values) {
+            QString text = QString::fromUtf8(value.toCString(true)).left(longestLyrics);
+            text = text.replace(lineEnds, QStringLiteral("\n")).remove(times).trimmed();
+            if (!text.isEmpty())
+                return text;
+        }
+    }
+    return {};
+}
+
+void readRelease(const TagLib::PropertyMap& properties, SongTags& tags)
+{
+    static const QRegularExpression date(QStringLiteral(R"(\A[1-9]\d{3}(-[01]\d(-[0-3]\d)?)?)"));
+    static const QRegularExpression id(QStringLiteral(R"(\A[0-9a-f]{8}(-[0-9a-f]{4}){3}-[0-9a-f]{12}\z)"));
+    static const QRegularExpression number(QStringLiteral(R"(\A\d{1,3})"));
+    tags.date = matching(date, firstOf(properties, "DATE"));
+    tags.label = firstOf(properties, "LABEL");
+    tags.country = firstOf(properties, "RELEASECOUNTRY");
+    tags.releaseType = firstOf(properties, "RELEASETYPE");
+    tags.releaseId = matching(id, firstOf(properties, "MUSICBRAINZ_ALBUMID").toLower());
+    tags.disc = matching(number, firstOf(properties, "DISCNUMBER")).toInt();
 }
 
 /// Whether a file of a kind that the tag library does not know begins as that kind does.
@@ -63,13 +109,19 @@ std::optional<SongTags> TagFileReader::read(const QByteArray& path)
     if (!known && !beginsRight(path, songExtension(path)))
         return std::nullopt;
     SongTags tags;
-    if (known)
+    if (known) {
         tags.seconds = properties->lengthInSeconds();
+        tags.milliseconds = properties->lengthInMilliseconds();
+    }
     if (const auto* tag = file.isNull() ? nullptr : file.tag()) {
         tags.artist = cleanText(tag->artist());
         tags.album = cleanText(tag->album());
         tags.title = cleanText(tag->title());
-        tags.genres = genresOf(*tag);
+        const TagLib::PropertyMap all = file.file()->properties();
+        tags.genres = genresOf(all);
+        readRelease(all, tags);
+        tags.lyrics = lyricsOf(all);
+        tags.hasPicture = !embeddedPicture(file.file()).isEmpty();
         tags.year = tag->year() < 10000 ? int(tag->year()) : 0;
         tags.track = tag->track() < 10000 ? int(tag->track()) : 0;
     }

@@ -18,6 +18,15 @@ struct SongTags {
     int year = 0;
     int track = 0;
     int seconds = 0;
+    int disc = 0;
+    int milliseconds = 0;    ///< the length more exactly than seconds tells it
+    QString date;            ///< of the release: "2011", "2011-05" or "2011-05-04"
+    QString label;           ///< who published the release
+    QString country;         ///< where it was published
+    QString releaseType;     ///< "Album", "EP" and the like
+    QString releaseId;       ///< the release's MusicBrainz id
+    QString lyrics;          ///< lines parted by '\n'
+    bool hasPicture = false; ///< the file carries one, see embeddedPicture()
 };
 
 /// Reads the tags of files.

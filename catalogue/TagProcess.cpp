@@ -34,7 +34,16 @@ QByteArray encoded(const std::optional<SongTags>& tags)
                              {QStringLiteral("genres"), QJsonArray::fromStringList(tags->genres)},
                              {QStringLiteral("year"), tags->year},
                              {QStringLiteral("track"), tags->track},
-                             {QStringLiteral("seconds"), tags->seconds}};
+                             {QStringLiteral("seconds"), tags->seconds},
+                             {QStringLiteral("disc"), tags->disc},
+                             {QStringLiteral("milliseconds"), tags->milliseconds},
+                             {QStringLiteral("date"), tags->date},
+                             {QStringLiteral("label"), tags->label},
+                             {QStringLiteral("country"), tags->country},
+                             {QStringLiteral("releaseType"), tags->releaseType},
+                             {QStringLiteral("releaseId"), tags->releaseId},
+                             {QStringLiteral("lyrics"), tags->lyrics},
+                             {QStringLiteral("hasPicture"), tags->hasPicture}};
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
@@ -52,6 +61,15 @@ std::optional<SongTags> decoded(const QByteArray& line)
     tags.year = object.value(QLatin1String("year")).toInt();
     tags.track = object.value(QLatin1String("track")).toInt();
     tags.seconds = object.value(QLatin1String("seconds")).toInt();
+    tags.disc = object.value(QLatin1String("disc")).toInt();
+    tags.milliseconds = object.value(QLatin1String("milliseconds")).toInt();
+    tags.date = object.value(QLatin1String("date")).toString();
+    tags.label = object.value(QLatin1String("label")).toString();
+    tags.country = object.value(QLatin1String("country")).toString();
+    tags.releaseType = object.value(QLatin1String("releaseType")).toString();
+    tags.releaseId = object.value(QLatin1String("releaseId")).toString();
+    tags.lyrics = object.value(QLatin1String("lyrics")).toString();
+    tags.hasPicture = object.value(QLatin1String("hasPicture")).toBool();
     return tags;
 }
 

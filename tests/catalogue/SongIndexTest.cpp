@@ -81,8 +81,13 @@ TEST_F(SongIndexTest, ReadsTagsAndFillsInFromTheFolders)
     properties["ALBUM"] = TagLib::String("Vor");
     properties["TITLE"] = TagLib::String("First");
     properties["GENRE"] = TagLib::String("Folk; Acoustic");
-    properties["DATE"] = TagLib::String("2011");
+    properties["DATE"] = TagLib::String("2011-05-04T00:00:00");
     properties["TRACKNUMBER"] = TagLib::String("7");
+    properties["DISCNUMBER"] = TagLib::String("2/3");
+    properties["LABEL"] = TagLib::String("Quay");
+    properties["RELEASECOUNTRY"] = TagLib::String("IS");
+    properties["MUSICBRAINZ_ALBUMID"] = TagLib::String("0A1B2C3D-1111-2222-3333-444455556666");
+    properties["LYRICS"] = TagLib::String("[00:01.50]One\r\n[00:02.00] [00:09.00]Two [2]\r\n");
     tag(u"any/where.wav"_s, properties);
     write(u"Amber Tide/Low/02 - Ebb.wav"_s);
     write(u"Amber Tide/01. Flow.wav"_s);
@@ -98,6 +103,16 @@ TEST_F(SongIndexTest, ReadsTagsAndFillsInFromTheFolders)
     EXPECT_EQ(tags.year, 2011);
     EXPECT_EQ(tags.track, 7);
     EXPECT_EQ(tags.seconds, 3);
+    EXPECT_EQ(tags.milliseconds, 3000);
+    EXPECT_EQ(tags.disc, 2);
+    EXPECT_EQ(tags.date, u"2011-05-04"_s);
+    EXPECT_EQ(tags.label, u"Quay"_s);
+    EXPECT_EQ(tags.country, u"IS"_s);
+    EXPECT_FALSE(tags.hasPicture);
+    EXPECT_EQ(index_.lyrics(songs.first().id), u"One\nTwo [2]"_s);
+    const auto release = index_.songsOfRelease(u"0a1b2c3d-1111-2222-3333-444455556666"_s, 10);
+    ASSERT_EQ(release.size(), 1);
+    EXPECT_EQ(release.first().id, songs.first().id);
     EXPECT_EQ(index_.artists()->at(1).tags, (QStringList{u"acoustic"_s, u"folk"_s}));
 
     EXPECT_EQ(titles(u"Amber Tide"_s), (QStringList{u"Flow"_s, u"Ebb"_s}));
