@@ -5,6 +5,8 @@
 #include "platform/desktop/UrlCache.h"
 #include "platform/desktop/UrlTransfer.h"
 
+#include <QCoreApplication>
+
 namespace zib {
 
 namespace {
@@ -19,6 +21,15 @@ class CurlUrlConnection : public UrlConnection {
 
   private:
     std::shared_ptr<UrlTransfer> transfer_;
+};
+
+/// Puts a reply together.
+struct ReplyCollector : UrlConnectionDelegate {
+    void didReceiveResponse(const UrlResponse& response) override { reply = UrlReply{response, {}}; }
+    void didReceiveData(QByteArrayView data) override { reply->body.append(data); }
+    void didFailWithError(const QString& description) override { reply = tl::unexpected(description); }
+
+    tl::expected<UrlReply, QString> reply;
 };
 
 } // namespace
@@ -40,6 +51,15 @@ std::unique_ptr<UrlConnection> CurlUrlLoader::start(const UrlRequest& request,
     if (!transfer->begin())
         return nullptr;
     return std::make_unique<CurlUrlConnection>(std::move(transfer));
+}
+
+tl::expected<UrlReply, QString> CurlUrlLoader::load(const UrlRequest& request)
+{
+    ReplyCollector collector;
+    if (isRequestableUrl(request.url) &&
+        std::make_shared<UrlTransfer>(request, collector, driver_, cache_)->perform())
+        return std::move(collector.reply);
+    return tl::unexpected(QCoreApplication::translate("UrlConnection", "This address cannot be opened."));
 }
 
 } // namespace zib

@@ -18,6 +18,7 @@ class CurlUrlLoader : public UrlLoader {
 
     [[nodiscard]] std::unique_ptr<UrlConnection> start(const UrlRequest& request,
                                                        UrlConnectionDelegate& delegate) override;
+    [[nodiscard]] tl::expected<UrlReply, QString> load(const UrlRequest& request) override;
 
   private:
     // Connections hold these too, so they may outlive the loader.

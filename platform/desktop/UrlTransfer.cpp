@@ -63,29 +63,54 @@ UrlTransfer::UrlTransfer(UrlRequest request, UrlConnectionDelegate& delegate,
 
 bool UrlTransfer::begin()
 {
-    if (request_.returnCacheDataElseLoad)
-        answerFromCache();
-    return fromCache_ || beginRequest();
+    if (answerFromCache()) {
+        const auto deliverCached = [weak = weak_from_this()] {
+            if (const auto transfer = weak.lock())
+                transfer->deliver();
+        };
+        QTimer::singleShot(0, &patience_, deliverCached);
+        return true;
+    }
+    if (!makeRequest())
+        return false;
+    const auto loseTransfer = [weak = weak_from_this()] {
+        if (const auto transfer = weak.lock())
+            transfer->fail(timedOut());
+    };
+    QObject::connect(&patience_, &QTimer::timeout, &patience_, loseTransfer);
+    patience_.start(request_.timeout);
+    driver_->add(shared_from_this());
+    return true;
 }
 
-void UrlTransfer::answerFromCache()
+bool UrlTransfer::perform()
 {
+    if (!answerFromCache()) {
+        if (!makeRequest())
+            return false;
+        curl_easy_setopt(easy_.get(), CURLOPT_TIMEOUT_MS, static_cast<long>(request_.timeout.count()));
+        transferDone(curl_easy_perform(easy_.get()));
+    }
+    deliver();
+    return true;
+}
+
+bool UrlTransfer::answerFromCache()
+{
+    if (!request_.returnCacheDataElseLoad || request_.body)
+        return false;
     auto cached = cache_->find(request_.url);
     if (!cached || cached->body.size() > request_.maximumBytes)
-        return;
+        return false;
     fromCache_ = true;
     response_ = std::move(cached->response);
     responded_ = true;
     pending_ = std::move(cached->body);
     ended_ = true;
-    const auto deliverCached = [weak = weak_from_this()] {
-        if (const auto transfer = weak.lock())
-            transfer->deliver();
-    };
-    QTimer::singleShot(0, &patience_, deliverCached);
+    return true;
 }
 
-bool UrlTransfer::beginRequest()
+bool UrlTransfer::makeRequest()
 {
     easy_ = makeGetRequest(request_.url, true, driver_->share());
     if (!easy_)
@@ -96,14 +121,18 @@ bool UrlTransfer::beginRequest()
     curl_easy_setopt(handle, CURLOPT_WRITEDATA, this);
     curl_easy_setopt(handle, CURLOPT_HEADERFUNCTION, &UrlTransfer::onHeaderLine);
     curl_easy_setopt(handle, CURLOPT_HEADERDATA, this);
-    const auto loseTransfer = [weak = weak_from_this()] {
-        if (const auto transfer = weak.lock())
-            transfer->fail(timedOut());
-    };
-    QObject::connect(&patience_, &QTimer::timeout, &patience_, loseTransfer);
-    patience_.start(request_.timeout);
-    driver_->add(shared_from_this());
+    if (request_.body)
+        sendBody();
     return true;
+}
+
+void UrlTransfer::sendBody()
+{
+    const QByteArray contentType = "Content-Type: " + request_.body->contentType;
+    headers_.reset(curl_slist_append(nullptr, contentType.constData()));
+    curl_easy_setopt(easy_.get(), CURLOPT_HTTPHEADER, headers_.get());
+    curl_easy_setopt(easy_.get(), CURLOPT_POSTFIELDSIZE_LARGE, curl_off_t{request_.body->bytes.size()});
+    curl_easy_setopt(easy_.get(), CURLOPT_POSTFIELDS, request_.body->bytes.constData());
 }
 
 void UrlTransfer::cancel()
@@ -172,7 +201,7 @@ void UrlTransfer::deliverEnd()
     }
     if (isWorthKeeping())
         cache_->store(request_.url, {response_, kept_});
-    else if (!fromCache_)
+    else if (!fromCache_ && !request_.body)
         cache_->remove(request_.url); // what it held is not what the server says now
     delegate->didFinishLoading();
 }
@@ -180,7 +209,7 @@ void UrlTransfer::deliverEnd()
 bool UrlTransfer::isWorthKeeping() const
 {
     constexpr int kOk = 200;
-    return !fromCache_ && response_.status == kOk && kept_.size() == received_ &&
+    return !fromCache_ && !request_.body && response_.status == kOk && kept_.size() == received_ &&
            !head_.value("Cache-Control").toLower().contains("no-store");
 }
 

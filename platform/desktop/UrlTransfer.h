@@ -17,6 +17,9 @@ class UrlTransfer : public DrivenTransfer, public std::enable_shared_from_this<U
 
     /// @return false when the request can't be made.
     bool begin();
+    /// Makes the request and delivers all of its events, without an event loop.
+    /// @return false, without any event, when the request can't be made.
+    bool perform();
     /// No event follows.
     void cancel();
 
@@ -25,8 +28,10 @@ class UrlTransfer : public DrivenTransfer, public std::enable_shared_from_this<U
     void deliver() override;
 
   private:
-    void answerFromCache();
-    bool beginRequest();
+    /// @return whether the cache has answered.
+    bool answerFromCache();
+    bool makeRequest();
+    void sendBody();
     void noteResponse();
     void fail(const QString& description);
     void deliverEnd();
@@ -40,6 +45,7 @@ class UrlTransfer : public DrivenTransfer, public std::enable_shared_from_this<U
     std::shared_ptr<CurlMultiDriver> driver_;
     std::shared_ptr<UrlCache> cache_;
     CurlEasy easy_;
+    CurlList headers_; ///< those that a body adds
     QTimer patience_;
 
     ResponseHead head_;

@@ -373,6 +373,48 @@ TEST_F(CurlUrlLoaderTest, TheRepliesUsedLongestAgoLeave)
     EXPECT_EQ(server.requests().size(), asked + 1) << "the oldest was not";
 }
 
+TEST_F(CurlUrlLoaderTest, ABodyGoesOutByteForByteAndPastTheCache)
+{
+    const QByteArray body = QByteArray("a=1&b=\0%+ \xC3\xA9", 12).repeated(20'000);
+    load("/form", {.body = "page"});
+    UrlRequest post = get(server.serve("/form", {.body = "OK"}));
+    post.body = UrlRequestBody{"application/x-www-form-urlencoded", body};
+    EXPECT_EQ(load(post)->body, "OK");
+    const TestRequest sent = server.requests().back();
+    EXPECT_EQ(sent.method, "POST");
+    EXPECT_EQ(sent.header("Content-Type"), "application/x-www-form-urlencoded");
+    EXPECT_TRUE(sent.body == body);
+    EXPECT_EQ(load(get(post.url))->body, "page") << "the cached page stays";
+}
+
+TEST_F(CurlUrlLoaderTest, LoadingWaitsForTheWholeReplyAndNoLonger)
+{
+    const UrlRequest request =
+        get(server.serve("/slow", {.body = "whole", .pieceBytes = 1, .piecePause = milliseconds(20)}));
+    const auto loaded = loader->load(request);
+    ASSERT_TRUE(loaded) << loaded.error().toStdString();
+    EXPECT_EQ(loaded->body, "whole");
+    EXPECT_EQ(loaded->response.status, 200);
+    EXPECT_EQ(loader->load(request)->body, "whole");
+    EXPECT_EQ(server.requests().size(), 1U) << "the cache answers the second time";
+    EXPECT_EQ(loader->load(get(server.serve("/missing", {.body = "no", .status = 404})))->response.status,
+              404);
+
+    const TestReply endless{.body = QByteArray(1000, 'x'), .pieceBytes = 1, .piecePause = milliseconds(50)};
+    for (const auto& [path, reply] : {std::pair("/mute", TestReply{.neverAnswers = true}),
+                                      std::pair("/endless", endless), // though it never stands still
+                                      std::pair("/large", TestReply{.body = QByteArray(2000, 'x')})}) {
+        UrlRequest failing = get(server.serve(path, reply));
+        failing.timeout = milliseconds(400);
+        failing.maximumBytes = 1000;
+        const auto failed = loader->load(failing);
+        ASSERT_FALSE(failed) << path;
+        EXPECT_FALSE(failed.error().isEmpty());
+    }
+    EXPECT_FALSE(loader->load(get("nowhere")));
+    EXPECT_FALSE(loader->load(get("http://127.0.0.1:1/")));
+}
+
 TEST_F(CurlUrlLoaderTest, AConnectionMayOutliveItsLoader)
 {
     Recorder recorder;

@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -77,11 +78,20 @@ class FakeUrlLoader : public UrlLoader {
         exchanges.push_back(std::make_shared<FakeUrlExchange>(request, delegate));
         return std::make_unique<Connection>(exchanges.back());
     }
+    tl::expected<UrlReply, QString> load(const UrlRequest& request) override
+    {
+        loaded.push_back(request);
+        return onLoad(request);
+    }
     /// The request started last.
     [[nodiscard]] FakeUrlExchange& last() const { return *exchanges.back(); }
 
     bool refuses = false; ///< no connection can be made
     std::vector<std::shared_ptr<FakeUrlExchange>> exchanges;
+    std::vector<UrlRequest> loaded; ///< what was waited for
+    std::function<tl::expected<UrlReply, QString>(const UrlRequest&)> onLoad = [](const UrlRequest&) {
+        return tl::unexpected(QStringLiteral("The server could not be reached."));
+    };
 
   private:
     class Connection : public UrlConnection {

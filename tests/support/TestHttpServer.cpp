@@ -107,23 +107,32 @@ bool TestHttpServer::pauseUntil(steady_clock::time_point time) const
 
 std::optional<TestRequest> TestHttpServer::readRequest(int socket) const
 {
-    QByteArray head;
-    while (!head.contains("\r\n\r\n")) {
-        if (!waitFor(socket, POLLIN))
+    QByteArray bytes;
+    const auto readMore = [&] {
+        std::array<char, 4096> piece{};
+        const ssize_t count =
+            waitFor(socket, POLLIN) ? ::recv(socket, piece.data(), piece.size(), 0) : ssize_t{0};
+        if (count > 0)
+            bytes.append(piece.data(), count);
+        return count > 0;
+    };
+    while (!bytes.contains("\r\n\r\n"))
+        if (!readMore())
             return std::nullopt;
-        std::array<char, 4096> bytes{};
-        const ssize_t count = ::recv(socket, bytes.data(), bytes.size(), 0);
-        if (count <= 0)
-            return std::nullopt;
-        head.append(bytes.data(), count);
-    }
-    const QList<QByteArray> lines = head.left(head.indexOf("\r\n\r\n")).split('\n');
+    const qsizetype headSize = bytes.indexOf("\r\n\r\n");
+    const QList<QByteArray> lines = bytes.left(headSize).split('\n');
     TestRequest request;
+    request.method = lines.first().split(' ').value(0);
     request.target = lines.first().split(' ').value(1);
     for (const QByteArray& line : lines.sliced(1)) {
         const qsizetype colon = line.indexOf(':');
         request.headers.append({line.left(colon).trimmed(), line.mid(colon + 1).trimmed()});
     }
+    const qsizetype whole = headSize + 4 + request.header("Content-Length").toLongLong();
+    while (bytes.size() < whole)
+        if (!readMore())
+            return std::nullopt;
+    request.body = bytes.mid(headSize + 4);
     return request;
 }
 

@@ -57,8 +57,10 @@ struct TestReply {
 
 /// A request as it came in.
 struct TestRequest {
+    QByteArray method;
     QByteArray target;
     TestHeaders headers;
+    QByteArray body = {};
 
     /// Null when there is none of that name.
     [[nodiscard]] QByteArray header(const QByteArray& name) const;
