@@ -50,6 +50,10 @@ class Screen:
         self._pixels = numpy.memmap(path, dtype=numpy.uint8, mode="r", offset=head[0] + 12 * colours,
                                     shape=(self._height, line))
 
+    def part(self, edges):
+        left, top, right, bottom = edges
+        return self._pixels[top:bottom, 4 * left:4 * right]
+
     def library_place(self):
         return self._pixels[TOP_EDGE:self._height - BOTTOM_EDGE, :4 * self._width]
 
@@ -64,6 +68,11 @@ class Start:
 
     def look(self):
         """Learns what the place of the library looks like once nothing changes any more."""
+        self.open()
+        self._end()
+
+    def open(self):
+        """The program with its window, once nothing in it changes any more."""
         self._lay_library()
         self._start()
         wait_until(lambda: self._window(), 60, "the window")
@@ -77,7 +86,6 @@ class Start:
 
         wait_until(settled, 120, "the window to stand still")
         self._painted = before[0]
-        self._end()
 
     def measure(self):
         blank = self._screen.library_place()
