@@ -79,20 +79,41 @@ std::optional<QByteArray> singleHeader(const HttpHeaders& headers, QByteArrayVie
     return found.value_or(QByteArray());
 }
 
-/// The status that refuses what the headers say of a body; 0 when there is none.
-int bodyRefusal(const HttpHeaders& headers)
+std::optional<qint64> number(QByteArrayView text)
 {
+    if (text.isEmpty() || !std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; }))
+        return std::nullopt;
+    bool fits = false;
+    const qint64 value = text.toByteArray().toLongLong(&fits);
+    return fits ? value : std::numeric_limits<qint64>::max();
+}
+
+/// The length of the body that the headers announce, or the status that refuses it.
+tl::expected<qsizetype, int> announcedBody(const HttpHeaders& headers, bool isPost)
+{
+    const auto refused = [](int status) { return tl::unexpected<int>(status); };
     const auto length = singleHeader(headers, "Content-Length");
     const auto encoding = singleHeader(headers, "Transfer-Encoding");
     if (!length || !encoding || (!length->isEmpty() && !encoding->isEmpty()))
-        return MHD_HTTP_BAD_REQUEST; // two ideas of where the request ends
+        return refused(MHD_HTTP_BAD_REQUEST); // two ideas of where the request ends
     if (!encoding->isEmpty())
-        return MHD_HTTP_CONTENT_TOO_LARGE;
-    if (!std::all_of(length->begin(), length->end(), [](char c) { return c >= '0' && c <= '9'; }))
-        return MHD_HTTP_BAD_REQUEST;
-    return std::any_of(length->begin(), length->end(), [](char c) { return c != '0'; })
-               ? MHD_HTTP_CONTENT_TOO_LARGE
-               : 0;
+        return refused(isPost ? MHD_HTTP_LENGTH_REQUIRED : MHD_HTTP_CONTENT_TOO_LARGE);
+    if (length->isEmpty())
+        return isPost ? refused(MHD_HTTP_LENGTH_REQUIRED) : tl::expected<qsizetype, int>(0);
+    const auto size = number(*length);
+    if (!size)
+        return refused(MHD_HTTP_BAD_REQUEST);
+    if (*size > (isPost ? longestRequestBody : 0))
+        return refused(MHD_HTTP_CONTENT_TOO_LARGE);
+    return qsizetype(*size);
+}
+
+/// Whether a page of another server sends this request in a browser that visits it. Other clients do not say
+/// where they come from, and no page of this server posts anything.
+bool comesFromForeignPage(const HttpHeaders& headers)
+{
+    const auto origin = singleHeader(headers, "Origin");
+    return !origin || !origin->isEmpty();
 }
 
 int hostRefusal(const QByteArray& host, HostPolicy policy)
@@ -107,15 +128,6 @@ int hostRefusal(const QByteArray& host, HostPolicy policy)
         return MHD_HTTP_BAD_REQUEST;
     return policy == HostPolicy::AnyHost || loopback.match(text).hasMatch() ? 0
                                                                             : MHD_HTTP_MISDIRECTED_REQUEST;
-}
-
-std::optional<qint64> number(QByteArrayView text)
-{
-    if (text.isEmpty() || !std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; }))
-        return std::nullopt;
-    bool fits = false;
-    const qint64 value = text.toByteArray().toLongLong(&fits);
-    return fits ? value : std::numeric_limits<qint64>::max();
 }
 
 /// Whether a list of entity tags names that one, strength aside.
@@ -182,10 +194,14 @@ tl::expected<HttpRequest, int> checkedRequest(const QByteArray& method, const QB
         return refused(MHD_HTTP_BAD_REQUEST);
     if (const int status = hostRefusal(*host, policy))
         return refused(status);
-    if (method != "GET" && method != "HEAD")
+    const bool isPost = method == "POST";
+    if (method != "GET" && method != "HEAD" && !isPost)
         return refused(MHD_HTTP_METHOD_NOT_ALLOWED);
-    if (const int status = bodyRefusal(headers))
-        return refused(status);
+    if (isPost && comesFromForeignPage(headers))
+        return refused(MHD_HTTP_FORBIDDEN);
+    const auto bodySize = announcedBody(headers, isPost);
+    if (!bodySize)
+        return refused(bodySize.error());
 
     const auto mark = target.indexOf('?');
     const auto path = parsedPath(target.left(mark < 0 ? target.size() : mark));
@@ -195,7 +211,7 @@ tl::expected<HttpRequest, int> checkedRequest(const QByteArray& method, const QB
     const auto ifNoneMatch = singleHeader(headers, "If-None-Match");
     if (!path || !query || !range || !ifRange || !ifNoneMatch)
         return refused(MHD_HTTP_BAD_REQUEST);
-    return HttpRequest{method, *path, *query, *host, *range, *ifRange, *ifNoneMatch};
+    return HttpRequest{method, *path, *query, *host, *range, *ifRange, *ifNoneMatch, *bodySize};
 }
 
 std::shared_ptr<const OpenFile> OpenFile::open(const QByteArray& path)

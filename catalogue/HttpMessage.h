@@ -19,13 +19,16 @@ using HttpHeaders = QList<std::pair<QByteArray, QByteArray>>;
 
 /// A request that passed every check of its form.
 struct HttpRequest {
-    QByteArray method; ///< "GET" or "HEAD"
+    QByteArray method; ///< "GET", "HEAD" or "POST"
     QString path;      ///< unescaped, begins with '/', holds no dot segment and no NUL
     QList<std::pair<QString, QString>> query;
     QByteArray host; ///< the Host header as sent
     QByteArray range;
     QByteArray ifRange;
     QByteArray ifNoneMatch;
+    qsizetype bodySize = 0; ///< as announced
+    QByteArray body = {};   ///< of a POST, complete when it is to be answered
+    QByteArray peer = {};   ///< the numeric address of who asks
 
     /// The first value of that parameter, or nothing.
     [[nodiscard]] std::optional<QString> parameter(QStringView name) const;
@@ -42,9 +45,12 @@ enum class HostPolicy {
 /// The longest request target that is served, in bytes.
 constexpr qsizetype longestRequestTarget = 8192;
 
-/// Checks a request's head.
+/// The longest body that a request may have, in bytes.
+constexpr qsizetype longestRequestBody = 1024 * 1024;
+
+/// Checks a request's head. A POST must announce the length of its body, others have none.
 /// @param target as it stands on the request line.
-/// @return the request, or the status code of the refusal (400, 405, 413, 414, 421).
+/// @return the request, or the status code of the refusal (400, 403, 405, 411, 413, 414, 421).
 tl::expected<HttpRequest, int> checkedRequest(const QByteArray& method, const QByteArray& target,
                                               const HttpHeaders& headers, HostPolicy policy);
 

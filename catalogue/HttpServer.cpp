@@ -15,6 +15,7 @@
 #include <thread>
 
 #include <fcntl.h>
+#include <netdb.h>
 #include <sys/socket.h>
 
 namespace zib {
@@ -28,11 +29,13 @@ using Clock = std::chrono::steady_clock;
 constexpr unsigned threadCount = 4;
 constexpr size_t connectionMemory = size_t(32) * 1024;
 constexpr auto lastMoment = std::chrono::milliseconds(500);
+/// Bodies that are being received or answered at the same time, together.
+constexpr qsizetype mostBodyBytes = 64 * longestRequestBody;
 
-/// A connection and, while it owes us a request, since when.
+/// A connection and, while it owes us a request or its body, until when.
 struct Peer {
     int descriptor = -1;
-    std::optional<Clock::time_point> owesSince;
+    std::optional<Clock::time_point> owesUntil;
 };
 
 /// One request on its way: made with the request line, gone with the end of the reply.
@@ -43,9 +46,15 @@ struct Exchange {
     }
 
     const QByteArray target;
+    const Clock::time_point began = Clock::now();
+    QByteArray method;
+    QByteArray peer;
+    int status = 0; ///< of the reply that was queued
+    qint64 replySize = 0;
     std::optional<HttpRequest> request; ///< once its head is complete and sound
     bool counted = false;
-    bool handed = false; ///< to the handler
+    bool handed = false;        ///< to the handler
+    qsizetype bodyReserved = 0; ///< of the bytes that all bodies may take
 
     std::mutex mutex; ///< guards what follows
     MHD_Connection* suspended = nullptr;
@@ -74,8 +83,20 @@ MHD_Response* madeResponse(const HttpReply& reply)
                                                    uint64_t(reply.offset));
 }
 
-MHD_Result queued(MHD_Connection* connection, const HttpReply& reply, bool last)
+QByteArray peerOf(MHD_Connection* connection)
 {
+    const auto* info = MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CLIENT_ADDRESS);
+    char text[NI_MAXHOST] = {};
+    if (!info || ::getnameinfo(info->client_addr, sizeof(sockaddr_storage), text, sizeof text, nullptr, 0,
+                               NI_NUMERICHOST) != 0)
+        return {};
+    return text;
+}
+
+MHD_Result queued(MHD_Connection* connection, Exchange& exchange, const HttpReply& reply, bool last)
+{
+    exchange.status = reply.status;
+    exchange.replySize = reply.file ? reply.length : reply.body.size();
     MHD_Response* response = madeResponse(reply);
     if (!response)
         return MHD_NO;
@@ -100,6 +121,11 @@ void logLine(void*, const char* format, va_list arguments)
 
 } // namespace
 
+std::optional<HttpReply> HttpHandler::refusal(const HttpRequest& head)
+{
+    return head.method == "POST" ? std::optional(plainReply(MHD_HTTP_METHOD_NOT_ALLOWED)) : std::nullopt;
+}
+
 struct HttpServer::Daemon {
     Daemon(ListeningSocket listening, HttpHandler& requestHandler, const Limits& itsLimits)
         : socket(std::move(listening))
@@ -113,10 +139,13 @@ struct HttpServer::Daemon {
     void stop();
     void closeLatePeers(const std::stop_token& token);
 
-    void owesRequest(MHD_Connection* connection, bool owes);
+    void owes(MHD_Connection* connection, std::optional<unsigned> seconds);
     MHD_Result check(MHD_Connection* connection, const char* method, Exchange& exchange);
+    std::optional<HttpReply> admit(Exchange& exchange, const tl::expected<HttpRequest, int>& request);
+    void receive(Exchange& exchange, QByteArrayView part);
     void hand(const SharedExchange& exchange);
     MHD_Result replyOrSuspend(MHD_Connection* connection, Exchange& exchange);
+    void tell(const Exchange& exchange);
 
     static void* begun(void*, const char* target, MHD_Connection*);
     static MHD_Result accessed(void* self, MHD_Connection* connection, const char* url, const char* method,
@@ -138,6 +167,7 @@ struct HttpServer::Daemon {
     std::list<Peer> peers;
     int unanswered = 0; ///< requests that the handler has, or is about to get, and has not answered
     int exchanges = 0;  ///< requests whose reply has not been sent to its end
+    qsizetype bodyBytes = 0;
     bool stopping = false;
 
     std::jthread watch; // last: it uses all of the above
@@ -165,11 +195,11 @@ void HttpServer::Daemon::closeLatePeers(const std::stop_token& token)
 {
     std::unique_lock lock(mutex);
     while (!token.stop_requested()) {
-        const auto latest = Clock::now() - std::chrono::seconds(limits.requestSeconds);
+        const auto now = Clock::now();
         for (auto& peer : peers) {
-            if (peer.owesSince && *peer.owesSince <= latest) {
+            if (peer.owesUntil && *peer.owesUntil <= now) {
                 ::shutdown(peer.descriptor, SHUT_RDWR);
-                peer.owesSince.reset();
+                peer.owesUntil.reset();
             }
         }
         watchWake.wait_for(lock, token, std::chrono::milliseconds(250), [] { return false; });
@@ -188,34 +218,59 @@ void HttpServer::Daemon::stop()
     MHD_stop_daemon(daemon);
 }
 
-void HttpServer::Daemon::owesRequest(MHD_Connection* connection, bool owes)
+void HttpServer::Daemon::owes(MHD_Connection* connection, std::optional<unsigned> seconds)
 {
+    std::optional<Clock::time_point> until;
+    if (seconds)
+        until = Clock::now() + std::chrono::seconds(*seconds);
     const auto* info = MHD_get_connection_info(connection, MHD_CONNECTION_INFO_SOCKET_CONTEXT);
     const std::lock_guard lock(mutex);
-    static_cast<Peer*>(info->socket_context)->owesSince = owes ? std::optional(Clock::now()) : std::nullopt;
+    static_cast<Peer*>(info->socket_context)->owesUntil = until;
+}
+
+/// Counts the request, and its body against what all bodies may take.
+/// @return what refuses it
+std::optional<HttpReply> HttpServer::Daemon::admit(Exchange& exchange,
+                                                   const tl::expected<HttpRequest, int>& request)
+{
+    auto refusal = request ? handler.refusal(*request) : plainReply(request.error());
+    const std::lock_guard lock(mutex);
+    exchange.counted = true;
+    ++exchanges;
+    if (refusal)
+        return refusal;
+    if (stopping || bodyBytes + request->bodySize > mostBodyBytes)
+        return plainReply(MHD_HTTP_SERVICE_UNAVAILABLE);
+    ++unanswered;
+    exchange.bodyReserved = request->bodySize;
+    bodyBytes += exchange.bodyReserved;
+    return std::nullopt;
 }
 
 /// The first call for a request, its head complete. A refusal closes the connection, for where a malformed
 /// request ends is anybody's guess.
 MHD_Result HttpServer::Daemon::check(MHD_Connection* connection, const char* method, Exchange& exchange)
 {
-    owesRequest(connection, false);
     HttpHeaders headers;
     MHD_get_connection_values(connection, MHD_HEADER_KIND, collectHeader, &headers);
-    auto request = checkedRequest(QByteArray(method), exchange.target, headers, policy);
-    {
-        const std::lock_guard lock(mutex);
-        exchange.counted = true;
-        ++exchanges;
-        if (stopping)
-            request = tl::unexpected<int>(MHD_HTTP_SERVICE_UNAVAILABLE);
-        else if (request)
-            ++unanswered;
-    }
-    if (!request)
-        return queued(connection, plainReply(request.error()), true);
+    exchange.method = method;
+    exchange.peer = peerOf(connection);
+    auto request = checkedRequest(exchange.method, exchange.target, headers, policy);
+    if (request)
+        request->peer = exchange.peer;
+    const auto refusal = admit(exchange, request);
+    const bool hasBody = !refusal && request->bodySize > 0;
+    owes(connection, hasBody ? std::optional(limits.bodySeconds) : std::nullopt);
+    if (refusal)
+        return queued(connection, exchange, *refusal, true);
     exchange.request = std::move(*request);
     return MHD_YES;
+}
+
+void HttpServer::Daemon::receive(Exchange& exchange, QByteArrayView part)
+{
+    auto& body = exchange.request->body;
+    body.append(part.first(std::min(part.size(), exchange.request->bodySize - body.size())));
 }
 
 void HttpServer::Daemon::hand(const SharedExchange& exchange)
@@ -238,10 +293,22 @@ MHD_Result HttpServer::Daemon::replyOrSuspend(MHD_Connection* connection, Exchan
 {
     const std::lock_guard lock(exchange.mutex);
     if (exchange.reply)
-        return queued(connection, *exchange.reply, false);
+        return queued(connection, exchange, *exchange.reply, false);
     exchange.suspended = connection;
     MHD_suspend_connection(connection);
     return MHD_YES;
+}
+
+void HttpServer::Daemon::tell(const Exchange& exchange)
+{
+    const auto mark = exchange.target.indexOf('?');
+    handler.served(
+        {.method = exchange.method,
+         .path = exchange.target.left(mark < 0 ? exchange.target.size() : mark),
+         .peer = exchange.peer,
+         .status = exchange.status,
+         .replySize = exchange.replySize,
+         .duration = std::chrono::duration_cast<std::chrono::microseconds>(Clock::now() - exchange.began)});
 }
 
 void* HttpServer::Daemon::begun(void*, const char* target, MHD_Connection*)
@@ -250,16 +317,24 @@ void* HttpServer::Daemon::begun(void*, const char* target, MHD_Connection*)
 }
 
 MHD_Result HttpServer::Daemon::accessed(void* self, MHD_Connection* connection, const char*,
-                                        const char* method, const char*, const char*, size_t* uploadSize,
-                                        void** context)
+                                        const char* method, const char*, const char* upload,
+                                        size_t* uploadSize, void** context)
 {
     auto& daemon = *static_cast<Daemon*>(self);
     const SharedExchange exchange = *static_cast<SharedExchange*>(*context);
-    *uploadSize = 0;
-    if (!exchange->request)
+    if (!exchange->request) {
+        *uploadSize = 0;
         return daemon.check(connection, method, *exchange);
-    if (!exchange->handed)
+    }
+    if (*uploadSize > 0) {
+        daemon.receive(*exchange, QByteArrayView(upload, qsizetype(*uploadSize)));
+        *uploadSize = 0;
+        return MHD_YES;
+    }
+    if (!exchange->handed) {
+        daemon.owes(connection, std::nullopt);
         daemon.hand(exchange);
+    }
     return daemon.replyOrSuspend(connection, *exchange);
 }
 
@@ -269,10 +344,12 @@ void HttpServer::Daemon::completed(void* self, MHD_Connection* connection, void*
     auto& daemon = *static_cast<Daemon*>(self);
     const std::unique_ptr<SharedExchange> exchange(static_cast<SharedExchange*>(*context));
     *context = nullptr;
-    daemon.owesRequest(connection, true);
+    daemon.owes(connection, daemon.limits.requestSeconds);
     if (exchange && (*exchange)->counted) {
+        daemon.tell(**exchange);
         const std::lock_guard lock(daemon.mutex);
         --daemon.exchanges;
+        daemon.bodyBytes -= (*exchange)->bodyReserved;
         if ((*exchange)->request && !(*exchange)->handed)
             --daemon.unanswered; // it went before it was handed on
         daemon.changed.notify_all();
@@ -286,7 +363,8 @@ void HttpServer::Daemon::connectionChanged(void* self, MHD_Connection* connectio
     const std::lock_guard lock(daemon.mutex);
     if (code == MHD_CONNECTION_NOTIFY_STARTED) {
         const auto* info = MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CONNECTION_FD);
-        daemon.peers.push_front({info->connect_fd, Clock::now()});
+        daemon.peers.push_front(
+            {info->connect_fd, Clock::now() + std::chrono::seconds(daemon.limits.requestSeconds)});
         *context = &daemon.peers.front();
     } else {
         // Told before the descriptor is closed, so that it is never another connection's that is shut down.

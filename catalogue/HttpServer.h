@@ -3,8 +3,10 @@
 
 #include "catalogue/HttpMessage.h"
 
+#include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace zib {
 
@@ -16,7 +18,21 @@ class HttpHandler {
     using Respond = std::function<void(HttpReply)>;
 
     virtual ~HttpHandler() = default;
+    /// Asked once the head of a request is complete, before its body is read.
+    /// @return what refuses the request, or nothing when it is to be answered
+    [[nodiscard]] virtual std::optional<HttpReply> refusal(const HttpRequest& head);
     virtual void answer(const HttpRequest& request, Respond respond) = 0;
+
+    /// A request whose reply was sent, or whose client went before.
+    struct Served {
+        QByteArray method;
+        QByteArray path; ///< as sent, without the query, which may hold keys
+        QByteArray peer;
+        int status = 0; ///< 0 when the client went before there was a reply
+        qint64 replySize = 0;
+        std::chrono::microseconds duration{0}; ///< from the request line to the end of the reply
+    };
+    virtual void served(const Served& request) { Q_UNUSED(request) }
 };
 
 /// A listening TCP socket, closed when it goes.
@@ -61,6 +77,7 @@ class HttpServer {
         unsigned connectionsOfAddress = 768;
         unsigned requestSeconds =
             15; ///< from the connection or the reply before to the end of the request's head
+        unsigned bodySeconds = 60;   ///< more for a request's body
         unsigned replySeconds = 600; ///< without a byte taken: a paused player keeps its connection that long
     };
 
