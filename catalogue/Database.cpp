@@ -4,8 +4,9 @@
 #include <QHash>
 #include <QSqlError>
 #include <QSqlQuery>
-#include <QStringList>
 #include <QThreadStorage>
+#include <QUrl>
+#include <QUrlQuery>
 
 #include <atomic>
 
@@ -13,34 +14,24 @@ namespace zib {
 
 namespace {
 
-/// One list of statements for each version of the tables. Once shipped, a list is never changed.
-const QList<QStringList>& migrations()
+const QLatin1String serverScheme("postgresql://");
+
+/// How a connection to that location is opened.
+void setUp(QSqlDatabase& database, const QString& location)
 {
-    static const QList<QStringList> lists{
-        {
-            QStringLiteral("CREATE TABLE songs (id TEXT PRIMARY KEY, path BLOB NOT NULL UNIQUE,"
-                           " folder BLOB NOT NULL, size INTEGER NOT NULL, modified INTEGER NOT NULL,"
-                           " playable INTEGER NOT NULL, artist TEXT NOT NULL, artist_key TEXT NOT NULL,"
-                           " album TEXT NOT NULL, title TEXT NOT NULL, genres TEXT NOT NULL,"
-                           " year INTEGER NOT NULL, track INTEGER NOT NULL, seconds INTEGER NOT NULL)"),
-            QStringLiteral("CREATE INDEX songs_artist ON songs (artist_key)"),
-        },
-        {
-            QStringLiteral("ALTER TABLE songs ADD COLUMN disc INTEGER NOT NULL DEFAULT 0"),
-            QStringLiteral("ALTER TABLE songs ADD COLUMN milliseconds INTEGER NOT NULL DEFAULT 0"),
-            QStringLiteral("ALTER TABLE songs ADD COLUMN date TEXT NOT NULL DEFAULT ''"),
-            QStringLiteral("ALTER TABLE songs ADD COLUMN label TEXT NOT NULL DEFAULT ''"),
-            QStringLiteral("ALTER TABLE songs ADD COLUMN country TEXT NOT NULL DEFAULT ''"),
-            QStringLiteral("ALTER TABLE songs ADD COLUMN release_type TEXT NOT NULL DEFAULT ''"),
-            QStringLiteral("ALTER TABLE songs ADD COLUMN release_id TEXT NOT NULL DEFAULT ''"),
-            QStringLiteral("ALTER TABLE songs ADD COLUMN has_picture INTEGER NOT NULL DEFAULT 0"),
-            QStringLiteral("ALTER TABLE songs ADD COLUMN lyrics TEXT NOT NULL DEFAULT ''"),
-            QStringLiteral("CREATE INDEX songs_release ON songs (release_id)"),
-            // Files of another size than before are read again, and these hold more than was kept of them.
-            QStringLiteral("UPDATE songs SET size = -1"),
-        },
-    };
-    return lists;
+    if (!Database::isServer(location)) {
+        database.setDatabaseName(location);
+        database.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=10000"));
+        return;
+    }
+    const QUrl url(location);
+    const QString folder = QUrlQuery(url).queryItemValue(QStringLiteral("host"), QUrl::FullyDecoded);
+    database.setHostName(folder.isEmpty() ? url.host() : folder);
+    database.setPort(url.port(-1));
+    database.setDatabaseName(url.path().mid(1));
+    database.setUserName(url.userName(QUrl::FullyDecoded));
+    database.setPassword(url.password(QUrl::FullyDecoded));
+    database.setConnectOptions(QStringLiteral("connect_timeout=10"));
 }
 
 /// The connections of one thread, closed with it.
@@ -55,59 +46,134 @@ class ThreadConnections {
             QSqlDatabase::removeDatabase(name);
     }
 
-    QSqlDatabase to(const QString& file)
+    QSqlDatabase to(const QString& location, bool outlivesMachine)
     {
-        if (const auto known = names_.constFind(file); known != names_.constEnd())
-            return QSqlDatabase::database(*known, false);
-        static std::atomic<int> count = 0;
-        const QString name = QStringLiteral("zib-catalogue-%1").arg(++count);
-        auto database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
-        database.setDatabaseName(file);
-        database.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=10000"));
-        names_.insert(file, name);
-        if (database.open()) {
-            QSqlQuery query(database);
-            for (const auto* setting : {"foreign_keys = ON", "journal_mode = WAL", "synchronous = NORMAL"})
-                query.exec(QStringLiteral("PRAGMA ") + QLatin1String(setting));
-        }
+        auto database = known(location);
+        if (database.isOpen() || !database.open() || Database::isServer(location))
+            return database;
+        QSqlQuery query(database);
+        for (const auto* setting : {"foreign_keys = ON", "journal_mode = WAL",
+                                    outlivesMachine ? "synchronous = FULL" : "synchronous = NORMAL"})
+            query.exec(QStringLiteral("PRAGMA ") + QLatin1String(setting));
         return database;
     }
 
   private:
+    QSqlDatabase known(const QString& location)
+    {
+        if (const auto name = names_.constFind(location); name != names_.constEnd())
+            return QSqlDatabase::database(*name, false);
+        static std::atomic<int> count = 0;
+        const QString name = QStringLiteral("zib-catalogue-%1").arg(++count);
+        names_.insert(location, name);
+        auto database = QSqlDatabase::addDatabase(
+            Database::isServer(location) ? QStringLiteral("QPSQL") : QStringLiteral("QSQLITE"), name);
+        setUp(database, location);
+        return database;
+    }
+
     QHash<QString, QString> names_;
 };
 
-bool executed(QSqlDatabase& database, const QStringList& statements)
+/// Where a database remembers the version of its tables.
+class SchemaVersion {
+  public:
+    SchemaVersion(const QSqlDatabase& database, bool onServer, QString schema)
+        : query_(database)
+        , onServer_(onServer)
+        , schema_(std::move(schema))
+    {
+    }
+
+    /// Keeps other processes that start at the same moment from making the same tables, until the transaction
+    /// ends; and makes the place of the versions.
+    bool lock()
+    {
+        return !onServer_ ||
+               (query_.exec(QStringLiteral("SELECT pg_advisory_xact_lock(7243392)")) &&
+                query_.exec(QStringLiteral("SET LOCAL client_min_messages = warning")) &&
+                query_.exec(QStringLiteral("CREATE TABLE IF NOT EXISTS schema_versions"
+                                           " (name TEXT PRIMARY KEY, version INTEGER NOT NULL)")));
+    }
+
+    /// -1 when it cannot be read.
+    int read()
+    {
+        query_.prepare(onServer_ ? QStringLiteral("SELECT max(version) FROM schema_versions WHERE name = ?")
+                                 : QStringLiteral("PRAGMA user_version"));
+        if (onServer_)
+            query_.addBindValue(schema_);
+        const int version = query_.exec() && query_.next() ? query_.value(0).toInt() : -1;
+        query_.finish();
+        return version;
+    }
+
+    bool write(int version)
+    {
+        if (!onServer_)
+            return query_.exec(QStringLiteral("PRAGMA user_version = %1").arg(version));
+        query_.prepare(QStringLiteral("INSERT INTO schema_versions VALUES (?, ?)"
+                                      " ON CONFLICT (name) DO UPDATE SET version = excluded.version"));
+        query_.addBindValue(schema_);
+        query_.addBindValue(version);
+        return query_.exec();
+    }
+
+    bool execute(QString statement)
+    {
+        return query_.exec(
+            statement.replace(QLatin1String("{bytes}"), QLatin1String(onServer_ ? "BYTEA" : "BLOB")));
+    }
+
+    [[nodiscard]] QString error() const { return query_.lastError().text(); }
+
+  private:
+    QSqlQuery query_;
+    const bool onServer_;
+    const QString schema_;
+};
+
+/// Brings the tables up to date, all or nothing. @return what is wrong, or empty
+QString migrate(const QSqlDatabase& database, bool onServer, const DatabaseSchema& schema)
 {
-    QSqlQuery query(database);
-    return std::all_of(statements.begin(), statements.end(),
-                       [&query](const QString& statement) { return query.exec(statement); });
+    Transaction transaction(database);
+    SchemaVersion known(database, onServer, schema.name);
+    if (!known.lock())
+        return known.error();
+    const int version = known.read();
+    if (version < 0)
+        return known.error();
+    if (version > schema.versions.size())
+        return QStringLiteral("made by a newer version of this program");
+    for (int next = version; next < schema.versions.size(); ++next) {
+        for (const auto& statement : schema.versions.at(next)) {
+            if (!known.execute(statement))
+                return known.error();
+        }
+        if (!known.write(next + 1))
+            return known.error();
+    }
+    return transaction.commit() ? QString() : database.lastError().text();
 }
 
 } // namespace
 
-tl::expected<Database, QString> Database::open(const QString& file)
+bool Database::isServer(const QString& location)
 {
-    const Database result(file);
-    auto database = result.connection();
-    const auto failed = [&](const QString& reason) {
-        return tl::unexpected(QStringLiteral("%1: %2").arg(file, reason));
-    };
-    QSqlQuery query(database);
-    if (!database.isOpen() || !query.exec(QStringLiteral("PRAGMA user_version")) || !query.next())
-        return failed(database.isOpen() ? query.lastError().text() : database.lastError().text());
-    const int version = query.value(0).toInt();
-    query.finish();
-    if (version < 0 || version > migrations().size())
-        return failed(QStringLiteral("made by a newer version of this program"));
-    for (int next = version; next < migrations().size(); ++next) {
-        Transaction transaction(database);
-        if (!executed(database, migrations().at(next)) ||
-            !executed(database, {QStringLiteral("PRAGMA user_version = %1").arg(next + 1)}) ||
-            !transaction.commit())
-            return failed(database.lastError().text());
-    }
-    return result;
+    return location.startsWith(serverScheme);
+}
+
+tl::expected<Database, QString> Database::open(const QString& location, const DatabaseSchema& schema)
+{
+    const Database result(location, schema.outlivesMachine);
+    const auto database = result.connection();
+    const auto reason = database.isOpen() ? migrate(database, isServer(location), schema)
+                                          : database.lastError().text().trimmed();
+    if (reason.isEmpty())
+        return result;
+    const QString shown =
+        isServer(location) ? QUrl(location).toString(QUrl::RemoveUserInfo | QUrl::RemoveQuery) : location;
+    return tl::unexpected(QStringLiteral("%1: %2").arg(shown, reason));
 }
 
 QSqlDatabase Database::connection() const
@@ -115,7 +181,7 @@ QSqlDatabase Database::connection() const
     static QThreadStorage<ThreadConnections*> connections;
     if (!connections.hasLocalData())
         connections.setLocalData(new ThreadConnections);
-    return connections.localData()->to(file_);
+    return connections.localData()->to(location_, outlivesMachine_);
 }
 
 Transaction::Transaction(const QSqlDatabase& database)

@@ -97,6 +97,38 @@ Artist madeArtist(const QString& key, const Gathered& gathered)
 
 } // namespace
 
+const DatabaseSchema& SongIndex::schema()
+{
+    static const DatabaseSchema schema{
+        QStringLiteral("songs"),
+        {
+            {
+                QStringLiteral("CREATE TABLE songs (id TEXT PRIMARY KEY, path BLOB NOT NULL UNIQUE,"
+                               " folder BLOB NOT NULL, size INTEGER NOT NULL, modified INTEGER NOT NULL,"
+                               " playable INTEGER NOT NULL, artist TEXT NOT NULL, artist_key TEXT NOT NULL,"
+                               " album TEXT NOT NULL, title TEXT NOT NULL, genres TEXT NOT NULL,"
+                               " year INTEGER NOT NULL, track INTEGER NOT NULL, seconds INTEGER NOT NULL)"),
+                QStringLiteral("CREATE INDEX songs_artist ON songs (artist_key)"),
+            },
+            {
+                QStringLiteral("ALTER TABLE songs ADD COLUMN disc INTEGER NOT NULL DEFAULT 0"),
+                QStringLiteral("ALTER TABLE songs ADD COLUMN milliseconds INTEGER NOT NULL DEFAULT 0"),
+                QStringLiteral("ALTER TABLE songs ADD COLUMN date TEXT NOT NULL DEFAULT ''"),
+                QStringLiteral("ALTER TABLE songs ADD COLUMN label TEXT NOT NULL DEFAULT ''"),
+                QStringLiteral("ALTER TABLE songs ADD COLUMN country TEXT NOT NULL DEFAULT ''"),
+                QStringLiteral("ALTER TABLE songs ADD COLUMN release_type TEXT NOT NULL DEFAULT ''"),
+                QStringLiteral("ALTER TABLE songs ADD COLUMN release_id TEXT NOT NULL DEFAULT ''"),
+                QStringLiteral("ALTER TABLE songs ADD COLUMN has_picture INTEGER NOT NULL DEFAULT 0"),
+                QStringLiteral("ALTER TABLE songs ADD COLUMN lyrics TEXT NOT NULL DEFAULT ''"),
+                QStringLiteral("CREATE INDEX songs_release ON songs (release_id)"),
+                // Files of another size than before are read again, and these hold more than was kept of
+                // them.
+                QStringLiteral("UPDATE songs SET size = -1"),
+            },
+        }};
+    return schema;
+}
+
 SongIndex::SongIndex(Database database)
     : database_(std::move(database))
 {

@@ -48,6 +48,9 @@ class SongIndex {
     /// Called on the updating thread now and then.
     using Progress = std::function<void(int done, int total)>;
 
+    /// Its tables, which are always in a file: paths mean something on one machine only.
+    static const DatabaseSchema& schema();
+
     explicit SongIndex(Database database);
 
     /// Drops at once what lies in folders that are not among these.

@@ -150,7 +150,8 @@ int serve(const ServeOptions& options, int signals)
     allowManyDescriptors();
     if (!QDir().mkpath(options.dataFolder))
         return complain(Failed, QStringLiteral("cannot make the folder %1").arg(options.dataFolder));
-    auto database = Database::open(options.dataFolder + QStringLiteral("/catalogue.sqlite"));
+    auto database =
+        Database::open(options.dataFolder + QStringLiteral("/catalogue.sqlite"), SongIndex::schema());
     if (!database)
         return complain(Failed, database.error());
     auto socket = options.listenDescriptor ? ListeningSocket::adopt(*options.listenDescriptor)

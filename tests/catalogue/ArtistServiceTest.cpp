@@ -33,7 +33,8 @@ class ArtistServiceTest : public testing::Test {
                         {track('b', u"Vor"_s), track('c', u"Bad\u0001\uFFFF\U0001F3B5Text"_s)});
         demo_.addArtist(u"Tide"_s, {u"indie rock"_s, u"electronic"_s}, 0.7, {track('d', u"Ebb"_s)});
         demo_.addArtist(u"Circuit"_s, {u"electronic"_s, u"ambient"_s}, 0.6, {track('e', u"Loop"_s)});
-        index_.emplace(*Database::open(folder_.filePath(QStringLiteral("index.sqlite"))));
+        index_.emplace(
+            *Database::open(folder_.filePath(QStringLiteral("index.sqlite")), SongIndex::schema()));
         catalogue_.emplace(demo_, *index_);
     }
 

@@ -40,7 +40,7 @@ class HttpServerTest : public testing::Test {
                         {{songId, u"Made"_s, 60, u"mp3"_s, u"audio/mpeg"_s},
                          {unmadeId, u"Unmade"_s, 60, u"wav"_s, u"audio/wav"_s}});
         demo_.render(songId, song_);
-        service_.emplace(demo_, *Database::open(folder_.filePath(u"index.sqlite"_s)));
+        service_.emplace(demo_, *Database::open(folder_.filePath(u"index.sqlite"_s), SongIndex::schema()));
         auto socket = ListeningSocket::open(u"127.0.0.1"_s, 0);
         port_ = socket->port();
         HttpServer::Limits limits;

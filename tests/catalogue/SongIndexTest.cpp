@@ -69,7 +69,7 @@ class SongIndexTest : public testing::Test {
 
     QTemporaryDir folder_;
     TagFileReader reader_;
-    SongIndex index_{*Database::open(folder_.filePath(u"index.sqlite"_s))};
+    SongIndex index_{*Database::open(folder_.filePath(u"index.sqlite"_s), SongIndex::schema())};
 };
 
 TEST_F(SongIndexTest, ReadsTagsAndFillsInFromTheFolders)
@@ -253,19 +253,19 @@ TEST(DatabaseFile, RefusesWhatItDoesNotKnow)
     const QTemporaryDir folder;
     const QString newer = folder.filePath(u"newer.sqlite"_s);
     {
-        const auto database = Database::open(newer);
+        const auto database = Database::open(newer, SongIndex::schema());
         ASSERT_TRUE(database);
         QSqlQuery query(database->connection());
         ASSERT_TRUE(query.exec(u"PRAGMA user_version = 99"_s));
     }
-    EXPECT_FALSE(Database::open(newer));
+    EXPECT_FALSE(Database::open(newer, SongIndex::schema()));
 
     QFile garbage(folder.filePath(u"garbage.sqlite"_s));
     ASSERT_TRUE(garbage.open(QIODevice::WriteOnly));
     garbage.write(QByteArray(5000, 'x'));
     garbage.close();
-    EXPECT_FALSE(Database::open(garbage.fileName()));
-    EXPECT_FALSE(Database::open(folder.filePath(u"no/such/folder.sqlite"_s)));
+    EXPECT_FALSE(Database::open(garbage.fileName(), SongIndex::schema()));
+    EXPECT_FALSE(Database::open(folder.filePath(u"no/such/folder.sqlite"_s), SongIndex::schema()));
 }
 
 } // namespace

@@ -71,7 +71,7 @@ class TrackInfoServiceTest : public testing::Test {
     QTemporaryDir folder_;
     FakeDemoSongs demo_{folder_.path()};
     TagFileReader reader_;
-    SongIndex index_{*Database::open(folder_.filePath(u"index.sqlite"_s))};
+    SongIndex index_{*Database::open(folder_.filePath(u"index.sqlite"_s), SongIndex::schema())};
     std::optional<MusicCatalogue> catalogue_;
 };
 
