@@ -17,6 +17,7 @@ constexpr std::int64_t secondsFrom1970To2001 = 978307200;
 constexpr std::uint64_t freeBudget = 64ULL << 20U;
 constexpr std::uint64_t budgetPerByte = 16;
 constexpr std::uint64_t costOfValue = 16;
+constexpr std::uint64_t costOfIdentifier = 96; // becomes a record
 
 enum Marker : unsigned {
     Simple = 0x0,
@@ -170,6 +171,8 @@ bool BinaryPropertyListReader::readInline(std::size_t offset, PropertyValue& val
         const std::size_t width = (marker & 0xFU) + 1;
         if (width > 8 || offsets_ - offset - 1 < width)
             return fail("wrong identifier");
+        if (!spend(costOfIdentifier))
+            return false;
         value = Record::make({{RecordKey::named("CF$UID"), qint64(number(offset + 1, width))}});
         return true;
     }
