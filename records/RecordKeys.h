@@ -67,15 +67,6 @@ class RecordKey {
     ZIB_RECORD_KEY(RecentSearches, "Recent Searches")                                                        \
     ZIB_RECORD_KEY(Data, "Data")                                                                             \
     ZIB_RECORD_KEY(Username, "Username")                                                                     \
-    ZIB_RECORD_KEY(Title, "Title")                                                                           \
-    ZIB_RECORD_KEY(Url, "URL")                                                                               \
-    ZIB_RECORD_KEY(Date, "Date")                                                                             \
-    ZIB_RECORD_KEY(Summary, "Summary")                                                                       \
-    ZIB_RECORD_KEY(Release, "Release")                                                                       \
-    ZIB_RECORD_KEY(Site, "Site")                                                                             \
-    ZIB_RECORD_KEY(Image, "Image")                                                                           \
-    ZIB_RECORD_KEY(Country, "Country")                                                                       \
-    ZIB_RECORD_KEY(Label, "Label")                                                                           \
     ZIB_RECORD_KEY(Mbid, "MBID")
 
 namespace keys {
