@@ -14,7 +14,7 @@ class PictureDownloader;
 
 /// The header, the ticker and the picture of the now-playing panel, and what the music-information service
 /// says of the song for them. Main thread.
-class NowPlayingDisplay : public QObject, public RVSongInfoDownloaderDelegate {
+class NowPlayingDisplay : public QObject, public InfoServiceDelegate<RVSongInfoDownloader> {
     Q_OBJECT
 
   public:

@@ -6,9 +6,7 @@
 #include "services/ApiKeys.h"
 #include "services/BoostedArtists.h"
 #include "services/Log.h"
-#include "services/ServiceHosts.h"
 #include "services/SongSearchReply.h"
-#include "services/XmlReply.h"
 #include "services/utilities/StringUtilities.h"
 
 #include <QCoreApplication>
@@ -124,8 +122,7 @@ QString RVPlaylistDownloader::boostedArtistsParameterStringForKey(RecordKey key,
 
 void RVPlaylistDownloader::sendRequestWithURLString(const QString& pathAndQuery)
 {
-    sendRequest({.url = serviceAddress(services().userDefaults, settings::SongSearchHost, pathAndQuery),
-                 .maximumBytes = maximumXmlBytes});
+    sendRequest(xmlRequest(settings::SongSearchHost, pathAndQuery));
 }
 
 void RVPlaylistDownloader::requestFinished()

@@ -3,12 +3,8 @@
 
 #include "platform/SettingsKeys.h"
 #include "services/ApiKeys.h"
-#include "services/Log.h"
 #include "services/ServiceHosts.h"
-#include "services/XmlReply.h"
 #include "services/utilities/StringUtilities.h"
-
-#include <QCoreApplication>
 
 namespace zib {
 
@@ -22,9 +18,8 @@ std::optional<QString> textIn(const Record& track, RecordKey key)
 } // namespace
 
 RVSongInfoDownloader::RVSongInfoDownloader(const WebServices& services, const Record& dict,
-                                           RVSongInfoDownloaderDelegate* delegate)
-    : WebServiceClient(services)
-    , delegate_(delegate)
+                                           InfoServiceDelegate<RVSongInfoDownloader>* delegate)
+    : InfoServiceClient(services, delegate)
 {
     info_.artist = textIn(dict, keys::Artist);
     info_.album = textIn(dict, keys::Album);
@@ -33,26 +28,13 @@ RVSongInfoDownloader::RVSongInfoDownloader(const WebServices& services, const Re
                             QLatin1String("&artist=") + urlEncodedString(artist()) +
                             QLatin1String("&track=") + urlEncodedString(name()) +
                             QLatin1String("&autocorrect=1");
-    sendRequest({.url = serviceAddress(services.userDefaults, settings::MusicInfoHost, request),
-                 .maximumBytes = maximumXmlBytes});
+    sendRequest(xmlRequest(settings::MusicInfoHost, request));
 }
 
 void RVSongInfoDownloader::requestFinished()
 {
     readSongInfoReply(receivedData(), musicInfoWebSite(services().userDefaults), info_);
-    if (delegate_ != nullptr)
-        delegate_->webServiceCompletedForRequest(*this);
-}
-
-void RVSongInfoDownloader::requestFailed(const ServiceError& error)
-{
-    ServiceError reported = error;
-    if (error.kind == ServiceError::Kind::NoConnection)
-        reported.text = QCoreApplication::translate("RVSongInfoDownloader", "Connection failed");
-    else
-        qCWarning(servicesLog, "Connection failed! %s", qUtf8Printable(error.text));
-    if (delegate_ != nullptr)
-        delegate_->webServiceFailedForRequest(*this, reported);
+    reportCompletion();
 }
 
 } // namespace zib

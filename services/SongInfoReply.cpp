@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "services/SongInfoReply.h"
 
+#include "services/WikiText.h"
 #include "services/XmlReply.h"
-#include "services/utilities/StringUtilities.h"
 
 #include <QCoreApplication>
 
@@ -36,17 +36,6 @@ void readArtwork(pugi::xml_node album, SongInfo& info)
         info.artworkLarge = noCoverBig;
 }
 
-QString wikiText(QString text, const QString& webSite)
-{
-    if (!webSite.isEmpty()) {
-        for (const QLatin1String scheme : {QLatin1String("http://"), QLatin1String("https://")}) {
-            text.replace(scheme + webSite + QLatin1String("/music/"), QLatin1String("zib://search/artist/"));
-            text.replace(scheme + webSite + QLatin1String("/tag/"), QLatin1String("zib://search/tag/"));
-        }
-    }
-    return stringByReplacingNewlineCharactersWithHTMLTags(flattenHTMLIgnoringZibLinks(text));
-}
-
 QString translated(const char* text)
 {
     return QCoreApplication::translate("RVSongInfoDownloader", text);
@@ -62,7 +51,7 @@ void readSongInfoReply(const QByteArray& reply, const QString& webSite, SongInfo
     const pugi::xml_node album = track.child("album");
     readArtwork(album, info);
     if (const auto content = childText(track.child("wiki"), "content"))
-        info.wiki = content->isEmpty() ? QString() : wikiText(*content, webSite);
+        info.wiki = content->isEmpty() ? QString() : wikiText(*content, webSite, WikiLinks::ToArtistsAndTags);
     const auto take = [](std::optional<QString>& field, const std::optional<QString>& text) {
         if (text)
             field = text;

@@ -1,9 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "services/WebServiceClient.h"
 
+#include "services/ServiceHosts.h"
+#include "services/XmlReply.h"
+
 namespace zib {
 
 WebServiceClient::~WebServiceClient() = default;
+
+UrlRequest WebServiceClient::xmlRequest(const QString& hostKey, const QString& pathAndQuery) const
+{
+    return {.url = serviceAddress(services_.userDefaults, hostKey, pathAndQuery),
+            .maximumBytes = maximumXmlBytes};
+}
 
 void WebServiceClient::sendRequest(const UrlRequest& request)
 {

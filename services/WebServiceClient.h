@@ -51,6 +51,10 @@ class WebServiceClient : private UrlConnectionDelegate {
     }
 
     [[nodiscard]] const WebServices& services() const { return services_; }
+    /// A request to an outside service for an XML reply.
+    /// @param hostKey the setting that names the service's host; with no host there, no request can be made.
+    /// @param pathAndQuery from the slash on, already percent-escaped.
+    [[nodiscard]] UrlRequest xmlRequest(const QString& hostKey, const QString& pathAndQuery) const;
     /// Starts the request in place of any other of this client. When it can't be started, requestFailed comes
     /// from within this call; everything else comes from the event loop.
     void sendRequest(const UrlRequest& request);

@@ -53,6 +53,23 @@ std::optional<QString> childText(pugi::xml_node element, const char* name)
     return textOf(child);
 }
 
+std::optional<QString> textAt(pugi::xml_node node, const char* path)
+{
+    const pugi::xml_node element = node.select_node(path).node();
+    return element ? std::optional(textOf(element)) : std::nullopt;
+}
+
+std::vector<pugi::xml_node> elementsAt(pugi::xml_node node, const char* path)
+{
+    std::vector<pugi::xml_node> elements;
+    for (const pugi::xpath_node& found : node.select_nodes(path)) {
+        if (elements.size() == maximumEntries)
+            break;
+        elements.push_back(found.node());
+    }
+    return elements;
+}
+
 QString statusMessage(const pugi::xml_document& reply)
 {
     return childText(reply.child("response").child("status"), "message")

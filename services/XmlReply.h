@@ -6,7 +6,9 @@
 
 #include <pugixml.hpp>
 
+#include <cstddef>
 #include <optional>
+#include <vector>
 
 namespace zib {
 
@@ -23,6 +25,14 @@ void loadXmlReply(pugi::xml_document& document, const QByteArray& bytes);
 QString textOf(pugi::xml_node element);
 /// The text of the first child of that name, or nothing where there is no such child.
 std::optional<QString> childText(pugi::xml_node element, const char* name);
+
+/// The text of the first element at the XPath below the node, or nothing where there is none.
+std::optional<QString> textAt(pugi::xml_node node, const char* path);
+/// The elements at the XPath below the node, in their order. There are no more than maximumEntries: a reply
+/// of nothing but tiny elements would otherwise become many times its size.
+std::vector<pugi::xml_node> elementsAt(pugi::xml_node node, const char* path);
+/// Far more entries of one kind than any service sends.
+inline constexpr std::size_t maximumEntries = 10'000;
 
 /// What the service says of a song-search or profile request ("Success" when it was answered), or that it
 /// said nothing.

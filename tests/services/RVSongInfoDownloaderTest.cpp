@@ -15,7 +15,7 @@
 namespace zib {
 namespace {
 
-struct Told : RVSongInfoDownloaderDelegate {
+struct Told : InfoServiceDelegate<RVSongInfoDownloader> {
     void webServiceCompletedForRequest(RVSongInfoDownloader& request) override
     {
         ++completed;
