@@ -38,6 +38,13 @@ inline const QString CataloguePort = QStringLiteral("CataloguePort");
 // Where the music-information service has its pages for people, as a host like those above.
 inline const QString MusicInfoSite = QStringLiteral("MusicInfoSite");
 
+// The same for the pages of shared playlists.
+inline const QString PlaylistSite = QStringLiteral("PlaylistSite");
+
+// Web sites on which a shared playlist is passed on, as addresses without a path.
+inline const QString FacebookSite = QStringLiteral("FacebookSite");
+inline const QString TwitterSite = QStringLiteral("TwitterSite");
+
 // Web pages, complete addresses.
 inline const QString SupportPage = QStringLiteral("SupportPage");
 inline const QString SharedPlaylistsPage = QStringLiteral("SharedPlaylistsPage");

@@ -61,6 +61,10 @@ class RecordKey {
     ZIB_RECORD_KEY(Kind, "Kind")                                                                             \
     ZIB_RECORD_KEY(Tracks, "Tracks")                                                                         \
     ZIB_RECORD_KEY(ShareId, "Share ID")                                                                      \
+    ZIB_RECORD_KEY(SharedName, "Shared Name")                                                                \
+    ZIB_RECORD_KEY(SharedNameAsked, "Shared name")                                                           \
+    ZIB_RECORD_KEY(Description, "Description")                                                               \
+    ZIB_RECORD_KEY(Tags, "Tags")                                                                             \
     ZIB_RECORD_KEY(ApplicationVersion, "Application Version")                                                \
     ZIB_RECORD_KEY(Library, "Library")                                                                       \
     ZIB_RECORD_KEY(Playlists, "Playlists")                                                                   \

@@ -16,6 +16,12 @@ QString withoutTrailingSlashes(QString host)
     return host;
 }
 
+QString siteOrHost(const UserDefaults& userDefaults, const QString& siteKey, const QString& hostKey)
+{
+    const QString site = withoutTrailingSlashes(userDefaults.string(siteKey));
+    return site.isEmpty() ? withoutTrailingSlashes(userDefaults.string(hostKey)) : site;
+}
+
 } // namespace
 
 const QStringList& serviceHostKeys()
@@ -33,6 +39,8 @@ QVariantMap defaultAddresses()
         {settings::HomePage, QStringLiteral("https://zib.example/")},
         {settings::SupportPage, QStringLiteral("https://zib.example/support")},
         {settings::SharedPlaylistsPage, QStringLiteral("https://zib.example/playlists")},
+        {settings::FacebookSite, QStringLiteral("https://www.facebook.com")},
+        {settings::TwitterSite, QStringLiteral("https://twitter.com")},
     };
 }
 
@@ -60,8 +68,12 @@ QByteArray serviceAddress(const UserDefaults& userDefaults, const QString& hostK
 
 QString musicInfoWebSite(const UserDefaults& userDefaults)
 {
-    const QString site = withoutTrailingSlashes(userDefaults.string(settings::MusicInfoSite));
-    return site.isEmpty() ? withoutTrailingSlashes(userDefaults.string(settings::MusicInfoHost)) : site;
+    return siteOrHost(userDefaults, settings::MusicInfoSite, settings::MusicInfoHost);
+}
+
+QString playlistWebSite(const UserDefaults& userDefaults)
+{
+    return siteOrHost(userDefaults, settings::PlaylistSite, settings::PlaylistHost);
 }
 
 QString hostName(const QString& serviceHost)

@@ -32,6 +32,8 @@ QByteArray serviceAddress(const UserDefaults& userDefaults, const QString& hostK
 /// HOST[:PORT][/PATH] of the music-information service's pages for people: the setting, else the service's
 /// own host. Empty when neither is configured.
 QString musicInfoWebSite(const UserDefaults& userDefaults);
+/// The same of the pages of shared playlists.
+QString playlistWebSite(const UserDefaults& userDefaults);
 
 /// The bare name or address in a HOST[:PORT][/PATH]; empty when there is none.
 QString hostName(const QString& serviceHost);

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "services/ShareUserName.h"
+
+#include <QRandomGenerator>
+#include <QRegularExpression>
+
+#include <array>
+
+namespace zib {
+
+QString makeShareUserName(const QString& shownName)
+{
+    constexpr int mostCharacters = 40;
+    QString name;
+    for (const QChar c : shownName.simplified().normalized(QString::NormalizationForm_C)) {
+        if (c.isLetterOrNumber())
+            name += c;
+        else if (c.isSpace())
+            name += QLatin1Char('_');
+    }
+    name.truncate(mostCharacters);
+    if (name.isEmpty())
+        name = QStringLiteral("listener");
+    std::array<quint32, 4> secret{};
+    QRandomGenerator::system()->fillRange(secret.data(), qsizetype(secret.size()));
+    const QByteArrayView bytes(reinterpret_cast<const char*>(secret.data()), sizeof secret);
+    return name + QLatin1Char('-') + QString::fromLatin1(bytes.toByteArray().toHex());
+}
+
+QString withoutSecret(const QString& shareUserName)
+{
+    static const QRegularExpression secret(QStringLiteral("-[0-9a-f]{32}$"));
+    return QString(shareUserName).remove(secret);
+}
+
+} // namespace zib
