@@ -98,6 +98,10 @@ DemoPlan build()
             }
             artist.albums.append(album);
         }
+        artist.pictureId = digest({QStringLiteral("demo picture"), artist.name});
+        const Sitters sitters{artist.tags, 1, seedOf(artist.pictureId)};
+        artist.pictures = picturesOf(sitters);
+        plan.sitters.insert(artist.pictureId, sitters);
         plan.artists.append(artist);
     }
     return plan;

@@ -3,6 +3,7 @@
 
 #include "catalogue/DemoCatalogue.h"
 #include "catalogue/demo/Composer.h"
+#include "catalogue/demo/PicturePainter.h"
 
 #include <QHash>
 
@@ -27,6 +28,7 @@ struct TrackPlan {
 struct DemoPlan {
     QList<DemoArtist> artists;
     QHash<QString, TrackPlan> tracks; ///< by track id
+    QHash<QString, Sitters> sitters;  ///< by picture id
 };
 
 /// The artists, albums and songs of the demo catalogue; the same object always.

@@ -60,6 +60,13 @@ std::chrono::nanoseconds processorTimeOfThread()
     return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
+bool written(const QString& path, const QByteArray& picture)
+{
+    QFile file(path);
+    return !picture.isEmpty() && file.open(QIODevice::WriteOnly) && file.write(picture) == picture.size() &&
+           file.flush();
+}
+
 constexpr int songsAhead = 3; // of a song that was asked for: some four minutes
 
 enum class Urgency { Background, Awaited };
@@ -82,18 +89,18 @@ struct DemoCatalogue::Renderer {
 
     std::optional<QString> song(const QString& trackId, Urgency urgency);
     std::optional<QString> cover(const QString& trackId, Urgency urgency);
+    std::optional<QString> picture(const QString& pictureId, int number, PictureSize size, Urgency urgency);
     void expectNext(const QString& trackId);
     void renderAll(Progress progress, Pace pace);
     void stop();
 
   private:
-    using Make = bool (Renderer::*)(const TrackPlan& plan, const QString& path, const Job& job);
+    using Make = std::function<bool(const QString& path, const Job& job)>;
 
     void removeAbandoned() const;
-    std::optional<QString> finished(const QString& name, const TrackPlan& plan, Make make, Urgency urgency);
-    bool makeWhole(const QString& path, const TrackPlan& plan, Make make, const Job& job);
+    std::optional<QString> finished(const QString& name, const Make& make, Urgency urgency);
+    bool makeWhole(const QString& path, const Make& make, const Job& job);
     bool makeSong(const TrackPlan& plan, const QString& path, const Job& job);
-    bool makeCover(const TrackPlan& plan, const QString& path, const Job& job);
     void runInBackground(const Progress& progress, Pace pace);
     std::optional<QString> nextInBackground(std::chrono::steady_clock::time_point restsUntil);
 
@@ -139,23 +146,15 @@ bool DemoCatalogue::Renderer::makeSong(const TrackPlan& plan, const QString& pat
     return demo::encode(plan, samples, picture, demo::coverSize, path, job.cancelled);
 }
 
-bool DemoCatalogue::Renderer::makeCover(const TrackPlan& plan, const QString& path, const Job& /*job*/)
-{
-    const QByteArray picture = demo::paintCover(plan.tags, plan.coverId.left(16).toULongLong(nullptr, 16));
-    QFile file(path);
-    return !picture.isEmpty() && file.open(QIODevice::WriteOnly) && file.write(picture) == picture.size() &&
-           file.flush();
-}
-
 /// Makes the file under another name first: under its own name it is finished or it is not there.
-bool DemoCatalogue::Renderer::makeWhole(const QString& path, const TrackPlan& plan, Make make, const Job& job)
+bool DemoCatalogue::Renderer::makeWhole(const QString& path, const Make& make, const Job& job)
 {
     const QFileInfo whole(path);
     const QString temporary = whole.dir().filePath(QStringLiteral("part-%1-%2-%3")
                                                        .arg(QCoreApplication::applicationPid())
                                                        .arg(temporaryNames_.fetch_add(1))
                                                        .arg(whole.fileName()));
-    if ((this->*make)(plan, temporary, job) && !job.cancelled &&
+    if (make(temporary, job) && !job.cancelled &&
         std::rename(QFile::encodeName(temporary).constData(), QFile::encodeName(path).constData()) == 0)
         return true;
     QFile::remove(temporary);
@@ -164,8 +163,8 @@ bool DemoCatalogue::Renderer::makeWhole(const QString& path, const TrackPlan& pl
     return false;
 }
 
-std::optional<QString> DemoCatalogue::Renderer::finished(const QString& name, const TrackPlan& plan,
-                                                         Make make, Urgency urgency)
+std::optional<QString> DemoCatalogue::Renderer::finished(const QString& name, const Make& make,
+                                                         Urgency urgency)
 {
     const QString path = QDir(folder_).filePath(name);
     std::unique_lock lock(mutex_);
@@ -184,7 +183,7 @@ std::optional<QString> DemoCatalogue::Renderer::finished(const QString& name, co
         const auto job = std::make_shared<Job>(urgency);
         jobs_[name] = job;
         lock.unlock();
-        const bool made = makeWhole(path, plan, make, *job);
+        const bool made = makeWhole(path, make, *job);
         lock.lock();
         if (const auto current = jobs_.find(name); current != jobs_.end() && current->second == job)
             jobs_.erase(current);
@@ -202,7 +201,10 @@ std::optional<QString> DemoCatalogue::Renderer::song(const QString& trackId, Urg
     const auto plan = tracks.constFind(trackId);
     if (plan == tracks.constEnd())
         return std::nullopt;
-    return finished(trackId + QLatin1Char('.') + plan->track.extension, *plan, &Renderer::makeSong, urgency);
+    return finished(
+        trackId + QLatin1Char('.') + plan->track.extension,
+        [this, &plan = *plan](const QString& path, const Job& job) { return makeSong(plan, path, job); },
+        urgency);
 }
 
 std::optional<QString> DemoCatalogue::Renderer::cover(const QString& trackId, Urgency urgency)
@@ -211,7 +213,28 @@ std::optional<QString> DemoCatalogue::Renderer::cover(const QString& trackId, Ur
     const auto plan = tracks.constFind(trackId);
     if (plan == tracks.constEnd())
         return std::nullopt;
-    return finished(plan->coverId + QLatin1String(".jpg"), *plan, &Renderer::makeCover, urgency);
+    return finished(
+        plan->coverId + QLatin1String(".jpg"),
+        [&plan = *plan](const QString& path, const Job&) {
+            return written(path, demo::paintCover(plan.tags, plan.coverId.left(16).toULongLong(nullptr, 16)));
+        },
+        urgency);
+}
+
+std::optional<QString> DemoCatalogue::Renderer::picture(const QString& pictureId, int number,
+                                                        PictureSize size, Urgency urgency)
+{
+    const auto& all = demo::demoPlan().sitters;
+    const auto sitters = all.constFind(pictureId);
+    if (sitters == all.constEnd() || number < 1 || number > demo::picturesOf(*sitters))
+        return std::nullopt;
+    const QLatin1String form(size == PictureSize::Tile ? "-tile.jpg" : ".jpg");
+    return finished(
+        pictureId + QLatin1Char('-') + QString::number(number) + form,
+        [&sitters = *sitters, number, size](const QString& path, const Job&) {
+            return written(path, demo::paintPicture(sitters, number, size));
+        },
+        urgency);
 }
 
 /// The next song, when no listener waits and the rest is over or somebody may soon listen; nothing when all
@@ -325,6 +348,11 @@ std::optional<QString> DemoCatalogue::file(const QString& trackId)
 std::optional<QString> DemoCatalogue::cover(const QString& trackId)
 {
     return renderer_->cover(trackId, Urgency::Awaited);
+}
+
+std::optional<QString> DemoCatalogue::picture(const QString& pictureId, int number, PictureSize size)
+{
+    return renderer_->picture(pictureId, number, size, Urgency::Awaited);
 }
 
 void DemoCatalogue::renderAll(Progress progress, Pace pace)

@@ -26,6 +26,8 @@ class FakeDemoSongs final : public DemoSongs {
         artists_.append({name, tags, hotness, hotness / 2, {{QStringLiteral("First Album"), 2009, tracks}}});
     }
 
+    void addArtist(const DemoArtist& artist) { artists_.append(artist); }
+
     void render(const QString& trackId, const QByteArray& bytes)
     {
         const QString path = folder_ + u'/' + trackId;
@@ -62,6 +64,11 @@ class FakeDemoSongs final : public DemoSongs {
     }
 
     std::optional<QString> cover(const QString& trackId) override { return file(trackId); }
+
+    std::optional<QString> picture(const QString& pictureId, int number, PictureSize /*size*/) override
+    {
+        return file(pictureId + QString::number(number));
+    }
 
   private:
     const QString folder_;
