@@ -2,8 +2,7 @@
 #include "catalogue/ArtistService.h"
 
 #include "catalogue/ArtistRanking.h"
-
-#include <QCryptographicHash>
+#include "catalogue/ArtistReply.h"
 
 #include <algorithm>
 
@@ -31,18 +30,10 @@ QStringList filled(QStringList values)
     return values.mid(0, mostNames);
 }
 
-HttpReply refusal(ServiceStatus status, const char* message)
-{
-    return XmlReply(status, QLatin1String(message)).http();
-}
-
 tl::expected<Question, HttpReply> asked(const HttpRequest& request)
 {
-    if (request.parameter(u"api_key").value_or(QString()).trimmed().isEmpty())
-        return tl::unexpected(refusal(ServiceStatus::MissingKey, "Missing/ Invalid API Key"));
-    if (request.parameter(u"format").value_or(QStringLiteral("xml")) != u"xml")
-        return tl::unexpected(
-            refusal(ServiceStatus::InvalidParameter, "Invalid parameter: \"format\" must be xml"));
+    if (auto refusal = artistRefusal(request))
+        return tl::unexpected(std::move(*refusal));
     Question question;
     question.names = filled(request.parameters(u"name"));
     question.descriptions = filled(request.parameters(u"description"));
@@ -53,8 +44,8 @@ tl::expected<Question, HttpReply> asked(const HttpRequest& request)
         bool isNumber = false;
         question.results = std::clamp(results->toInt(&isNumber), 1, mostResults);
         if (!isNumber)
-            return tl::unexpected(
-                refusal(ServiceStatus::InvalidParameter, "Invalid parameter: \"results\" must be a number"));
+            return tl::unexpected(artistRefusal(ServiceStatus::InvalidParameter,
+                                                "Invalid parameter: \"results\" must be a number"));
     }
     return question;
 }
@@ -62,17 +53,6 @@ tl::expected<Question, HttpReply> asked(const HttpRequest& request)
 bool asksForNames(const HttpRequest& request)
 {
     return request.parameter(u"name").has_value();
-}
-
-QString artistId(const Artist& artist)
-{
-    const auto digest = QCryptographicHash::hash(artist.key.toUtf8(), QCryptographicHash::Sha256).toHex();
-    return QStringLiteral("AR") + QString::fromLatin1(digest.left(16)).toUpper();
-}
-
-QString fraction(double value)
-{
-    return QString::number(value, 'f', 6);
 }
 
 } // namespace
@@ -92,9 +72,10 @@ std::optional<HttpReply> ArtistService::answer(const QString& method, const Http
     if (!question)
         return question.error();
     if (similar && !asksForNames(request))
-        return refusal(ServiceStatus::MissingParameter, "Missing parameter: \"name\"");
+        return artistRefusal(ServiceStatus::MissingParameter, "Missing parameter: \"name\"");
     if (search && !asksForNames(request) && !request.parameter(u"description"))
-        return refusal(ServiceStatus::MissingParameter, "Missing parameter: \"name\" or \"description\"");
+        return artistRefusal(ServiceStatus::MissingParameter,
+                             "Missing parameter: \"name\" or \"description\"");
 
     const auto all = catalogue_.artists();
     QList<Artist> found;
@@ -119,13 +100,7 @@ HttpReply ArtistService::listed(const QList<Artist>& artists, const HttpRequest&
     XmlReply reply;
     auto list = reply.response().append_child("artists");
     for (const auto& artist : artists) {
-        auto element = list.append_child("artist");
-        addText(element, "name", artist.name);
-        addText(element, "id", artistId(artist));
-        if (buckets.contains(u"hotttnesss"))
-            addText(element, "hotttnesss", fraction(artist.hotness));
-        if (buckets.contains(u"familiarity"))
-            addText(element, "familiarity", fraction(artist.familiarity));
+        auto element = addArtist(list, artist, buckets);
         if (buckets.contains(u"audio"))
             addSongs(element.append_child("audio"), artist, mostSongs / int(artists.size()), request);
     }
@@ -136,7 +111,7 @@ HttpReply ArtistService::listed(const QList<Artist>& artists, const HttpRequest&
 void ArtistService::addSongs(pugi::xml_node list, const Artist& artist, int most,
                              const HttpRequest& request) const
 {
-    const QString base = QStringLiteral("http://") + QString::fromLatin1(request.host);
+    const QString base = request.base();
     for (const auto& song : catalogue_.songs(artist.key, most)) {
         auto element = list.append_child("audio");
         addText(element, "url", QStringLiteral("%1/audio/%2.%3").arg(base, song.id, song.extension));

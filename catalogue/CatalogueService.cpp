@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/CatalogueService.h"
 
+#include "catalogue/ArtistRanking.h"
 #include "catalogue/Pages.h"
 
 #include <microhttpd.h>
@@ -35,9 +36,16 @@ void logUpdate(const SongIndex::Update& update)
 CatalogueService::CatalogueService(DemoSongs& demo, Database database, CoverProcess pictures)
     : index_(std::move(database))
     , catalogue_(demo, index_)
+    , albums_(catalogue_, index_)
+    , pictures_(catalogue_, albums_, index_)
     , artists_(catalogue_)
+    , profiles_(catalogue_, pictures_)
+    , artistInfo_(catalogue_, albums_, pictures_)
+    , albumInfo_(catalogue_, albums_, pictures_)
+    , trackInfo_(catalogue_, albums_, pictures_)
+    , lyrics_(catalogue_)
+    , releases_(catalogue_, albums_)
     , covers_(std::move(pictures))
-    , tracks_(catalogue_, index_, covers_)
     , files_(demo, catalogue_, index_, covers_)
     , answering_(answeringThreads)
 {
@@ -80,29 +88,72 @@ void CatalogueService::answerNow(const HttpRequest& request, const Respond& resp
         return files_.answerAudio(*name, request, respond);
     if (const auto id = after(QLatin1String("/cover/"), request.path))
         return files_.answerCover(*id, request, respond);
+    if (const auto name = after(QLatin1String("/picture/"), request.path))
+        return files_.answerPicture(*name, request, respond);
     respond(answeredPage(request));
 }
 
 HttpReply CatalogueService::answeredPage(const HttpRequest& request) const
 {
-    if (const auto method = after(QLatin1String("/api/v4/artist/"), request.path)) {
-        if (auto reply = artists_.answer(*method, request))
-            return *reply;
-    } else if (request.path == u"/2.0/") {
-        if (auto reply = tracks_.answer(request))
-            return *reply;
-    } else if (const auto id = after(QLatin1String("/song/"), request.path)) {
-        if (const auto song = catalogue_.song(*id))
-            return songPage(*song);
-    } else if (request.path == u"/") {
-        return frontPage(QStringLiteral("http://") + QString::fromLatin1(request.host),
-                         int(catalogue_.artists()->size()), catalogue_.songCount());
-    } else if (request.path == u"/health") {
-        return {.contentType = "text/plain; charset=utf-8",
-                .body = "ok\n",
-                .headers = {{"Cache-Control", "no-store"}}};
-    }
+    if (auto reply = answeredService(request))
+        return *reply;
+    if (auto reply = readablePage(request))
+        return *reply;
     return plainReply(MHD_HTTP_NOT_FOUND);
+}
+
+std::optional<HttpReply> CatalogueService::answeredService(const HttpRequest& request) const
+{
+    if (request.path == u"/api/v4/artist/profile")
+        return profiles_.answer(request);
+    if (const auto method = after(QLatin1String("/api/v4/artist/"), request.path))
+        return artists_.answer(*method, request);
+    if (request.path == u"/2.0/")
+        return answeredInfo(request);
+    if (request.path == u"/apiv1.asmx/SearchLyricDirect")
+        return lyrics_.answer(request);
+    if (const auto id = after(QLatin1String("/ws/1/release/"), request.path))
+        return releases_.answer(*id, request);
+    if (request.path == u"/health")
+        return HttpReply{.contentType = "text/plain; charset=utf-8",
+                         .body = "ok\n",
+                         .headers = {{"Cache-Control", "no-store"}}};
+    return std::nullopt;
+}
+
+std::optional<HttpReply> CatalogueService::answeredInfo(const HttpRequest& request) const
+{
+    const auto method = request.parameter(u"method");
+    if (method == QStringLiteral("artist.getinfo"))
+        return artistInfo_.answer(request);
+    if (method == QStringLiteral("album.getinfo"))
+        return albumInfo_.answer(request);
+    if (method == QStringLiteral("track.getinfo"))
+        return trackInfo_.answer(request);
+    return std::nullopt;
+}
+
+std::optional<HttpReply> CatalogueService::readablePage(const HttpRequest& request) const
+{
+    const QString base = request.base();
+    if (const auto id = after(QLatin1String("/song/"), request.path)) {
+        if (const auto song = catalogue_.song(*id))
+            return songPage(*song, base);
+    } else if (const auto name = after(QLatin1String("/music/"), request.path)) {
+        if (const auto artist = catalogue_.artistNamed(*name, false))
+            return artistPage(*artist, artistInfo_.biography(*artist, base), pictures_.all(artist->key, base),
+                              albums_.albums(artist->key), base);
+    } else if (const auto tag = after(QLatin1String("/tag/"), request.path)) {
+        return tagPage(*tag, artistsTagged(*catalogue_.artists(), {*tag}, false, TagOrder::Hotness), base);
+    } else if (const auto article = after(QLatin1String("/article/"), request.path)) {
+        for (const auto& artist : catalogue_.demoArtists())
+            for (const auto& each : artist.articles)
+                if (each.id == *article)
+                    return articlePage(each, artist.name, base);
+    } else if (request.path == u"/") {
+        return frontPage(base, int(catalogue_.artists()->size()), catalogue_.songCount());
+    }
+    return std::nullopt;
 }
 
 } // namespace zib

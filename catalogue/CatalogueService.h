@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "catalogue/AlbumInfoService.h"
+#include "catalogue/ArtistInfoService.h"
 #include "catalogue/ArtistService.h"
 #include "catalogue/HttpServer.h"
+#include "catalogue/LyricsService.h"
+#include "catalogue/ProfileService.h"
+#include "catalogue/ReleaseService.h"
 #include "catalogue/SongFiles.h"
 #include "catalogue/TrackInfoService.h"
 #include "catalogue/WorkerPool.h"
@@ -32,13 +37,23 @@ class CatalogueService final : public HttpHandler {
 
   private:
     void answerNow(const HttpRequest& request, const Respond& respond);
-    HttpReply answeredPage(const HttpRequest& request) const;
+    [[nodiscard]] HttpReply answeredPage(const HttpRequest& request) const;
+    [[nodiscard]] std::optional<HttpReply> answeredService(const HttpRequest& request) const;
+    [[nodiscard]] std::optional<HttpReply> answeredInfo(const HttpRequest& request) const;
+    [[nodiscard]] std::optional<HttpReply> readablePage(const HttpRequest& request) const;
 
     SongIndex index_;
     MusicCatalogue catalogue_;
+    AlbumCatalogue albums_;
+    ArtistPictures pictures_;
     ArtistService artists_;
+    ProfileService profiles_;
+    ArtistInfoService artistInfo_;
+    AlbumInfoService albumInfo_;
+    TrackInfoService trackInfo_;
+    LyricsService lyrics_;
+    ReleaseService releases_;
     SongCovers covers_;
-    TrackInfoService tracks_;
     SongFiles files_;
     WorkerPool answering_;
     std::jthread indexing_;

@@ -145,6 +145,11 @@ bool listsTag(const QByteArray& list, const QByteArray& tag)
 
 } // namespace
 
+QString HttpRequest::base() const
+{
+    return QStringLiteral("http://") + QString::fromLatin1(host);
+}
+
 std::optional<QString> HttpRequest::parameter(QStringView name) const
 {
     for (const auto& [key, value] : query) {

@@ -30,6 +30,8 @@ struct HttpRequest {
     QByteArray body = {};   ///< of a POST, complete when it is to be answered
     QByteArray peer = {};   ///< the numeric address of who asks
 
+    /// "http://HOST": what addresses of this server begin with, as the client sees it.
+    [[nodiscard]] QString base() const;
     /// The first value of that parameter, or nothing.
     [[nodiscard]] std::optional<QString> parameter(QStringView name) const;
     /// All values of that parameter, in order.

@@ -8,8 +8,6 @@
 
 namespace zib {
 
-namespace {
-
 CatalogueSong announced(const IndexedSong& song)
 {
     const QString extension = songExtension(song.path);
@@ -20,24 +18,28 @@ CatalogueSong announced(const IndexedSong& song)
             song.tags.album,
             song.tags.title,
             song.tags.seconds,
-            QDateTime::fromMSecsSinceEpoch(song.modified / 1000000, Qt::UTC)};
+            QDateTime::fromMSecsSinceEpoch(song.modified / 1000000, Qt::UTC),
+            false,
+            {},
+            song.tags.milliseconds};
 }
 
-} // namespace
-
 MusicCatalogue::MusicCatalogue(const DemoSongs& demo, const SongIndex& index)
-    : index_(index)
+    : demo_(demo)
+    , index_(index)
 {
     for (const auto& artist : demo.artists()) {
         const QString key = folded(artist.name);
+        demoPlaces_.insert(key, demoPlaces_.size());
         demoArtists_.append({key, artist.name, artist.tags, artist.hotness, artist.familiarity});
         for (const auto& album : artist.albums) {
             const QDateTime date(QDate(album.year, 1, 1), QTime(0, 0), Qt::UTC);
             for (const auto& track : album.tracks) {
                 demoSongIds_[key].append(track.id);
-                demoSongs_.insert(track.id,
-                                  {track.id, track.extension, track.mediaType.toLatin1(), artist.name,
-                                   album.title, track.title, track.seconds, date, true, track.about});
+                demoSongs_.insert(track.id, {track.id, track.extension, track.mediaType.toLatin1(),
+                                             artist.name, album.title, track.title, track.seconds, date, true,
+                                             track.about, track.seconds * 1000});
+                demoLyrics_.insert(track.id, track.lyrics);
             }
         }
     }
@@ -112,6 +114,18 @@ std::optional<CatalogueSong> MusicCatalogue::songNamed(const QString& artistKey,
         if (folded(song.title) == key)
             return song;
     return std::nullopt;
+}
+
+QString MusicCatalogue::lyrics(const QString& songId) const
+{
+    const auto demo = demoLyrics_.constFind(songId);
+    return demo == demoLyrics_.constEnd() ? index_.lyrics(songId) : *demo;
+}
+
+const DemoArtist* MusicCatalogue::demoArtist(const QString& artistKey) const
+{
+    const auto place = demoPlaces_.constFind(artistKey);
+    return place == demoPlaces_.constEnd() ? nullptr : &demo_.artists().at(*place);
 }
 
 int MusicCatalogue::songCount() const

@@ -20,8 +20,12 @@ struct CatalogueSong {
     int seconds = 0;
     QDateTime date; ///< UTC
     bool isDemo = false;
-    QString about = {}; ///< some sentences, for demo songs
+    QString about = {};   ///< some sentences, for demo songs
+    int milliseconds = 0; ///< the length more exactly
 };
+
+/// The song of a file as clients are told of it.
+CatalogueSong announced(const IndexedSong& song);
 
 /// The demo songs and the user's own as one catalogue. Usable on any thread.
 class MusicCatalogue {
@@ -34,6 +38,12 @@ class MusicCatalogue {
     [[nodiscard]] QList<CatalogueSong> songs(const QString& artistKey, int most) const;
     [[nodiscard]] std::optional<CatalogueSong> song(const QString& id) const;
     [[nodiscard]] int songCount() const;
+    /// What is sung in the song of that id; empty when that is unknown or nothing.
+    [[nodiscard]] QString lyrics(const QString& songId) const;
+    [[nodiscard]] const QList<DemoArtist>& demoArtists() const { return demo_.artists(); }
+    /// What the demo songs tell of an artist; nullptr when they do not have that one. Lives as long as they
+    /// do.
+    [[nodiscard]] const DemoArtist* demoArtist(const QString& artistKey) const;
 
     /// The artist of that name, case and accents apart.
     /// @param nearly whether the artist whose name is most like it will do as well
@@ -43,7 +53,10 @@ class MusicCatalogue {
                                                          const QString& title) const;
 
   private:
+    const DemoSongs& demo_;
     const SongIndex& index_;
+    QHash<QString, qsizetype> demoPlaces_; ///< in the demo songs' artists, by artist key
+    QHash<QString, QString> demoLyrics_;   ///< by song id
     QList<Artist> demoArtists_;
     QHash<QString, CatalogueSong> demoSongs_;
     QHash<QString, QStringList> demoSongIds_; ///< by artist key

@@ -6,6 +6,9 @@
 #include <microhttpd.h>
 
 #include <QFile>
+#include <QRegularExpression>
+
+#include <algorithm>
 
 namespace zib {
 
@@ -47,9 +50,11 @@ void SongFiles::answerAudio(const QString& name, const HttpRequest& request,
     if (!song || name.mid(dot + 1) != song->extension)
         return respond(plainReply(MHD_HTTP_NOT_FOUND));
     if (song->isDemo) {
-        whenRendered(song->id, false, [request, respond, type = song->mediaType](const auto& path) {
-            respond(path ? openedReply(request, QFile::encodeName(*path), type) : notRendered());
-        });
+        whenRendered(
+            u'a' + song->id, [this, id = song->id] { return demo_.file(id); },
+            [request, respond, type = song->mediaType](const auto& path) {
+                respond(path ? openedReply(request, QFile::encodeName(*path), type) : notRendered());
+            });
     } else {
         const auto own = index_.song(song->id); // it may have gone in between
         respond(own ? openedReply(request, own->path, song->mediaType) : plainReply(MHD_HTTP_NOT_FOUND));
@@ -68,17 +73,39 @@ void SongFiles::answerCover(const QString& songId, const HttpRequest& request,
         return respond(picture.isEmpty() ? plainReply(MHD_HTTP_NOT_FOUND)
                                          : HttpReply{.contentType = pictureType(picture), .body = picture});
     }
-    whenRendered(song->id, true, [request, respond](const auto& path) {
-        if (!path)
-            return respond(notRendered());
-        const bool png = path->endsWith(u".png");
-        respond(openedReply(request, QFile::encodeName(*path), png ? "image/png" : "image/jpeg"));
-    });
+    whenRendered(
+        u'c' + song->id, [this, id = song->id] { return demo_.cover(id); },
+        [request, respond](const auto& path) {
+            if (!path)
+                return respond(notRendered());
+            const bool png = path->endsWith(u".png");
+            respond(openedReply(request, QFile::encodeName(*path), png ? "image/png" : "image/jpeg"));
+        });
 }
 
-void SongFiles::whenRendered(const QString& songId, bool cover, Ready ready)
+void SongFiles::answerPicture(const QString& name, const HttpRequest& request,
+                              const HttpHandler::Respond& respond)
 {
-    const QString what = (cover ? u'c' : u'a') + songId;
+    static const QRegularExpression form(QStringLiteral(R"(\A([0-9a-f]{32})-([1-9]\d?)(-tile)?\.jpg\z)"));
+    const auto match = form.match(name);
+    const QString id = match.captured(1);
+    const int number = match.captured(2).toInt();
+    const auto size = match.captured(3).isEmpty() ? PictureSize::Whole : PictureSize::Tile;
+    const bool known =
+        match.hasMatch() && std::ranges::any_of(demo_.artists(), [&id, number](const DemoArtist& artist) {
+            return artist.pictureId == id && number <= artist.pictures;
+        });
+    if (!known)
+        return respond(plainReply(MHD_HTTP_NOT_FOUND));
+    whenRendered(
+        u'p' + name, [this, id, number, size] { return demo_.picture(id, number, size); },
+        [request, respond](const auto& path) {
+            respond(path ? openedReply(request, QFile::encodeName(*path), "image/jpeg") : notRendered());
+        });
+}
+
+void SongFiles::whenRendered(const QString& what, Render render, Ready ready)
+{
     {
         const std::lock_guard lock(mutex_);
         auto& waiting = waiting_[what];
@@ -86,8 +113,8 @@ void SongFiles::whenRendered(const QString& songId, bool cover, Ready ready)
         if (waiting.size() > 1)
             return;
     }
-    renderings_.start([this, songId, cover, what] {
-        const auto path = cover ? demo_.cover(songId) : demo_.file(songId);
+    renderings_.start([this, what, render = std::move(render)] {
+        const auto path = render();
         QList<Ready> waiting;
         {
             const std::lock_guard lock(mutex_);

@@ -23,12 +23,17 @@ class SongFiles {
     /// @param name "ID.EXTENSION". Blocks for the index at most, so not for a server's thread.
     void answerAudio(const QString& name, const HttpRequest& request, const HttpHandler::Respond& respond);
     void answerCover(const QString& songId, const HttpRequest& request, const HttpHandler::Respond& respond);
+    /// @param name "ID-NUMBER.jpg" or "ID-NUMBER-tile.jpg" of an artist's picture
+    void answerPicture(const QString& name, const HttpRequest& request, const HttpHandler::Respond& respond);
 
   private:
     /// Called with the path, or with nothing when the file cannot be made.
     using Ready = std::function<void(const std::optional<QString>&)>;
 
-    void whenRendered(const QString& songId, bool cover, Ready ready);
+    using Render = std::function<std::optional<QString>()>;
+
+    /// @param what tells the file from all others
+    void whenRendered(const QString& what, Render render, Ready ready);
 
     DemoSongs& demo_;
     const MusicCatalogue& catalogue_;

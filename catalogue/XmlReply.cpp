@@ -24,7 +24,7 @@ bool fitsXml(char32_t c)
 
 } // namespace
 
-void addText(pugi::xml_node parent, const char* name, const QString& text)
+QByteArray xmlText(const QString& text)
 {
     QString clean;
     clean.reserve(text.size());
@@ -32,7 +32,12 @@ void addText(pugi::xml_node parent, const char* name, const QString& text)
         if (fitsXml(c))
             clean += QStringView(QChar::fromUcs4(c));
     }
-    parent.append_child(name).text().set(clean.toUtf8().constData());
+    return clean.toUtf8();
+}
+
+void addText(pugi::xml_node parent, const char* name, const QString& text)
+{
+    parent.append_child(name).text().set(xmlText(text).constData());
 }
 
 XmlReply::XmlReply()

@@ -17,7 +17,10 @@ enum class ServiceStatus {
     InvalidParameter = 5,
 };
 
-/// An element with that text; characters that XML cannot carry are left out.
+/// The text in UTF-8 without the characters that XML cannot carry.
+QByteArray xmlText(const QString& text);
+
+/// An element with that text, see xmlText().
 void addText(pugi::xml_node parent, const char* name, const QString& text);
 
 /// The root element of a new document in UTF-8.

@@ -61,10 +61,10 @@ class TrackInfoServiceTest : public testing::Test {
                         "&track=" + QUrl::toPercentEncoding(track) + more)
                 .value();
         SongInfo info;
-        const auto reply =
-            TrackInfoService(*catalogue_, index_, SongCovers(CoverProcess({}))).answer(request);
-        EXPECT_TRUE(reply);
-        readSongInfoReply(reply->body, u"127.0.0.1:99"_s, info);
+        const AlbumCatalogue albums(*catalogue_, index_);
+        const ArtistPictures pictures(*catalogue_, albums, index_);
+        const auto reply = TrackInfoService(*catalogue_, albums, pictures).answer(request);
+        readSongInfoReply(reply.body, u"127.0.0.1:99"_s, info);
         return info;
     }
 
