@@ -20,8 +20,9 @@ endfunction()
 
 # zib_test(NAME SOURCES ... LINKS ... [LABELS ...]): one GoogleTest program, one ctest entry.
 # Label "logic" (the default) marks tests that need no display, sound server or bus and run under the sanitizers.
+# With X11 it has a virtual screen of its own.
 function(zib_test name)
-    cmake_parse_arguments(TEST "" "TIMEOUT" "SOURCES;LINKS;LABELS;ENVIRONMENT" ${ARGN})
+    cmake_parse_arguments(TEST "X11" "TIMEOUT" "SOURCES;LINKS;LABELS;ENVIRONMENT" ${ARGN})
     if(NOT TEST_LABELS)
         set(TEST_LABELS logic)
     endif()
@@ -31,7 +32,12 @@ function(zib_test name)
     add_executable(${name} ${TEST_SOURCES})
     target_link_libraries(${name} PRIVATE ${TEST_LINKS} zib_test_support GTest::gmock GTest::gtest)
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
-    add_test(NAME ${name} COMMAND ${name})
+    if(TEST_X11)
+        add_test(NAME ${name} COMMAND xvfb-run -a -s "-screen 0 1280x800x24" $<TARGET_FILE:${name}>)
+        list(APPEND TEST_ENVIRONMENT QT_QPA_PLATFORM=xcb)
+    else()
+        add_test(NAME ${name} COMMAND ${name})
+    endif()
     set_tests_properties(${name} PROPERTIES LABELS "${TEST_LABELS}" TIMEOUT ${TEST_TIMEOUT}
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TZ=UTC;${TEST_ENVIRONMENT}")
 endfunction()

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/desktop/webview/engine/PageHead.h"
+
+#include "platform/desktop/webview/engine/PageAddresses.h"
+
+namespace zib {
+namespace {
+
+QByteArray contentPolicy(const QByteArray& scriptMark, const VideoSite& videoSite)
+{
+    const QByteArray frames = videoSite.origin().isEmpty() ? QByteArray("'none'") : videoSite.origin();
+    return "default-src 'none'; script-src 'nonce-" + scriptMark +
+           "'; style-src 'unsafe-inline'; img-src http: https: data: zib-page:; frame-src " + frames +
+           "; connect-src 'none'; object-src 'none'; base-uri 'none'; form-action zib:";
+}
+
+} // namespace
+
+QByteArray boundedPage(const BrowserPage& page, const VideoSite& videoSite)
+{
+    QByteArray html = page.html;
+    // The engine knows no colour scheme but light, so the page's question is answered here.
+    html.replace("(prefers-color-scheme: dark)", page.dark ? "(min-width: 0)" : "(max-width: 0)");
+    // The same folder, by the page's own name for it.
+    html.replace(QUrl::fromLocalFile(page.folder + QLatin1Char('/')).toEncoded(), kPageRoot);
+
+    // Behind the document type a meta element opens the head by itself, whatever follows.
+    const qsizetype typeEnd = html.left(9).toLower() == "<!doctype" ? html.indexOf('>') + 1 : 0;
+    html.insert(typeEnd, "<meta http-equiv=\"Content-Security-Policy\" content=\"" +
+                             contentPolicy(page.scriptMark, videoSite) +
+                             "\"><meta name=\"referrer\" content=\"no-referrer\">");
+    return html;
+}
+
+} // namespace zib
