@@ -37,6 +37,8 @@ inline const QString CataloguePort = QStringLiteral("CataloguePort");
 
 // Where the music-information service has its pages for people, as a host like those above.
 inline const QString MusicInfoSite = QStringLiteral("MusicInfoSite");
+// The site whose player shows the videos in the page of a track, as a host like those above.
+inline const QString VideoSite = QStringLiteral("VideoSite");
 
 // The same for the pages of shared playlists.
 inline const QString PlaylistSite = QStringLiteral("PlaylistSite");

@@ -50,7 +50,8 @@ TEST(ServiceHosts, NoServiceIsNamedByDefault)
     const QVariantMap defaults = defaultAddresses();
     for (const QString& key : serviceHostKeys())
         EXPECT_FALSE(defaults.contains(key)) << key.toStdString();
-    for (const QString& key : {settings::HomePage, settings::SupportPage, settings::SharedPlaylistsPage})
+    for (const QString& key :
+         {settings::HomePage, settings::SupportPage, settings::SharedPlaylistsPage, settings::VideoSite})
         EXPECT_TRUE(defaults.contains(key)) << key.toStdString();
 }
 
