@@ -235,11 +235,45 @@ void benchLove()
     report("love-song", median(taken) / median(yardstick), bar, "one look-up and a table repaint");
 }
 
+/// Each round types a word; every letter counts.
+void benchFilterText()
+{
+    World world;
+    world.view.songs.cells.emplace(world.library.browser());
+    std::string plain;
+    for (const Record& song : world.plain)
+        for (const RecordKey key : {keys::Name, keys::Artist, keys::Album, keys::Genre})
+            plain.append(song.utf8(key)).append(1, '\n');
+    std::vector<double> taken;
+    std::vector<double> yardstick;
+    world.library.browser().prepareFilterText();
+    const QString word = QStringLiteral("number 77");
+    for (int round = 0; round < rounds; ++round) {
+        for (qsizetype length = 1; length <= word.size(); ++length) {
+            const QString typed = word.first(length);
+            taken.push_back(milliseconds([&] { world.library.browser().setFilterText(typed.simplified()); }));
+            const std::string searched = typed.toStdString();
+            std::size_t found = 0;
+            yardstick.push_back(milliseconds([&] {
+                for (std::size_t at = plain.find(searched); at != std::string::npos;
+                     at = plain.find(searched, at + 1))
+                    ++found;
+            }));
+            if (found == 0)
+                qFatal("no song holds the text");
+        }
+        world.library.browser().setFilterText({});
+    }
+    std::fprintf(stderr, "filter-text: a letter %.1f ms, at most %.1f; the scan %.1f ms\n", median(taken),
+                 *std::ranges::max_element(taken), median(yardstick));
+    report("filter-text", median(taken) / median(yardstick), bar, "a plain scan of the same text");
+}
+
 constexpr std::pair<const char*, void (*)()> benchmarks[] = {
     {"browse-library", benchLibrary}, {"browse-artist", benchArtist},
     {"browse-album", benchAlbum},     {"filter-favorites", benchFavorites},
     {"sort-name", benchSortName},     {"sort-date", benchSortDate},
-    {"love-song", benchLove}};
+    {"love-song", benchLove},         {"filter-text", benchFilterText}};
 
 } // namespace
 } // namespace zib

@@ -43,7 +43,8 @@ std::optional<int> SongReordering::validateDrop(const QMimeData& pasteboard, int
     const QList<SortDescriptor> order = library_.playlistsTableView().sortDescriptors();
     const bool inPlaylistOrder =
         !order.isEmpty() && order.first() == SortDescriptor{identifierOf(SongColumn::Index), true};
-    if (library_.currentSourceType() != SourceType::Playlists || !inPlaylistOrder ||
+    const bool allShown = library_.browser().filterText().isEmpty();
+    if (library_.currentSourceType() != SourceType::Playlists || !inPlaylistOrder || !allShown ||
         !pasteboard.hasFormat(tableViewDataType) || proposedRow < 0 || proposedRow > library_.items().size())
         return std::nullopt;
     return proposedRow;

@@ -104,6 +104,7 @@ void TrackBrowser::setSource(SourceType source)
         break; // shows pages; the song list stays as it was
     }
     source_ = source;
+    filterText_.clear();
     view_.setBrowsersShown(hasBrowser());
     if (hasBrowser()) {
         uid_ = static_cast<int>(source);
@@ -142,10 +143,9 @@ void TrackBrowser::setPlaylistIndex(int index)
         return;
     uid_ = playlist.integer(keys::Id);
     name_ = playlist.string(keys::Name);
-    if (collection_ == SourceType::Playlists)
-        fillFromPlaylist(playlist);
-    else
-        fillFromSearch(playlist);
+    filterText_.clear();
+    textFilter_.clear();
+    fillItems();
     tableView_.setAutosaveName(QString::number(uid_));
     if (tableView_.sortDescriptors().isEmpty())
         tableView_.setSortDescriptors({{identifierOf(SongColumn::Index), true}});
@@ -267,11 +267,55 @@ void TrackBrowser::fillAlbums()
 
 void TrackBrowser::fillTracks()
 {
-    releaseRows(items_);
-    places_.clear();
-    placing_ = index().placing();
-    items_ = index().tracks({filter_, chosenArtist(), chosenAlbum()}, &places_);
+    textFilter_.clear();
+    fillItems();
     sortItems();
+    keepMatching();
+}
+
+void TrackBrowser::fillItems()
+{
+    if (hasBrowser()) {
+        releaseRows(items_);
+        places_.clear();
+        placing_ = index().placing();
+        items_ = index().tracks({filter_, chosenArtist(), chosenAlbum()}, &places_);
+    } else if (collection_ == SourceType::Playlists) {
+        fillFromPlaylist(currentPlaylist());
+    } else {
+        fillFromSearch(currentPlaylist());
+    }
+}
+
+void TrackBrowser::keepMatching()
+{
+    if (filterText_.isEmpty())
+        return;
+    textFilter_.setSongs(items_);
+    items_ = textFilter_.matching(filterText_);
+}
+
+void TrackBrowser::prepareFilterText()
+{
+    if (filterText_.isEmpty() && textFilter_.songs().isEmpty())
+        textFilter_.setSongs(items_);
+}
+
+void TrackBrowser::setFilterText(const QString& text)
+{
+    if (text == filterText_)
+        return;
+    prepareFilterText();
+    if (textFilter_.songs().isEmpty()) {
+        fillItems();
+        sortItems();
+        textFilter_.setSongs(items_);
+    }
+    filterText_ = text;
+    items_ = textFilter_.matching(text);
+    tableView_.deselectAll();
+    show();
+    tableView_.scrollRowToVisible(0);
 }
 
 void TrackBrowser::sortItems()
@@ -287,6 +331,7 @@ void TrackBrowser::sortItems()
 
 void TrackBrowser::setItems(const QList<Record>& items)
 {
+    textFilter_.clear();
     items_ = items;
     show();
 }
@@ -299,6 +344,7 @@ void TrackBrowser::show()
 
 bool TrackBrowser::replaceItems(const QList<Record>& versions, const Record& replacement, int row)
 {
+    textFilter_.clear();
     const auto replace = [&](Record& item) {
         const auto isItem = [&item](const Record& version) { return item.equalsButIndex(version); };
         if (std::ranges::none_of(versions, isItem))
@@ -328,6 +374,7 @@ bool TrackBrowser::replaceItems(const QList<Record>& versions, const Record& rep
 
 void TrackBrowser::removeItems(const QList<int>& rows)
 {
+    textFilter_.clear();
     QList<Record> left;
     left.reserve(items_.size());
     auto row = rows.begin();

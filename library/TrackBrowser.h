@@ -5,6 +5,7 @@
 #include "library/RVDataManagerDelegate.h"
 #include "library/SongColumns.h"
 #include "library/SongSorting.h"
+#include "library/SongTextFilter.h"
 #include "library/SourceTypes.h"
 #include "records/Record.h"
 
@@ -54,6 +55,14 @@ class TrackBrowser : public QObject {
     void setUid(qint64 uid) { uid_ = uid; }
     [[nodiscard]] QString name() const { return name_; }
     void setName(const QString& name) { name_ = name; }
+
+    /// Shows of the source's songs only those that hold these words, until another source is shown.
+    /// @{
+    void setFilterText(const QString& text);
+    [[nodiscard]] const QString& filterText() const { return filterText_; }
+    /// Something is about to be typed: what that needs is made now, so that no letter has to wait for it.
+    void prepareFilterText();
+    /// @}
 
     /// Whether the current collection is a table of records, browsed by artist and album.
     [[nodiscard]] bool hasBrowser() const { return table() != nullptr; }
@@ -115,6 +124,10 @@ class TrackBrowser : public QObject {
     void fillTracks();
     void fillFromPlaylist(const Record& playlist);
     void fillFromSearch(const Record& search);
+    /// Fills the items from the shown source, all of them.
+    void fillItems();
+    /// Keeps of them those that hold the filter's words.
+    void keepMatching();
     void sortItems();
     /// Tells the table which columns the shown source has.
     void showColumns();
@@ -144,6 +157,8 @@ class TrackBrowser : public QObject {
     QStringList allArtists_;
     QStringList allAlbums_;
     QList<Record> items_;
+    QString filterText_;
+    SongTextFilter textFilter_; // over the source's songs in the table's order; empty when those have changed
     std::vector<std::uint32_t> places_; // in the library by "Index", while it has not moved them
     std::uint64_t placing_ = 0;
 };

@@ -65,6 +65,7 @@ void TrackBrowser::sortDescriptorsDidChange()
     QSet<qint64> selected;
     for (const int row : tableView_.selectedRows())
         selected.insert(items_.value(row).integer(keys::Index));
+    textFilter_.clear();
     sortItems();
     const bool plays = delegate_->nowplayingTrack() &&
                        delegate_->nowplayingSourceType() != int(SourceType::Library) &&

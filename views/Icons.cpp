@@ -3,8 +3,10 @@
 
 #include "views/Theme.h"
 
+#include <QAction>
 #include <QFile>
 #include <QIconEngine>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPixmapCache>
 #include <QSvgRenderer>
@@ -100,6 +102,12 @@ class TintedIcon : public QIconEngine {
 QIcon icon(const QString& name, Tint tint)
 {
     return QIcon(new TintedIcon(name, tint));
+}
+
+void useOwnClearIcon(QLineEdit& field)
+{
+    if (auto* clear = field.findChild<QAction*>(QStringLiteral("_q_qlineeditclearaction")))
+        clear->setIcon(icon(QStringLiteral("clear"), Tint::Secondary));
 }
 
 } // namespace zib

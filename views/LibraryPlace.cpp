@@ -68,6 +68,13 @@ bool LibraryPlace::pressInRow(SongColumn button)
     return true;
 }
 
+void LibraryPlace::focusSongs()
+{
+    if (table_->selectedRow() == TableView::NoRow && !controller_->dataManager().items().isEmpty())
+        table_->selectRows({0});
+    table_->setFocus();
+}
+
 void LibraryPlace::setConnected(bool connected)
 {
     offline_->setVisible(!connected);
@@ -98,6 +105,11 @@ void LibraryPlace::update()
 void LibraryPlace::explainEmptiness()
 {
     const RVDataManager& library = controller_->dataManager();
+    if (!library.browser().filterText().isEmpty()) {
+        empty_->say(tr("No song here holds “%1”").arg(library.browser().filterText()),
+                    tr("Press Escape to see all songs again. To find others on the web, try a tag:"));
+        return;
+    }
     if (library.currentSourceType() == SourceType::RecentSearches) {
         empty_->say(tr("No songs found"), tr("Try another spelling, a well-known artist, or a tag:"));
         return;

@@ -29,6 +29,8 @@ class LibraryPlace : public QWidget {
     [[nodiscard]] LibraryView& libraryView();
     /// Presses that button of the selected song, if the song table has the keyboard and a selected row.
     bool pressInRow(SongColumn button);
+    /// Gives the song table the keyboard, with a song selected.
+    void focusSongs();
     void setConnected(bool connected);
     /// Tables or words, as it should be now.
     void update();

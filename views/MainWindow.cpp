@@ -7,6 +7,7 @@
 #include "platform/UserDefaults.h"
 #include "views/AddToLibraryPanel.h"
 #include "views/ControlBar.h"
+#include "views/FilterField.h"
 #include "views/LibraryPlace.h"
 #include "views/NowPlayingPanel.h"
 #include "views/NowPlayingPlace.h"
@@ -35,6 +36,7 @@ namespace {
 constexpr QSize smallestWindow(960, 600);
 constexpr QSize comfortableWindow(1280, 800);
 constexpr int sourceListWidth = 200;
+constexpr int filterWidth = 220;
 constexpr int titleBarHeight = 40; // no desktop's is higher
 
 /// The files on this computer among what is dragged.
@@ -115,8 +117,12 @@ QWidget* MainWindow::makeStatusLine()
     auto* layout = new QHBoxLayout(line);
     layout->setContentsMargins(12, Theme::within, 12, Theme::within);
     layout->addWidget(status_, 1);
+    filter_ = new FilterField(line);
+    filter_->setFixedWidth(filterWidth);
+    filter_->setEnabled(false); // until songs are shown
     urlField_ = new TextLabel(tr("About the shown songs or link"), line);
     urlField_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    layout->addWidget(filter_);
     layout->addWidget(urlField_, 1);
     return line;
 }
@@ -140,6 +146,8 @@ void MainWindow::attach(RVMainController& controller)
     nowPlaying_->attach(controller);
     sources_->attach(controller);
     bar_->attach(controller);
+    filter_->attach(controller);
+    connect(filter_, &FilterField::left, this, [this] { place_->focusSongs(); });
     makeShortcuts();
     controller.windowDidLoad();
     bar_->search().focusField();
@@ -156,6 +164,10 @@ void MainWindow::makeShortcuts()
         connect(new QShortcut(keys, this), &QShortcut::activated, this, action);
     };
     add(Qt::CTRL | Qt::Key_F, [this] { bar_->search().focusField(); });
+    add(Qt::CTRL | Qt::SHIFT | Qt::Key_F, [this] {
+        filter_->setFocus(Qt::ShortcutFocusReason);
+        filter_->selectAll();
+    });
     add(Qt::CTRL | Qt::Key_Left, [this] { playback().backTrack(); });
     add(Qt::CTRL | Qt::Key_Right, [this] { playback().nextTrack(); });
     add(Qt::CTRL | Qt::Key_Up, [this] { playback().volumeUp(); });
@@ -334,6 +346,7 @@ OutlineView& MainWindow::outlineView()
 
 void MainWindow::setCurrentView(MainView view)
 {
+    filter_->setEnabled(view == MainView::Songs);
     switch (view) {
     case MainView::None:
         views_->setCurrentWidget(nothing_);

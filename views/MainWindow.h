@@ -11,6 +11,7 @@ class QStackedWidget;
 namespace zib {
 
 class ControlBar;
+class FilterField;
 class LibraryPlace;
 class LibraryView;
 class NowPlayingPlace;
@@ -93,6 +94,7 @@ class MainWindow : public QMainWindow, public MainWindowView {
     NowPlayingPlace* nowPlaying_ = nullptr;
     LibraryPlace* place_ = nullptr;
     TextLabel* status_ = nullptr;
+    FilterField* filter_ = nullptr;
     TextLabel* urlField_ = nullptr;
 };
 

@@ -5,7 +5,6 @@
 #include "views/Icons.h"
 #include "views/Theme.h"
 
-#include <QAction>
 #include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QLineEdit>
@@ -29,9 +28,7 @@ SearchBar::SearchBar(QWidget* parent)
     field_->setAccessibleName(tr("Search"));
     field_->setClearButtonEnabled(true);
     field_->addAction(icon(QStringLiteral("search"), Tint::Secondary), QLineEdit::LeadingPosition);
-    // The clear button comes with a picture of the desktop's; ours follows the theme.
-    if (auto* clear = field_->findChild<QAction*>(QStringLiteral("_q_qlineeditclearaction")))
-        clear->setIcon(icon(QStringLiteral("clear"), Tint::Secondary));
+    useOwnClearIcon(*field_);
     field_->setMinimumWidth(140);
     busy_->move(busyPlace); // over the magnifying glass
     connect(field_, &QLineEdit::returnPressed, this, [this] { Q_EMIT searchRequested(field_->text()); });

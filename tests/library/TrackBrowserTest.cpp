@@ -294,5 +294,53 @@ TEST_F(TrackBrowserTest, TheSpeakerStandsAtTheSongThatPlaysAndOnlyThere)
     EXPECT_EQ(speakers(), text("*."));
 }
 
+TEST_F(TrackBrowserTest, TypedWordsFindSongsInEveryLanguage)
+{
+    add("a", "Björk", "Début", "Human Behaviour");
+    add("b", "Sigur Rós", "Takk...", "Hoppípolla");
+    add("c", "Кино", "Группа крови", "Звезда по имени Солнце");
+    add("d", "MØ", "No Mythologies", "Straße");
+    add("e", "椎名林檎", "無罪モラトリアム", "丸の内サディスティック");
+    Record dated = add("f", "Human Band", "Best Of", "Other");
+    dated.set(keys::Year, 1993);
+    library.setSource(SourceType::Library);
+    struct Case {
+        const char* typed;
+        const char* found;
+    };
+    for (const Case& c :
+         {Case{"", "a b c d e f"}, Case{"bjork", "a"}, Case{"HUMAN", "a f"}, Case{"human debut", "a"},
+          Case{"debut  human", "a"}, Case{"hoppi ros", "b"}, Case{"кРОВИ", "c"}, Case{"mo strasse", "d"},
+          Case{"林檎", "e"}, Case{"human 1993", "f"}, Case{"Hopp\u00edpolla", "b"},
+          Case{"Hoppi\u0301polla", "b"}, Case{"behaviourdebut", ""}, Case{"*", ""}, Case{"takk...", "b"}}) {
+        library.browser().setFilterText(text(c.typed));
+        EXPECT_EQ(shown(), text(c.found)) << c.typed;
+    }
+}
+
+TEST_F(TrackBrowserTest, AFilterStaysTrueWhileItsSongsChange)
+{
+    for (const char* id : {"1", "2", "3", "4"})
+        add(id, "Artist", "Album", id[0] % 2 != 0 ? "Odd" : "Even");
+    showPlaylist({text("4"), text("3"), text("2"), text("1")});
+    TrackBrowser& browser = library.browser();
+    browser.setFilterText(text("odd"));
+    ASSERT_EQ(shown(), text("3 1"));
+    library.markFavoriteAtIndex(0);
+    sortBy({{text("Index"), false}});
+    EXPECT_EQ(shown(), text("1 3"));
+    browser.setFilterText(text("e"));
+    EXPECT_EQ(shown(), text("2 4"));
+    browser.setFilterText({});
+    EXPECT_EQ(shown(), text("1 2 3 4"));
+    EXPECT_TRUE(library.items()[2].boolean(keys::Favorite));
+    browser.setFilterText(text("even"));
+    library.removeItems({0});
+    EXPECT_EQ(shown(), text("4"));
+    library.setCurrentPlaylistIndex(0); // another source, or the same anew
+    EXPECT_EQ(browser.filterText(), QString());
+    EXPECT_EQ(shown(), text("1 2 3 4"));
+}
+
 } // namespace
 } // namespace zib
