@@ -8,6 +8,7 @@
 #include "tests/fakes/FakeAudioQueues.h"
 #include "tests/fakes/FakeHttpReadStreams.h"
 #include "tests/fakes/FakeUserDefaults.h"
+#include "tests/support/LogCapture.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -16,7 +17,6 @@
 
 #include <gtest/gtest.h>
 
-#include <mutex>
 #include <ostream>
 
 #include "records/PropertyValue.h"
@@ -45,40 +45,6 @@ bool eventually(Condition condition)
     }
     return true;
 }
-
-/// Keeps what is logged while it lives.
-class LogCapture {
-  public:
-    LogCapture()
-    {
-        current() = this;
-        previous_ = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) {
-            LogCapture& capture = *current();
-            const std::scoped_lock lock(capture.mutex_);
-            capture.lines_.append(text);
-        });
-    }
-    ~LogCapture() { qInstallMessageHandler(previous_); }
-    LogCapture(const LogCapture&) = delete;
-    LogCapture& operator=(const LogCapture&) = delete;
-
-    [[nodiscard]] QStringList lines() const
-    {
-        const std::scoped_lock lock(mutex_);
-        return lines_;
-    }
-    [[nodiscard]] qsizetype count(const QString& text) const { return lines().count(text); }
-
-  private:
-    static LogCapture*& current()
-    {
-        static LogCapture* capture = nullptr;
-        return capture;
-    }
-    mutable std::mutex mutex_;
-    QStringList lines_;
-    QtMessageHandler previous_;
-};
 
 /// Keeps what the library would be told.
 class RecordingDelegate : public AudioStreamerDelegate {
