@@ -14,7 +14,10 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "zib.catalogue")
 
+Q_LOGGING_CATEGORY(requestLog, "zib.catalogue.requests")
+
 constexpr unsigned answeringThreads = 4;
+constexpr qsizetype longestLoggedPath = 200;
 
 /// What follows the prefix in the path, or nothing when the path begins otherwise.
 std::optional<QString> after(QLatin1String prefix, const QString& path)
@@ -29,6 +32,20 @@ void logUpdate(const SongIndex::Update& update)
                                      .arg(update.read)
                                      .arg(update.unplayable)
                                      .arg(update.removed);
+}
+
+/// One line: who, what without the query, status, bytes, milliseconds. Nothing that a client chose can begin
+/// another line.
+void logRequest(const HttpHandler::Served& request)
+{
+    QByteArray path = request.path.left(longestLoggedPath);
+    for (auto& byte : path) {
+        if (byte <= ' ' || byte > '~')
+            byte = '?';
+    }
+    qCInfo(requestLog, "%s %s %s %d %lld %.1f", request.peer.constData(), request.method.constData(),
+           path.constData(), request.status, static_cast<long long>(request.replySize),
+           double(request.duration.count()) / 1000);
 }
 
 } // namespace
@@ -77,6 +94,33 @@ void CatalogueService::keepIndexed(const QList<QByteArray>& folders,
         });
 }
 
+void CatalogueService::offerPlaylists(PlaylistService playlists, int perMinute)
+{
+    playlists_.emplace(std::move(playlists));
+    playlistRate_ = std::make_unique<RateLimit>(perMinute);
+}
+
+std::optional<HttpReply> CatalogueService::refusal(const HttpRequest& head)
+{
+    if (head.method == "POST" && !(playlists_ && PlaylistService::takesPosts(head.path)))
+        return plainReply(MHD_HTTP_METHOD_NOT_ALLOWED);
+    const int cost = PlaylistService::cost(head);
+    const auto wait =
+        cost > 0 && playlistRate_ ? playlistRate_->spend(head.peer, cost) : std::chrono::seconds(0);
+    if (wait.count() == 0)
+        return std::nullopt;
+    HttpReply reply = plainReply(MHD_HTTP_TOO_MANY_REQUESTS);
+    reply.body = "The playlist service was asked too often from your address. Try again in a minute.\n";
+    reply.headers.emplaceBack("Retry-After", QByteArray::number(qint64(wait.count())));
+    return reply;
+}
+
+void CatalogueService::served(const Served& request)
+{
+    metrics_.countRequest(request.status, request.replySize, request.duration);
+    logRequest(request);
+}
+
 void CatalogueService::answer(const HttpRequest& request, Respond respond)
 {
     answering_.start([this, request, respond = std::move(respond)] { answerNow(request, respond); });
@@ -93,9 +137,13 @@ void CatalogueService::answerNow(const HttpRequest& request, const Respond& resp
     respond(answeredPage(request));
 }
 
-HttpReply CatalogueService::answeredPage(const HttpRequest& request) const
+HttpReply CatalogueService::answeredPage(const HttpRequest& request)
 {
     if (auto reply = answeredService(request))
+        return *reply;
+    if (auto reply = answeredPlaylists(request))
+        return *reply;
+    if (auto reply = answeredMonitor(request))
         return *reply;
     if (auto reply = readablePage(request))
         return *reply;
@@ -114,10 +162,32 @@ std::optional<HttpReply> CatalogueService::answeredService(const HttpRequest& re
         return lyrics_.answer(request);
     if (const auto id = after(QLatin1String("/ws/1/release/"), request.path))
         return releases_.answer(*id, request);
-    if (request.path == u"/health")
-        return HttpReply{.contentType = "text/plain; charset=utf-8",
-                         .body = "ok\n",
-                         .headers = {{"Cache-Control", "no-store"}}};
+    return std::nullopt;
+}
+
+std::optional<HttpReply> CatalogueService::answeredPlaylists(const HttpRequest& request)
+{
+    if (!playlists_)
+        return std::nullopt;
+    if (const auto page = after(QLatin1String("/playlists/"), request.path))
+        return playlists_->answer(*page, request, metrics_);
+    return request.path == u"/playlists" ? std::optional(redirectReply("/playlists/")) : std::nullopt;
+}
+
+std::optional<HttpReply> CatalogueService::answeredMonitor(const HttpRequest& request) const
+{
+    HttpReply reply{.contentType = "text/plain; charset=utf-8", .headers = {{"Cache-Control", "no-store"}}};
+    if (request.path == u"/health") {
+        const bool well = !playlists_ || playlists_->isAvailable();
+        reply.status = well ? MHD_HTTP_OK : MHD_HTTP_SERVICE_UNAVAILABLE;
+        reply.body = well ? "ok\n" : "the database of the playlists does not answer\n";
+        return reply;
+    }
+    if (request.path == u"/metrics" && isLoopback(request.peer)) {
+        reply.contentType = "text/plain; version=0.0.4; charset=utf-8";
+        reply.body = metrics_.text();
+        return reply;
+    }
     return std::nullopt;
 }
 

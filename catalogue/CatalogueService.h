@@ -7,10 +7,13 @@
 #include "catalogue/HttpServer.h"
 #include "catalogue/LyricsService.h"
 #include "catalogue/ProfileService.h"
+#include "catalogue/RateLimit.h"
 #include "catalogue/ReleaseService.h"
+#include "catalogue/ServiceMetrics.h"
 #include "catalogue/SongFiles.h"
 #include "catalogue/TrackInfoService.h"
 #include "catalogue/WorkerPool.h"
+#include "catalogue/playlists/PlaylistService.h"
 
 #include <chrono>
 #include <condition_variable>
@@ -31,16 +34,24 @@ class CatalogueService final : public HttpHandler {
                      std::function<std::unique_ptr<TagReader>(std::stop_token)> makeReader,
                      std::chrono::seconds pause);
 
+    /// Publishes and shows playlists from now on. To be told before the first request.
+    /// @param perMinute what each address may spend on them: a page costs 1, publishing 20; 0 bounds nothing
+    void offerPlaylists(PlaylistService playlists, int perMinute);
+
+    std::optional<HttpReply> refusal(const HttpRequest& head) override;
     void answer(const HttpRequest& request, Respond respond) override;
+    void served(const Served& request) override;
 
     [[nodiscard]] const SongIndex& index() const { return index_; }
 
   private:
     void answerNow(const HttpRequest& request, const Respond& respond);
-    [[nodiscard]] HttpReply answeredPage(const HttpRequest& request) const;
+    HttpReply answeredPage(const HttpRequest& request);
     [[nodiscard]] std::optional<HttpReply> answeredService(const HttpRequest& request) const;
     [[nodiscard]] std::optional<HttpReply> answeredInfo(const HttpRequest& request) const;
     [[nodiscard]] std::optional<HttpReply> readablePage(const HttpRequest& request) const;
+    std::optional<HttpReply> answeredPlaylists(const HttpRequest& request);
+    [[nodiscard]] std::optional<HttpReply> answeredMonitor(const HttpRequest& request) const;
 
     SongIndex index_;
     MusicCatalogue catalogue_;
@@ -55,6 +66,9 @@ class CatalogueService final : public HttpHandler {
     ReleaseService releases_;
     SongCovers covers_;
     SongFiles files_;
+    std::optional<PlaylistService> playlists_;
+    std::unique_ptr<RateLimit> playlistRate_;
+    ServiceMetrics metrics_;
     WorkerPool answering_;
     std::jthread indexing_;
 };

@@ -85,15 +85,16 @@ class SchemaVersion {
     {
     }
 
-    /// Keeps other processes that start at the same moment from making the same tables, until the transaction
-    /// ends; and makes the place of the versions.
+    /// Keeps others who start at the same moment from making the same tables, until the transaction ends; and
+    /// makes the place of the versions.
     bool lock()
     {
-        return !onServer_ ||
-               (query_.exec(QStringLiteral("SELECT pg_advisory_xact_lock(7243392)")) &&
-                query_.exec(QStringLiteral("SET LOCAL client_min_messages = warning")) &&
-                query_.exec(QStringLiteral("CREATE TABLE IF NOT EXISTS schema_versions"
-                                           " (name TEXT PRIMARY KEY, version INTEGER NOT NULL)")));
+        if (!onServer_) // to write first is what takes SQLite's lock; who reads first cannot wait for it
+            return query_.exec(QStringLiteral("PRAGMA application_id = 1516855904"));
+        return query_.exec(QStringLiteral("SELECT pg_advisory_xact_lock(7243392)")) &&
+               query_.exec(QStringLiteral("SET LOCAL client_min_messages = warning")) &&
+               query_.exec(QStringLiteral("CREATE TABLE IF NOT EXISTS schema_versions"
+                                          " (name TEXT PRIMARY KEY, version INTEGER NOT NULL)"));
     }
 
     /// -1 when it cannot be read.

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <limits>
 
+#include <arpa/inet.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -219,6 +220,19 @@ tl::expected<HttpRequest, int> checkedRequest(const QByteArray& method, const QB
     return HttpRequest{method, *path, *query, *host, *range, *ifRange, *ifNoneMatch, *bodySize};
 }
 
+std::optional<QByteArray> forwardedClient(const HttpHeaders& headers)
+{
+    QByteArray client;
+    for (const auto& [key, value] : headers) {
+        if (key.compare("X-Forwarded-For", Qt::CaseInsensitive) == 0)
+            client = value.mid(value.lastIndexOf(',') + 1).trimmed();
+    }
+    in6_addr parsed = {};
+    const bool numeric = ::inet_pton(AF_INET, client.constData(), &parsed) == 1 ||
+                         ::inet_pton(AF_INET6, client.constData(), &parsed) == 1;
+    return numeric ? std::optional(client) : std::nullopt;
+}
+
 std::shared_ptr<const OpenFile> OpenFile::open(const QByteArray& path)
 {
     const std::shared_ptr<OpenFile> file(new OpenFile);
@@ -248,6 +262,13 @@ HttpReply plainReply(int status)
     HttpReply reply{.status = status, .contentType = "text/plain; charset=utf-8", .body = text};
     if (status == MHD_HTTP_METHOD_NOT_ALLOWED)
         reply.headers.emplaceBack("Allow", "GET, HEAD");
+    return reply;
+}
+
+HttpReply redirectReply(const QByteArray& address)
+{
+    HttpReply reply = plainReply(MHD_HTTP_MOVED_PERMANENTLY);
+    reply.headers = {{"Location", address}, {"Cache-Control", "no-store"}};
     return reply;
 }
 

@@ -56,6 +56,9 @@ constexpr qsizetype longestRequestBody = 1024 * 1024;
 tl::expected<HttpRequest, int> checkedRequest(const QByteArray& method, const QByteArray& target,
                                               const HttpHeaders& headers, HostPolicy policy);
 
+/// Who sent the request to a proxy, as the proxy nearest to us says, when that is a numeric address.
+std::optional<QByteArray> forwardedClient(const HttpHeaders& headers);
+
 /// The parts of a query in order, '+' and percent escapes undone. A part without '=' belongs to the value
 /// before it, ampersand and all: clients send names such as "Simon & Garfunkel" with a bare '&'.
 /// @return nothing for a bad escape, a NUL, or bytes that are no UTF-8.
@@ -95,6 +98,9 @@ struct HttpReply {
 
 /// A short text that says what the status means.
 HttpReply plainReply(int status);
+
+/// Sends the client to another address of this server for good.
+HttpReply redirectReply(const QByteArray& address);
 
 /// What the Range header asks of a resource of that size.
 struct ByteRange {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/HttpServer.h"
 
+#include "catalogue/RateLimit.h"
+
 #include <microhttpd.h>
 
 #include <QLoggingCategory>
@@ -255,6 +257,8 @@ MHD_Result HttpServer::Daemon::check(MHD_Connection* connection, const char* met
     MHD_get_connection_values(connection, MHD_HEADER_KIND, collectHeader, &headers);
     exchange.method = method;
     exchange.peer = peerOf(connection);
+    if (limits.behindProxy && isLoopback(exchange.peer))
+        exchange.peer = forwardedClient(headers).value_or(exchange.peer);
     auto request = checkedRequest(exchange.method, exchange.target, headers, policy);
     if (request)
         request->peer = exchange.peer;

@@ -20,7 +20,7 @@ class HttpHandler {
     virtual ~HttpHandler() = default;
     /// Asked once the head of a request is complete, before its body is read.
     /// @return what refuses the request, or nothing when it is to be answered
-    [[nodiscard]] virtual std::optional<HttpReply> refusal(const HttpRequest& head);
+    virtual std::optional<HttpReply> refusal(const HttpRequest& head);
     virtual void answer(const HttpRequest& request, Respond respond) = 0;
 
     /// A request whose reply was sent, or whose client went before.
@@ -77,6 +77,7 @@ class HttpServer {
         unsigned connectionsOfAddress = 768;
         unsigned requestSeconds =
             15; ///< from the connection or the reply before to the end of the request's head
+        bool behindProxy = false;    ///< whether who connects from this machine speaks for others
         unsigned bodySeconds = 60;   ///< more for a request's body
         unsigned replySeconds = 600; ///< without a byte taken: a paused player keeps its connection that long
     };

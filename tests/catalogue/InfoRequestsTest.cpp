@@ -62,7 +62,7 @@ class InfoRequestsTest : public testing::Test {
         QFile cover(folder_.filePath(u"music/cover.png"_s));
         EXPECT_TRUE(cover.open(QIODevice::WriteOnly) && cover.write("\x89PNG\r\n\x1a\n") == 8);
         cover.close();
-        service_.emplace(demo_, *Database::open(folder_.filePath(u"index.sqlite"_s)));
+        service_.emplace(demo_, *Database::open(folder_.filePath(u"index.sqlite"_s), SongIndex::schema()));
         service_->keepIndexed(
             {QFile::encodeName(folder_.filePath(u"music"_s))},
             [](const auto&) { return std::make_unique<TagFileReader>(); }, std::chrono::hours(1));
