@@ -100,10 +100,7 @@ void RVWebViewController::showPage(Page page)
 bool RVWebViewController::isOnVideoSite(const QString& address) const
 {
     const QString site = userDefaults_.string(settings::VideoSite);
-    if (site.isEmpty() || !isWebAddress(address))
-        return false;
-    const QStringView rest = QStringView(address).sliced(address.indexOf(QLatin1String("//")) + 2);
-    return rest.startsWith(site + u'/');
+    return !site.isEmpty() && address.startsWith(site + u'/');
 }
 
 } // namespace zib

@@ -37,8 +37,6 @@ inline const QString CataloguePort = QStringLiteral("CataloguePort");
 
 // Where the music-information service has its pages for people, as a host like those above.
 inline const QString MusicInfoSite = QStringLiteral("MusicInfoSite");
-// The site whose player shows the videos in the page of a track, as a host like those above.
-inline const QString VideoSite = QStringLiteral("VideoSite");
 
 // The same for the pages of shared playlists.
 inline const QString PlaylistSite = QStringLiteral("PlaylistSite");
@@ -46,6 +44,8 @@ inline const QString PlaylistSite = QStringLiteral("PlaylistSite");
 // Web sites on which a shared playlist is passed on, as addresses without a path.
 inline const QString FacebookSite = QStringLiteral("FacebookSite");
 inline const QString TwitterSite = QStringLiteral("TwitterSite");
+// The site whose player shows a video in the page of a track, likewise.
+inline const QString VideoSite = QStringLiteral("VideoSite");
 
 // Web pages, complete addresses.
 inline const QString SupportPage = QStringLiteral("SupportPage");

@@ -41,7 +41,7 @@ QVariantMap defaultAddresses()
         {settings::SharedPlaylistsPage, QStringLiteral("https://zib.example/playlists")},
         {settings::FacebookSite, QStringLiteral("https://www.facebook.com")},
         {settings::TwitterSite, QStringLiteral("https://twitter.com")},
-        {settings::VideoSite, QStringLiteral("www.youtube.com")},
+        {settings::VideoSite, QStringLiteral("https://www.youtube.com")},
     };
 }
 

@@ -47,7 +47,7 @@ class RVWebViewControllerTest : public testing::Test, public RVWebViewController
     RVWebViewControllerTest()
     {
         defaults.registerDefaults(*hostsAtBase(QStringLiteral("http://info.example")));
-        defaults.registerDefaults({{settings::VideoSite, QStringLiteral("video.example")}});
+        defaults.registerDefaults({{settings::VideoSite, QStringLiteral("https://video.example")}});
         controller.setDelegate(this);
     }
 
@@ -360,11 +360,11 @@ TEST_F(RVWebViewControllerTest, OnlyTheUserGoesAnywhere)
     const Case cases[] = {
         {"file:///pages/x.html", click, true, ""},
         {"file:///pages/x.html", other, true, ""},
-        {"http://video.example/embed/1", other, true, ""},
+        {"https://video.example/embed/1", other, true, ""},
         {"https://video.example/embed/1", click, true, ""},
         {"https://video.example.evil.example/", other, false, ""},
         {"https://video.example.evil.example/", click, false, "(https://video.example.evil.example/)"},
-        {"http://video.example", click, false, "(http://video.example)"},
+        {"https://video.example", click, false, "(https://video.example)"},
         {"http://blog.example/a%2Fb%20c?x=%26#y", click, false, "(http://blog.example/a%2Fb%20c?x=%26#y)"},
         {"http://blog.example/", form, false, "(http://blog.example/)"},
         {"http://blog.example/", other, false, ""},
