@@ -4,9 +4,11 @@
 #include <QLinearGradient>
 #include <QPainterPath>
 #include <QRadialGradient>
+#include <QTransform>
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace zib::demo {
 namespace {
@@ -18,6 +20,19 @@ QPainterPath ellipse(double x, double y, double rx, double ry)
     QPainterPath path;
     path.addEllipse(QPointF(x, y), rx, ry);
     return path;
+}
+
+/// What both paths have, or only the first. They are so small here that the outline would get corners, hence
+/// the detour over larger ones.
+enum class Cut { Both, FirstOnly };
+
+QPainterPath cut(const QPainterPath& first, const QPainterPath& second, Cut how)
+{
+    constexpr double larger = 2000;
+    const QTransform up = QTransform::fromScale(larger, larger);
+    const QPainterPath result = how == Cut::Both ? up.map(first).intersected(up.map(second))
+                                                 : up.map(first).subtracted(up.map(second));
+    return QTransform::fromScale(1 / larger, 1 / larger).map(result);
 }
 
 /// The head, of which everything else is measured: the face is 0.8 wide and 1.06 high.
@@ -63,7 +78,7 @@ void paintHairBehind(QPainter& painter, const Person& person)
         break;
     case Curls:
         for (int i = 0; i < 13; ++i) {
-            const double angle = 3.5 + i * 0.215 * 1.12;
+            const double angle = (1.5 + 0.085 * (i - 6)) * std::numbers::pi;
             painter.drawEllipse(QPointF(0.43 * std::cos(angle), -0.12 + 0.5 * std::sin(angle)), 0.19, 0.19);
         }
         break;
@@ -92,10 +107,11 @@ void paintHairBefore(QPainter& painter, const Person& person)
         above.cubicTo(-0.36, -0.3, -0.36, -0.16, -0.6, -0.02);
     }
     above.closeSubpath();
-    QPainterPath cap = ellipse(0, -0.1, 0.425, 0.52);
+    const bool full = person.hairStyle == Bob || person.hairStyle == Long;
+    const QPainterPath cap = ellipse(0, -0.1, full ? 0.5 : 0.425, full ? 0.56 : 0.52);
     if (person.hairStyle == Sweep)
-        cap = cap.united(ellipse(-0.1, -0.5, 0.34, 0.2));
-    painter.drawPath(cap.intersected(above));
+        painter.drawEllipse(QPointF(-0.08, -0.5), 0.33, 0.2);
+    painter.drawPath(cut(cap, above, Cut::Both));
     if (person.hairStyle == Hat) {
         painter.setBrush(person.coat.darker(125));
         QPainterPath crown(QPointF(-0.38, -0.36));
@@ -115,7 +131,7 @@ void paintFace(QPainter& painter, const Person& person, const QColor& shadow)
     painter.drawPath(head);
     // The light comes from the left.
     painter.setBrush(faded(shadow, 0.22));
-    painter.drawPath(head.subtracted(ellipse(-0.3, -0.2, 0.5, 1.1)));
+    painter.drawPath(cut(head, ellipse(-0.3, -0.2, 0.5, 1.1), Cut::FirstOnly));
     if (person.beard) {
         painter.setBrush(person.hair);
         QPainterPath beard(QPointF(-0.42, 0.02));
@@ -169,7 +185,7 @@ void paintPerson(Scene& scene, const Person& person, double x, double y, double 
     painter.setBrush(faded(shadow, 0.16));
     QPainterPath right;
     right.addRect(QRectF(0.1, 0.5, 2, 4));
-    painter.drawPath(body.intersected(right));
+    painter.drawPath(cut(body, right, Cut::Both));
     QPainterPath collar(QPointF(-0.24, 0.66));
     collar.lineTo(0, 1.14);
     collar.lineTo(0.24, 0.66);
