@@ -31,6 +31,9 @@ struct DemoPlan {
     QHash<QString, Sitters> sitters;  ///< by picture id
 };
 
+/// A number for these names that is the same for ever, as 32 lower-case hexadecimal characters.
+QString digest(const QStringList& names);
+
 /// The artists, albums and songs of the demo catalogue; the same object always.
 const DemoPlan& demoPlan();
 
