@@ -9,6 +9,7 @@
 #include <QDir>
 #include <QFile>
 #include <QImage>
+#include <QLabel>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUrlQuery>
@@ -294,6 +295,8 @@ TEST(WebPaneWithoutEngine, SaysSo)
 {
     WebPane pane({QStringLiteral("/no/such/library.so"), {}, true});
     pane.loadHtml("<p>", "mark", QStringLiteral("file:///"));
+    pane.show();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return pane.findChild<QLabel*>() != nullptr; }));
     EXPECT_EQ(pane.childAt(pane.rect().center())->objectName(), QStringLiteral("noEngine"));
 }
 

@@ -20,7 +20,8 @@ namespace {
 
 Q_LOGGING_CATEGORY(logPane, "zib.webview")
 
-constexpr int kDarkBelow = 128; // of 255
+constexpr int kDarkBelow = 128;   // of 255
+constexpr int kBeforeEngine = 60; // milliseconds, in which a window that has just come up is painted
 
 void shareContexts()
 {
@@ -73,13 +74,37 @@ void WebPane::startBrowser()
 
 void WebPane::loadHtml(const QByteArray& html, const QByteArray& scriptMark, const QString& baseUrl)
 {
-    if (!tried_)
-        startBrowser();
-    if (!browser_)
-        return;
     const QString folder = QUrl(baseUrl).adjusted(QUrl::StripTrailingSlash).toLocalFile();
     page_ = BrowserPage{html, scriptMark, folder, isDark()};
-    browser_->load(*page_);
+    loaded_ = false;
+    if (isVisible())
+        loadSoon();
+}
+
+void WebPane::loadSoon()
+{
+    // The window is painted before the engine starts, and of several pages at once only the last is loaded.
+    if (!loadTimer_.isActive())
+        loadTimer_.start(tried_ ? 0 : kBeforeEngine, this);
+}
+
+void WebPane::timerEvent(QTimerEvent*)
+{
+    loadTimer_.stop();
+    if (loaded_ || !page_ || !isVisible())
+        return;
+    loaded_ = true;
+    if (!tried_)
+        startBrowser();
+    if (browser_)
+        browser_->load(*page_);
+}
+
+void WebPane::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (page_ && !loaded_)
+        loadSoon();
 }
 
 void WebPane::clear()
@@ -116,7 +141,9 @@ void WebPane::changeEvent(QEvent* event)
     if (event->type() != QEvent::PaletteChange || !page_ || page_->dark == isDark())
         return;
     page_->dark = isDark();
-    browser_->load(*page_);
+    loaded_ = false;
+    if (isVisible())
+        loadSoon();
 }
 
 NavigationPolicy WebPane::decidePolicyForNavigationAction(const QString& address, NavigationType type,

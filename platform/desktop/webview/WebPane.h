@@ -4,6 +4,7 @@
 #include "platform/desktop/webview/BusyGear.h"
 #include "platform/desktop/webview/PageBrowser.h"
 
+#include <QBasicTimer>
 #include <QWidget>
 
 #include <memory>
@@ -12,8 +13,8 @@
 namespace zib {
 
 /// The pane that shows pages. The engine is the heaviest library of all: it is loaded, and its processes are
-/// started, with the first page. When it cannot be loaded, the pane says so. Pages follow the palette's
-/// lightness into the dark.
+/// started, when the first page is seen. When it cannot be loaded, the pane says so. Pages follow the
+/// palette's lightness into the dark.
 class WebPane : public QWidget, public WebView, private WebViewDelegate {
     Q_OBJECT
 
@@ -36,6 +37,8 @@ class WebPane : public QWidget, public WebView, private WebViewDelegate {
   protected:
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
 
   private:
     NavigationPolicy decidePolicyForNavigationAction(const QString& address, NavigationType type,
@@ -43,6 +46,7 @@ class WebPane : public QWidget, public WebView, private WebViewDelegate {
     void mouseDidMoveOverElement(const QString& link) override;
 
     void startBrowser();
+    void loadSoon();
     void place();
     [[nodiscard]] bool isDark() const;
 
@@ -50,7 +54,9 @@ class WebPane : public QWidget, public WebView, private WebViewDelegate {
     WebViewDelegate* delegate_ = nullptr;
     std::unique_ptr<PageBrowser> browser_;
     bool tried_ = false;              ///< to load the engine; a second time would fail as well
-    std::optional<BrowserPage> page_; ///< the one shown
+    std::optional<BrowserPage> page_; ///< the one shown, once loaded_
+    bool loaded_ = false;
+    QBasicTimer loadTimer_;
     BusyGear gear_;
 };
 
