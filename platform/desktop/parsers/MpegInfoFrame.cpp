@@ -10,8 +10,20 @@ namespace zib {
 
 namespace {
 
+/// The packet before which the bytes of such an entry were counted. The common encoders count after every so
+/// manieth packet only: they fill a table of 400 and, when it is full, keep every other entry.
+double packetOfEntry(std::size_t entry, std::uint32_t packets)
+{
+    constexpr std::uint32_t kCounts = 400;
+    std::uint32_t step = 1;
+    while (packets / step >= kCounts)
+        step *= 2;
+    return (std::floor(static_cast<double>(entry * (packets / step)) / 100) + 1) * step;
+}
+
 /// A hundred places at even times, each in 256ths of the file and rounded down.
-PlaceCurve evenPlaces(std::span<const std::byte> table, double packets, double fileBytes)
+/// @param counted whether the times are those of packetOfEntry
+PlaceCurve evenPlaces(std::span<const std::byte> table, std::uint32_t packets, double fileBytes, bool counted)
 {
     constexpr double kUnits = 256;
     // Not even a last hundredth that is loud after silence takes half of the file: some programs leave zeros.
@@ -19,7 +31,10 @@ PlaceCurve evenPlaces(std::span<const std::byte> table, double packets, double f
     PlaceCurve places;
     if (!std::ranges::is_sorted(table) || table.back() < kLeastLast)
         return places;
-    const auto count = static_cast<double>(table.size());
+    const auto packetOf = [&](std::size_t entry) {
+        return counted ? packetOfEntry(entry, packets)
+                       : static_cast<double>(entry) / static_cast<double>(table.size()) * packets;
+    };
     places.add(0, 0);
     for (std::size_t i = 1; i < table.size(); ++i) {
         // Quiet music stays at one figure for long: only where it changes is it known well, which is half-way
@@ -27,7 +42,8 @@ PlaceCurve evenPlaces(std::span<const std::byte> table, double packets, double f
         if (table[i] == table[i - 1])
             continue;
         const double units = std::to_integer<int>(table[i - 1]) + std::to_integer<int>(table[i]) + 1;
-        places.add((static_cast<double>(i) - 0.5) / count * packets, units / 2 / kUnits * fileBytes);
+        const double before = i > 1 ? packetOf(i - 1) : 0;
+        places.add((before + packetOf(i)) / 2, units / 2 / kUnits * fileBytes);
     }
     places.add(packets, fileBytes);
     return places;
@@ -38,6 +54,7 @@ std::optional<MpegInfoFrame> parseXing(std::span<const std::byte> tag)
     constexpr std::uint32_t kHasPackets = 1;
     constexpr std::uint32_t kHasBytes = 2;
     constexpr std::uint32_t kHasPlaces = 4;
+    constexpr std::uint32_t kHasQuality = 8;
     constexpr std::size_t kPlaces = 100;
     const bool constantRate = startsWith(tag, "Info");
     if (!(constantRate || startsWith(tag, "Xing")) || tag.size() < 16)
@@ -54,8 +71,12 @@ std::optional<MpegInfoFrame> parseXing(std::span<const std::byte> tag)
         info.fileBytes = bigEndian32(tag.subspan(place));
         place += 4;
     }
-    if ((flags & kHasPlaces) != 0 && info.packets && info.fileBytes && tag.size() >= place + kPlaces)
-        info.places = evenPlaces(tag.subspan(place, kPlaces), *info.packets, *info.fileBytes);
+    if ((flags & kHasPlaces) == 0 || !info.packets || !info.fileBytes || tag.size() < place + kPlaces)
+        return info;
+    const auto encoder =
+        tag.subspan(std::min(tag.size(), place + kPlaces + ((flags & kHasQuality) != 0 ? 4 : 0)));
+    const bool counted = startsWith(encoder, "LAME") || startsWith(encoder, "Lav");
+    info.places = evenPlaces(tag.subspan(place, kPlaces), *info.packets, *info.fileBytes, counted);
     return info;
 }
 
