@@ -267,7 +267,8 @@ void AudioStreamer::internalSeekToTime(double seconds)
         bool estimated = false;
         const std::int64_t packet = truncated(std::floor(seconds / packetDuration_));
         err_ = audioFileStream_->seek(packet, packetByteOffset, estimated);
-        if (err_ == kAudioOk && !estimated) {
+        // A place beyond the file, as a table of another file may tell, would be refused by the server.
+        if (err_ == kAudioOk && !estimated && packetByteOffset < fileLength_ - dataOffset_) {
             seekTime_ -=
                 static_cast<double>(seekByteOffset_ - dataOffset_ - packetByteOffset) * 8 / bitsPerSecond;
             seekByteOffset_ = packetByteOffset + dataOffset_;

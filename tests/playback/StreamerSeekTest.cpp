@@ -110,9 +110,10 @@ TEST_F(StreamerSeekTest, NothingOfTheOldPlaceIsHeardAtTheNew)
     EXPECT_EQ(buffer.packets.size(), std::size_t{packetsPerBuffer});
 }
 
-TEST_F(StreamerSeekTest, ComputesThePlaceWhereTheParserOnlyEstimatesOrFails)
+TEST_F(StreamerSeekTest, ComputesThePlaceWhereTheParserOnlyEstimatesFailsOrTellsOneBeyondTheFile)
 {
-    for (const auto& answer : {FakeAudioFile::SeekAnswer{kAudioOk, 1, true}, {-1, 1, false}}) {
+    for (const auto& answer :
+         {FakeAudioFile::SeekAnswer{kAudioOk, 1, true}, {-1, 1, false}, {kAudioOk, length, false}}) {
         SCOPED_TRACE(answer.status);
         files.file.seekAnswer = answer;
         streamer.reset();
