@@ -77,9 +77,9 @@ class AudioFileStream {
     /// as many bytes of 255 as go into it, and the rest), nothing else; Opus: the packet "OpusHead".
     virtual AudioStatus magicCookie(std::vector<std::byte>& cookie) const = 0;
 
-    /// Where a packet begins, in bytes from the data offset. The next bytes fed are expected to be from there
-    /// on.
-    /// @param estimated whether the place was computed from an average.
+    /// Where a packet begins, in bytes from the data offset, or some way before it where a parser tells by
+    /// what comes then which packets to leave out. The next bytes fed are expected to be from there on.
+    /// @param estimated whether the place was computed from an average and nothing there tells the packet.
     virtual AudioStatus seek(std::int64_t packet, std::int64_t& byteOffset, bool& estimated) = 0;
 
     /// No call but the destructor may follow.

@@ -138,19 +138,19 @@ void checkSeeks(const MovieCase& one, const QByteArray& file)
     Parsing parsing(file);
     Listener& heard = parsing.listener;
     const QList<QByteArray> song = heard.packets;
-    const bool segments = QByteArrayView(one.name) == "fragments-with-index.mp4";
+    // Samples of the movie itself can't be found again after a break when fragments follow.
+    const qsizetype onlyAtFirst = QByteArrayView(one.name) == "first-fragment-in-movie.mp4" ? 25 : 0;
     for (qsizetype packet = 0; packet < song.size(); packet += 5) {
         std::int64_t offset = -1;
         bool estimated = false;
         ASSERT_EQ(parsing.stream->seek(packet, offset, estimated), kAudioOk);
-        EXPECT_TRUE(!estimated || (!one.indexed && !segments));
+        EXPECT_FALSE(estimated);
         heard.packets.clear();
         ASSERT_EQ(feed(*parsing.stream, file.mid(heard.dataOffset + offset), 2048, true), kAudioOk);
-        ASSERT_TRUE(heard.packets == song.last(heard.packets.size())) << packet;
         const auto missing = song.size() - packet - heard.packets.size();
-        constexpr qsizetype kSegment = 25; // packets
-        ASSERT_TRUE(one.indexed ? missing == 0 : (missing <= 0 && missing > -kSegment) || estimated)
-            << packet << ": " << missing;
+        heard.packets.removeFirst(); // may be one before a fragment that was left out
+        ASSERT_TRUE(heard.packets == song.last(heard.packets.size())) << packet;
+        ASSERT_TRUE(missing >= -1 && missing <= onlyAtFirst) << packet << ": " << missing;
     }
 }
 

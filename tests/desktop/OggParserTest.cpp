@@ -168,12 +168,12 @@ TEST_F(OggParserTest, SeeksToWhatWentByAndGoesOnAnywhere)
         Parsing parsing(file);
         const QList<QByteArray> packets = parsing.listener.packets;
         const double seconds = 40.0 / static_cast<double>(packets.size());
+        const double packetSeconds =
+            parsing.listener.format.framesPerPacket / parsing.listener.format.sampleRate;
+        std::int64_t offset = -1;
+        bool estimated = true;
         for (const double target : {0.0, 3.3, 20.0, 37.0}) {
             SCOPED_TRACE(testing::Message() << options << ", to " << target << " s");
-            const double packetSeconds =
-                parsing.listener.format.framesPerPacket / parsing.listener.format.sampleRate;
-            std::int64_t offset = -1;
-            bool estimated = true;
             ASSERT_EQ(
                 parsing.stream->seek(static_cast<std::int64_t>(target / packetSeconds), offset, estimated),
                 kAudioOk);
@@ -182,13 +182,17 @@ TEST_F(OggParserTest, SeeksToWhatWentByAndGoesOnAnywhere)
             EXPECT_EQ(feed(*parsing.stream, file.mid(parsing.listener.dataOffset + offset), 2048, true),
                       kAudioOk);
             const qsizetype landed = packets.size() - parsing.listener.packets.size();
-            EXPECT_EQ(parsing.listener.packets, packets.mid(landed));
-            EXPECT_NEAR(static_cast<double>(landed) * seconds, target, 0.7); // the song's half-seconds differ
+            parsing.listener.packets.removeFirst(); // may be one before a page that was left out
+            EXPECT_TRUE(parsing.listener.packets == packets.mid(landed + 1));
+            EXPECT_NEAR(static_cast<double>(landed) * seconds, target, 0.5); // the song's half-seconds differ
         }
-        std::int64_t offset = 0;
-        bool estimated = false;
-        ASSERT_EQ(parsing.stream->seek(100'000, offset, estimated), kAudioOk);
-        EXPECT_TRUE(estimated);
+        // Where the listener's estimate of the length is too long, something is heard.
+        ASSERT_EQ(parsing.stream->seek(static_cast<std::int64_t>(40.3 / packetSeconds), offset, estimated),
+                  kAudioOk);
+        parsing.listener.packets.clear();
+        EXPECT_EQ(feed(*parsing.stream, file.mid(parsing.listener.dataOffset + offset), 2048, true),
+                  kAudioOk);
+        EXPECT_EQ(parsing.listener.packets.size(), 1);
         for (const qsizetype at : {file.size() / 3, file.size() - 40'000}) {
             parsing.listener.packets.clear();
             EXPECT_EQ(feed(*parsing.stream, file.mid(at), 2048, true), kAudioOk);

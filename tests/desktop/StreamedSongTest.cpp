@@ -40,12 +40,15 @@ constexpr Format kFormats[] = {
     {"M4aIndexLast", "/song.m4a", "-c:a aac -b:a 128k -aac_pns 0", 1024, 44100, 0.1, 0},
     {"M4aLossless", "/song.m4a", "-c:a alac -movflags +faststart", 4096},
     {"Mp4Fragments", "/song.mp4",
-     "-c:a aac -b:a 128k -aac_pns 0 -movflags dash+global_sidx -frag_duration 1000000", 1024, 44100, 1.1},
+     "-c:a aac -b:a 128k -aac_pns 0 -movflags dash+global_sidx -frag_duration 1000000", 1024},
+    {"Mp4FragmentsWithoutIndex", "/song.mp4",
+     "-c:a aac -b:a 128k -aac_pns 0 -movflags frag_keyframe+empty_moov -frag_duration 1500000", 1024, 44100,
+     0.5},
     kHighEfficiency,
     // Their pages hold up to a second.
-    {"OggVorbis", "/song.ogg", "-c:a libvorbis -q:a 4", 2048, 44100, 1.1, 2},
-    {"OggOpus", "/song.opus", "-c:a libopus -b:a 96k", 960, 48000, 1.1, 1},
-    {"OggFlac", "/song.oga", "-c:a flac", 4608, 44100, 1.1, 1},
+    {"OggVorbis", "/song.ogg", "-c:a libvorbis -q:a 4", 2048, 44100, 0.5, 2},
+    {"OggOpus", "/song.opus", "-c:a libopus -b:a 96k", 960, 48000, 0.5, 1},
+    {"OggFlac", "/song.oga", "-c:a flac", 4608, 44100, 0.5, 1},
     {"Flac", "/song.flac", "-c:a flac", 4608, 44100, 0.5},
 };
 

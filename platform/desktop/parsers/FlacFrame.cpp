@@ -236,6 +236,7 @@ std::optional<FlacStreamInfo> FlacStreamInfo::parse(std::span<const std::byte> b
     info.sampleRate = shape >> 12;
     info.channels = (shape >> 9 & 7) + 1;
     info.bits = (shape >> 4 & 31) + 1;
+    info.frames = static_cast<std::int64_t>(bigEndian(block.subspan(13, 5)) & 0xf'ffff'ffff);
     if (info.mostBlock < kShortestBlock || info.leastBlock > info.mostBlock || info.sampleRate == 0 ||
         info.bits < kLeastBits)
         return std::nullopt;

@@ -19,7 +19,8 @@ struct FlacStreamInfo {
     std::uint32_t mostFrameBytes = 0;
     std::uint32_t sampleRate = 0;
     std::uint32_t channels = 0;
-    std::uint32_t bits = 0; ///< of a sample
+    std::uint32_t bits = 0;  ///< of a sample
+    std::int64_t frames = 0; ///< of the whole stream
 
     /// None when the block can't be true. kBytes are needed.
     static std::optional<FlacStreamInfo> parse(std::span<const std::byte> block);

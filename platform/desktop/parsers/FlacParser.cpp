@@ -3,6 +3,8 @@
 
 #include "platform/desktop/parsers/ByteReader.h"
 
+#include <algorithm>
+
 namespace zib {
 
 namespace {
@@ -40,7 +42,11 @@ AudioStatus FlacParser::parse(std::span<const std::byte> bytes, bool discontinuo
         buffer_.clear();
         place_ = 0;
         header_.reset();
-        bufferPlace_ = places_.placeAfterBreak();
+        const auto target = places_.targetAfterBreak();
+        bufferPlace_ = target ? std::optional(target->byteOffset) : std::nullopt;
+        wanted_ = target ? std::optional(target->frame) : std::nullopt;
+        if (wanted_ && info_->frames > 0) // listeners seek by an estimate of the length
+            wanted_ = std::min(*wanted_, info_->frames - 1);
         deliveredSinceBreak_ = false;
     }
     while (!bytes.empty()) {
@@ -226,8 +232,16 @@ void FlacParser::acceptFrame()
         announce(size);
     if (bufferPlace_)
         places_.add(header_->firstFrame(*info_), *bufferPlace_ + static_cast<std::int64_t>(place_));
+    // Without the stream's length only places before a known one are told as such, so the frame comes.
+    if (info_->frames > 0)
+        places_.countPiece(size);
+    const std::int64_t first = header_->firstFrame(*info_);
+    const bool early = wanted_ && first + header_->blockFrames <= *wanted_ &&
+                       *wanted_ - first <= SeekPlaces::kMostLeftOut * info_->sampleRate;
+    if (!early)
+        wanted_.reset();
     // A file whose frames are larger than it says loses those, rather than all to the reader's disbelief.
-    if (size < bound_) {
+    if (size < bound_ && !early) {
         places_.countPacket(size);
         const std::uint32_t frames = header_->blockFrames;
         batch_.push_back({static_cast<std::int64_t>(place_), frames == framesPerPacket_ ? 0 : frames, size});

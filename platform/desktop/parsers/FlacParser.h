@@ -60,6 +60,7 @@ class FlacParser : public FormatParser {
     std::uint32_t framesPerPacket_ = 0; ///< 0 before the first packet
     std::uint32_t bound_ = 0;
     SeekPlaces places_;
+    std::optional<std::int64_t> wanted_;        ///< the frame that a seek asked for, until it comes
     std::vector<AudioPacketDescription> batch_; ///< offsets are those in the buffer
 };
 

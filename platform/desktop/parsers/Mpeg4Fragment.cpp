@@ -47,6 +47,7 @@ void Mpeg4Fragment::begin(std::int64_t offset, bool offsetsHold)
     offsetsHold_ = offsetsHold;
     next_ = offset;
     claimed_ = 0;
+    decodeTime_.reset();
     table_ = {};
 }
 
@@ -73,6 +74,14 @@ void Mpeg4Fragment::readTrackHeader(std::span<const std::byte> body)
         fields.take32();
     defaultSize_ = (flags & kHasSize) != 0 ? fields.take32() : movieDefaultSize_;
     next_ = base_;
+}
+
+void Mpeg4Fragment::readDecodeTime(std::span<const std::byte> body)
+{
+    constexpr std::size_t kLongBytes = 12;
+    if (ours_ && !decodeTime_ && body.size() >= 8)
+        decodeTime_ = bigEndian(body.subspan(
+            4, body[0] == std::byte{0} || body.size() < kLongBytes ? std::size_t{4} : std::size_t{8}));
 }
 
 AudioStatus Mpeg4Fragment::readRun(std::span<const std::byte> body)

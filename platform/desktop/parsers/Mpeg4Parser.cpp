@@ -4,6 +4,7 @@
 #include "platform/desktop/parsers/ByteReader.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace zib {
 
@@ -21,6 +22,7 @@ constexpr auto kExtends = fourCharacters("mvex");
 constexpr auto kTrackExtends = fourCharacters("trex");
 constexpr auto kFragment = fourCharacters("moof");
 constexpr auto kTrackFragment = fourCharacters("traf");
+constexpr auto kDecodeTime = fourCharacters("tfdt");
 constexpr auto kTrackFragmentHeader = fourCharacters("tfhd");
 constexpr auto kRun = fourCharacters("trun");
 constexpr auto kMedia = fourCharacters("mdat");
@@ -58,6 +60,9 @@ void Mpeg4Parser::beginAnew()
     packetsBeforeBreak_ = cutter_.packets();
     const auto sought = std::exchange(sought_, std::nullopt);
     if (fragmented_) {
+        if (!sought)
+            wanted_.reset();
+        lastAudioFragment_.reset();
         searching_ = true;
         searched_.clear();
         offsetsHold_ = false;
@@ -104,6 +109,7 @@ Mpeg4BoxReader::Treatment Mpeg4Parser::topBoxBegins(std::uint32_t type, std::int
         if (!fragment_)
             return {};
         fragment_->begin(offset, offsetsHold_);
+        fragmentOffset_ = offset;
         audioBegins(offset);
         return {Handling::Enter};
     default:
@@ -129,7 +135,8 @@ Mpeg4BoxReader::Treatment Mpeg4Parser::boxBegins(std::uint32_t type, std::uint32
     case kFragment:
         return {type == kTrackFragment ? Handling::Enter : Handling::Skip};
     case kTrackFragment:
-        return {type == kTrackFragmentHeader || type == kRun ? Handling::Gather : Handling::Skip,
+        return {type == kTrackFragmentHeader || type == kDecodeTime || type == kRun ? Handling::Gather
+                                                                                    : Handling::Skip,
                 kLargestBox};
     default:
         return reading_.treatmentOf(type, parent);
@@ -149,6 +156,9 @@ AudioStatus Mpeg4Parser::boxGathered(std::uint32_t type, std::span<const std::by
     case kTrackFragmentHeader:
         fragment_->readTrackHeader(body);
         break;
+    case kDecodeTime:
+        fragment_->readDecodeTime(body);
+        break;
     case kRun:
         return fragment_->readRun(body);
     default:
@@ -167,12 +177,63 @@ AudioStatus Mpeg4Parser::boxEnds(std::uint32_t type)
     case kMovie:
         return movieEnds();
     case kFragment:
-        cutter_.follow(fragment_->takeTable());
+        fragmentEnds();
         break;
     default:
         break;
     }
     return kAudioOk;
+}
+
+void Mpeg4Parser::fragmentEnds()
+{
+    constexpr double kMostFrames = 1e13;
+    auto table = fragment_->takeTable();
+    const std::uint64_t samples = table.count();
+    if (samples > 0) {
+        places_.countPackets(samples, static_cast<std::uint64_t>(table.end() - table.placeOf(0).offset));
+        if (lastAudioFragment_)
+            places_.countPiece(fragmentOffset_ - *lastAudioFragment_);
+        lastAudioFragment_ = fragmentOffset_;
+    }
+    cutter_.follow(std::move(table));
+    if (samples == 0 || !fragment_->decodeTime() || track_->timeScale() == 0)
+        return;
+    const double time = static_cast<double>(*fragment_->decodeTime()) / track_->timeScale() *
+                        track_->description().properties.format->sampleRate;
+    if (!firstTime_) // what is a piece of something longer begins later
+        firstTime_ = time - static_cast<double>(samplesBeforeFragments_) *
+                                track_->description().properties.format->framesPerPacket;
+    const double frame = std::round(time - *firstTime_);
+    if (frame < 0 || frame > kMostFrames)
+        return;
+    if (offsetsHold_)
+        places_.add(static_cast<std::int64_t>(frame), fragmentOffset_ - *dataOffset_);
+    if (wanted_)
+        goToWanted(static_cast<std::int64_t>(frame));
+}
+
+/// Leaves out the samples of the fragment before the one that a seek asked for.
+/// @param frame the first of the fragment
+void Mpeg4Parser::goToWanted(std::int64_t frame)
+{
+    const auto& format = *track_->description().properties.format;
+    const std::uint64_t samples = cutter_.table().count();
+    const std::int64_t before = std::max<std::int64_t>(*wanted_ - frame, 0);
+    if (static_cast<double>(before) > SeekPlaces::kMostLeftOut * format.sampleRate) {
+        wanted_.reset();
+        return;
+    }
+    const auto left = static_cast<std::uint64_t>(before) / std::max<std::uint32_t>(format.framesPerPacket, 1);
+    if (left < samples) {
+        cutter_.goTo(left);
+        wanted_.reset();
+    } else if (cutter_.packets() > packetsBeforeBreak_) {
+        cutter_.follow({});
+    } else {
+        // Listeners seek by an estimate of the length: should the song end here, something was heard.
+        cutter_.goTo(samples - 1);
+    }
 }
 
 /// Takes the first track of sound that is enabled, or else the first.
@@ -200,6 +261,7 @@ AudioStatus Mpeg4Parser::movieEnds()
         largest = std::max(largest, track_->description().largestSample);
     properties_->packetSizeUpperBound = largest + 1;
     properties_->maximumPacketSize = largest;
+    samplesBeforeFragments_ = table.count();
     if (table.count() > 0) {
         const std::int64_t begin = table.placeOf(0).offset;
         if (!fragmented_)
@@ -214,6 +276,7 @@ AudioStatus Mpeg4Parser::movieEnds()
     }
     const auto size = std::find_if(defaultSizes_.begin(), defaultSizes_.end(),
                                    [this](const auto& entry) { return entry.first == track_->id(); });
+    places_.describe(*track_->description().properties.format);
     fragment_.emplace(track_->id(), size == defaultSizes_.end() ? 0 : size->second);
     return kAudioOk;
 }
@@ -267,15 +330,14 @@ AudioStatus Mpeg4Parser::seek(std::int64_t packet, std::int64_t& byteOffset, boo
     }
     const auto& format = *track_->description().properties.format;
     const double seconds = static_cast<double>(packet) * format.framesPerPacket / format.sampleRate;
+    const AudioStatus status = places_.seek(packet, byteOffset, estimated);
+    if (status != kAudioOk)
+        return status;
     if (const auto offset = segments_.offsetAt(seconds); offset && *offset >= *dataOffset_) {
         byteOffset = *offset - *dataOffset_;
-    } else {
-        constexpr double kLargest = 1e15;
-        estimated = true;
-        const double average =
-            static_cast<double>(cutter_.packetBytes()) / static_cast<double>(cutter_.packets());
-        byteOffset = static_cast<std::int64_t>(std::min(average * static_cast<double>(packet), kLargest));
+        estimated = false;
     }
+    wanted_ = packet * format.framesPerPacket;
     sought_ = static_cast<std::uint64_t>(packet);
     return kAudioOk;
 }

@@ -7,6 +7,7 @@
 #include "platform/desktop/parsers/Mpeg4SampleCutter.h"
 #include "platform/desktop/parsers/Mpeg4SegmentIndex.h"
 #include "platform/desktop/parsers/Mpeg4Track.h"
+#include "platform/desktop/parsers/SeekPlaces.h"
 
 namespace zib {
 
@@ -20,7 +21,8 @@ class Mpeg4Parser : public FormatParser, private Mpeg4BoxReader::Client {
 
     AudioStatus parse(std::span<const std::byte> bytes, bool discontinuous) override;
     /// Exact where the file's index tells; a packet beyond the last is the last one, since listeners seek by
-    /// an estimate of the length. In a fragmented file the place is that of the segment around the packet.
+    /// an estimate of the length. In a fragmented file the place is that of the segment or, by the average,
+    /// the fragment around the packet; the samples before it are left out where fragments tell their time.
     AudioStatus seek(std::int64_t packet, std::int64_t& byteOffset, bool& estimated) override;
 
   private:
@@ -44,6 +46,8 @@ class Mpeg4Parser : public FormatParser, private Mpeg4BoxReader::Client {
     AudioStatus movieEnds();
     void audioBegins(std::int64_t offset);
     void releaseHeld();
+    void fragmentEnds();
+    void goToWanted(std::int64_t frame);
     AudioStatus searchFragment(std::span<const std::byte> bytes);
 
     Mpeg4BoxReader boxes_;
@@ -60,9 +64,15 @@ class Mpeg4Parser : public FormatParser, private Mpeg4BoxReader::Client {
     bool fragmented_ = false;
     std::optional<Mpeg4Fragment> fragment_;
     Mpeg4SegmentIndex segments_;
-    bool searching_ = false;          ///< for a fragment, after a break
-    bool offsetsHold_ = true;         ///< no bytes of a fragmented file were left out
-    std::vector<std::byte> searched_; ///< what may be the beginning of one
+    bool searching_ = false;             ///< for a fragment, after a break
+    bool offsetsHold_ = true;            ///< no bytes of a fragmented file were left out
+    std::vector<std::byte> searched_;    ///< what may be the beginning of one
+    std::optional<std::int64_t> wanted_; ///< the frame that a seek asked for, until it comes
+    SeekPlaces places_;                  ///< of fragments
+    std::uint64_t samplesBeforeFragments_ = 0;
+    std::optional<double> firstTime_;               ///< of the song, in frames, as fragments count
+    std::int64_t fragmentOffset_ = 0;               ///< byte of the file that the last one begins at
+    std::optional<std::int64_t> lastAudioFragment_; ///< and the last with samples of the track
 
     std::optional<AudioFileProperties> properties_; ///< until it is known where the audio begins
     std::optional<std::int64_t> dataOffset_;

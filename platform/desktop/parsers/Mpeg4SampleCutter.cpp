@@ -92,8 +92,6 @@ void Mpeg4SampleCutter::emit(std::span<const std::byte> bytes,
 {
     if (unannounced_)
         output_.announce(*std::exchange(unannounced_, std::nullopt));
-    for (const auto& packet : packets)
-        packetBytes_ += packet.dataByteSize;
     packets_ += packets.size();
     output_.packets(bytes, static_cast<std::uint32_t>(packets.size()), packets);
 }

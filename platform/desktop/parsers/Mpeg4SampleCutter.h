@@ -23,7 +23,6 @@ class Mpeg4SampleCutter {
 
     [[nodiscard]] const Mpeg4SampleTable& table() const { return table_; }
     [[nodiscard]] std::uint64_t packets() const { return packets_; } ///< handed on so far
-    [[nodiscard]] std::uint64_t packetBytes() const { return packetBytes_; }
 
   private:
     bool carry(std::span<const std::byte> bytes, std::int64_t offset, std::uint32_t size);
@@ -38,7 +37,6 @@ class Mpeg4SampleCutter {
     std::vector<std::byte> carry_;              ///< what came of it
     std::vector<AudioPacketDescription> batch_; ///< offsets are those in the bytes being cut
     std::uint64_t packets_ = 0;
-    std::uint64_t packetBytes_ = 0;
 };
 
 } // namespace zib

@@ -25,6 +25,7 @@ Mpeg4BoxReader::Treatment Mpeg4Track::treatmentOf(std::uint32_t type, std::uint3
     constexpr Known kKnown[] = {
         {fourCharacters("trak"), fourCharacters("tkhd"), {Handling::Gather, 24}},
         {fourCharacters("trak"), fourCharacters("mdia"), {Handling::Enter}},
+        {fourCharacters("mdia"), fourCharacters("mdhd"), {Handling::Gather, 24}},
         {fourCharacters("mdia"), fourCharacters("hdlr"), {Handling::Gather, 12}},
         {fourCharacters("mdia"), fourCharacters("minf"), {Handling::Enter}},
         {fourCharacters("minf"), kTable, {Handling::Enter}},
@@ -53,6 +54,10 @@ void Mpeg4Track::read(std::uint32_t type, std::span<const std::byte> body)
             enabled_ = (body[3] & std::byte{1}) != std::byte{0};
             id_ = bigEndian32(body.subspan(body[0] == std::byte{0} ? 12 : 20));
         }
+        break;
+    case fourCharacters("mdhd"):
+        if (body.size() == 24)
+            timeScale_ = bigEndian32(body.subspan(body[0] == std::byte{0} ? 12 : 20));
         break;
     case fourCharacters("hdlr"):
         sound_ = body.size() == 12 && startsWith(body.subspan(8), "soun");

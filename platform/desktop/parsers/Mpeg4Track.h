@@ -16,6 +16,7 @@ class Mpeg4Track {
     [[nodiscard]] bool isPlayable();
 
     [[nodiscard]] std::uint32_t id() const { return id_; }
+    [[nodiscard]] std::uint32_t timeScale() const { return timeScale_; } ///< units a second; 0: not told
     [[nodiscard]] bool isSound() const { return sound_.value_or(false); }
     [[nodiscard]] bool isEnabled() const { return enabled_; }
     [[nodiscard]] const Mpeg4SampleDescription& description() const { return *description_; }
@@ -24,6 +25,7 @@ class Mpeg4Track {
   private:
     std::uint32_t id_ = 0;
     bool enabled_ = false;
+    std::uint32_t timeScale_ = 0;
     std::optional<bool> sound_; ///< none while its handler is not known
     std::uint32_t firstDuration_ = 0;
     std::vector<std::byte> descriptionBody_;

@@ -88,6 +88,7 @@ std::optional<OggPage> OggPages::next()
         page.continued = (flags & 1) != 0;
         page.first = (flags & 2) != 0;
         page.last = (flags & 4) != 0;
+        page.endFrame = static_cast<std::int64_t>(littleEndian64(bytes.subspan(6)));
         page.serial = littleEndian32(bytes.subspan(14));
         page.sequence = littleEndian32(bytes.subspan(18));
         page.body = bytes.subspan(headerBytes, page.bytes - headerBytes);

@@ -19,6 +19,8 @@ struct OggPage {
     bool continued = false; ///< whether it begins with the rest of a packet
     bool first = false;     ///< of its logical stream
     bool last = false;
+    std::int64_t endFrame =
+        -1; ///< after the last packet that ends on it, as its stream counts; -1: none does
     std::uint32_t serial = 0;
     std::uint32_t sequence = 0;
     std::span<const std::byte> segmentSizes; ///< a packet ends with one below 255

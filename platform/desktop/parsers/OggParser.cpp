@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace zib {
 
@@ -14,6 +15,7 @@ constexpr std::int64_t kMaximumSearch = std::int64_t{1} << 20;
 // Held back at most: less than readers gather in buffers of the bound's size before they start, and so little
 // that a file that was cut off early, and does not mark its end, still plays.
 constexpr std::size_t kHeldBuffers = 8;
+constexpr std::int64_t kMaximumFrame = std::int64_t{1} << 44;
 constexpr double kHeldSeconds = 0.9; // many encoders end a page each second
 
 } // namespace
@@ -45,9 +47,10 @@ AudioStatus OggParser::parse(std::span<const std::byte> bytes, bool discontinuou
 void OggParser::restart()
 {
     pages_.restart();
-    const auto place = places_.placeAfterBreak();
-    base_ = place ? std::optional(dataOffset_ + *place) : std::nullopt;
-    frames_ = place ? places_.frameAt(*place) : std::nullopt;
+    const auto target = places_.targetAfterBreak();
+    base_ = target ? std::optional(dataOffset_ + target->byteOffset) : std::nullopt;
+    frames_ = target ? places_.frameAt(target->byteOffset) : std::nullopt;
+    wanted_ = target ? std::optional(target->frame) : std::nullopt;
     next_.reset();
     codec_->forgetPrevious();
     amongFirstPages_ = false;
@@ -69,14 +72,70 @@ AudioStatus OggParser::takePage(const OggPage& page)
         amongFirstPages_ = false;
         if (!codec_)
             return kUnsupportedDataFormat;
-        if (ours(page.serial))
+        if (ours(page.serial)) {
             status = takePackets(page);
+            locate(page);
+        }
     }
     if (!announced_ && !batch_.empty() && ((page.last && serial_ == page.serial) || heardEnough()))
         announce();
-    if (announced_)
+    if (announced_) {
+        dropUnwanted();
         deliver();
+    }
     return status;
+}
+
+/// Learns from the page which frames it holds, or how its stream counts them.
+void OggParser::locate(const OggPage& page)
+{
+    if (!dataPlace_ || page.endFrame < 0 || page.endFrame > kMaximumFrame)
+        return;
+    if (base_)
+        places_.countPiece(static_cast<std::int64_t>(page.bytes));
+    if (frames_) {
+        if (!page.last) // which may cut off what its last packet has too much
+            counted_.emplace(page.serial, *frames_ - page.endFrame);
+    } else if (counted_ && counted_->first == page.serial) {
+        frames_ = std::max<std::int64_t>(counted_->second + page.endFrame, 0);
+        if (base_)
+            places_.add(*frames_ - batchFrames(), *base_ + pagePlace_ - dataOffset_);
+    }
+}
+
+std::int64_t OggParser::batchFrames() const
+{
+    return std::accumulate(
+        batch_.begin(), batch_.end(), std::int64_t{0},
+        [](std::int64_t sum, const auto& packet) { return sum + packet.variableFramesInPacket; });
+}
+
+/// Leaves out what a seek to a place that was rather early brought before the frame that it asked for.
+void OggParser::dropUnwanted()
+{
+    if (!wanted_ || batch_.empty())
+        return;
+    if (!frames_) {
+        wanted_.reset();
+        return;
+    }
+    std::int64_t end = *frames_ - batchFrames();
+    if (static_cast<double>(*wanted_ - end) > SeekPlaces::kMostLeftOut * codec_->format().sampleRate)
+        end = *wanted_;
+    auto first = batch_.begin();
+    for (; first != batch_.end(); ++first) {
+        end += first->variableFramesInPacket;
+        if (end > *wanted_) {
+            wanted_.reset();
+            break;
+        }
+    }
+    // Listeners seek by an estimate of the length: should the song end here, something was heard.
+    if (first == batch_.end() && !deliveredSinceBreak_)
+        --first;
+    batch_.erase(batch_.begin(), first);
+    if (batch_.empty())
+        bytes_.clear();
 }
 
 /// The first pages of all streams come together; those of a group after the first follow in a chain.

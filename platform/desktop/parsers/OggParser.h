@@ -6,6 +6,8 @@
 #include "platform/desktop/parsers/OggPages.h"
 #include "platform/desktop/parsers/SeekPlaces.h"
 
+#include <utility>
+
 namespace zib {
 
 /// Takes Vorbis, Opus or FLAC out of Ogg files: the first such stream, whatever streams are beside it, and
@@ -35,6 +37,9 @@ class OggParser : public FormatParser {
     [[nodiscard]] std::size_t bytesWanted() const;
     [[nodiscard]] std::uint32_t boundSoFar() const;
     [[nodiscard]] bool heardEnough() const;
+    void locate(const OggPage& page);
+    [[nodiscard]] std::int64_t batchFrames() const;
+    void dropUnwanted();
     void announce();
     void deliver();
 
@@ -64,6 +69,9 @@ class OggParser : public FormatParser {
     std::size_t largestPacket_ = 0;
     std::int64_t heldFrames_ = 0;
     std::optional<std::int64_t> frames_ = 0; ///< before the packet that comes, where known
+    std::optional<std::int64_t> wanted_;     ///< the frame that a seek asked for, until it comes
+    /// Which stream of a chain it is whose pages tell their frames, and the frames before it.
+    std::optional<std::pair<std::uint32_t, std::int64_t>> counted_;
     SeekPlaces places_;
     bool deliveredSinceBreak_ = false;
 
