@@ -19,7 +19,7 @@ namespace fs = std::filesystem;
 constexpr int deepestFolder = 64;
 constexpr qint64 largestSong = qint64(4) << 30;
 
-constexpr std::array<std::pair<QLatin1String, const char*>, 9> songTypes{{
+constexpr std::array<std::pair<QLatin1String, const char*>, 13> songTypes{{
     {QLatin1String("mp3"), "audio/mpeg"},
     {QLatin1String("wav"), "audio/wav"},
     {QLatin1String("m4a"), "audio/mp4"},
@@ -29,6 +29,10 @@ constexpr std::array<std::pair<QLatin1String, const char*>, 9> songTypes{{
     {QLatin1String("aiff"), "audio/aiff"},
     {QLatin1String("aifc"), "audio/aiff"},
     {QLatin1String("caf"), "audio/x-caf"},
+    {QLatin1String("flac"), "audio/flac"},
+    {QLatin1String("ogg"), "audio/ogg"},
+    {QLatin1String("oga"), "audio/ogg"},
+    {QLatin1String("opus"), "audio/ogg"},
 }};
 
 class Walk {

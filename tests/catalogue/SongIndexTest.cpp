@@ -12,6 +12,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 #include <QSet>
 #include <QSqlQuery>
 #include <QTemporaryDir>
@@ -118,6 +119,22 @@ TEST_F(SongIndexTest, ReadsTagsAndFillsInFromTheFolders)
     EXPECT_EQ(titles(u"Amber Tide"_s), (QStringList{u"Flow"_s, u"Ebb"_s}));
     EXPECT_EQ(index_.songs(u"amber tide"_s, 10).last().tags.album, u"Low"_s);
     EXPECT_EQ(titles(u"Unknown Artist"_s), QStringList{u"loose"_s});
+}
+
+TEST_F(SongIndexTest, ReadsWhatIsSungFromEveryKindOfFile)
+{
+    write(u"plain.wav"_s);
+    const QStringList kinds{u"mp3"_s, u"m4a"_s, u"flac"_s, u"ogg"_s, u"opus"_s};
+    for (const QString& kind : kinds)
+        EXPECT_EQ(QProcess::execute(u"ffmpeg"_s, {u"-v"_s, u"error"_s, u"-i"_s, path(u"plain.wav"_s),
+                                                  u"-ar"_s, u"48000"_s, u"-metadata"_s, u"lyrics=La\nla"_s,
+                                                  u"-metadata"_s, u"artist=A"_s, path(u"song."_s + kind)}),
+                  0);
+    update();
+    const auto songs = index_.songs(u"a"_s, 10);
+    EXPECT_EQ(songs.size(), kinds.size());
+    for (const auto& song : songs)
+        EXPECT_EQ(index_.lyrics(song.id), u"La\nla"_s) << song.path.constData();
 }
 
 TEST_F(SongIndexTest, FollowsTheFolderAsItChanges)
