@@ -64,7 +64,8 @@ void addContent(pugi::xml_node parent, const char* name, const QString& html)
         return;
     auto element = parent.append_child(name);
     addText(element, "summary", html.section(u'\n', 0, 0));
-    addText(element, "content", html);
+    // Clients count lines by their ends and lose a last one that has none.
+    addText(element, "content", html.trimmed().replace(u'\n', QStringLiteral("\n\n")) + u'\n');
 }
 
 } // namespace zib

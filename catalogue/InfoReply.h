@@ -37,8 +37,9 @@ void addImages(pugi::xml_node parent, const ImageAddresses& images);
 /// The element of that name with a "tag" for each.
 void addTags(pugi::xml_node parent, const char* name, const QStringList& tags, const QString& base);
 
-/// A text as the "content" of the element of that name, and its beginning as the summary; nothing when it is
-/// empty.
+/// A text as the "content" of the element of that name, with its paragraphs set apart, and the first of them
+/// as the summary; nothing when it is empty.
+/// @param html one line a paragraph
 void addContent(pugi::xml_node parent, const char* name, const QString& html);
 
 } // namespace zib

@@ -18,8 +18,8 @@ HttpReply LyricsService::answer(const HttpRequest& request) const
     addText(result, "LyricId", found ? QStringLiteral("1") : QStringLiteral("0"));
     addText(result, "LyricSong", found ? song->title : QString());
     addText(result, "LyricArtist", found ? song->artist : QString());
-    // Pages show the text as HTML.
-    addText(result, "Lyric", lyrics.toHtmlEscaped());
+    // Pages show the text as HTML. They count lines by their ends and lose a last one that has none.
+    addText(result, "Lyric", found ? lyrics.toHtmlEscaped() + u'\n' : QString());
     return xmlReply(document, 200);
 }
 

@@ -59,6 +59,7 @@ std::vector<Person> peopleOf(const Sitters& sitters, const Tones& tones)
     constexpr std::array skins{0xfff3d3b6U, 0xffe0ae88U, 0xffb97f58U, 0xff7d5138U};
     constexpr std::array hairs{0xff2a2322U, 0xff5a3a2aU, 0xff8f5a34U, 0xffc9a063U, 0xff7b7773U, 0xff983f2bU};
     constexpr int hairStyles = 7;
+    constexpr int leastContrast = 45; // between skin and hair, of 255
     Random random(sitters.seed ^ 0x51773e25U);
     const int firstStyle = random.below(hairStyles);
     const std::array coats{tones.ink, tones.shade, mixed(tones.accent, tones.ink, 0.25),
@@ -68,6 +69,8 @@ std::vector<Person> peopleOf(const Sitters& sitters, const Tones& tones)
         Person person;
         person.skin = mixed(QColor::fromRgb(random.pick(skins)), tones.light, 0.12);
         person.hair = mixed(QColor::fromRgb(random.pick(hairs)), tones.ink, 0.18);
+        if (std::abs(qGray(person.hair.rgb()) - qGray(person.skin.rgb())) < leastContrast)
+            person.hair = mixed(person.hair, qGray(person.skin.rgb()) > 110 ? tones.ink : tones.paper, 0.6);
         person.hairStyle = (firstStyle + i * 3) % hairStyles; // no two alike
         person.coat = coats.at(static_cast<std::size_t>(i + random.below(2)) % coats.size());
         person.shirt = i % 2 == 0 ? tones.paper : mixed(tones.accent, tones.paper, 0.3);

@@ -162,30 +162,30 @@ TEST_F(InfoRequestsTest, ClientsFindEveryValueWhereTheyReadIt)
 
         {artistInfo + "salt%2Forchard", "lfm/artist/name", u"Salt/Orchard"_s},
         {artistInfo + demo, "lfm/artist/bio/content",
-         u"They met %1 &amp; liked <a href=\"http://127.0.0.1:99/tag/dream%20pop\">dream pop</a>.\n"
-         "They stayed."_s.arg(bjorn)},
+         u"They met %1 &amp; liked <a href=\"http://127.0.0.1:99/tag/dream%20pop\">dream pop</a>.\n\n"
+         "They stayed.\n"_s.arg(bjorn)},
         {artistInfo + "Bj%C3%B6rn", "lfm/artist/similar/artist/name", u"Salt/Orchard|Own"_s},
         {artistInfo + "Own", "lfm/artist/similar/artist[count(image)=3]/name", u"Salt/Orchard|Björn"_s},
         {artistInfo + "Bj%C3%B6rn", "lfm/artist/similar/artist[1]/image[3]", picture + u"-1-tile.jpg"_s},
         {artistInfo + "Own", "lfm/artist/bio/content",
          u"In your music: <i>Disc</i> (1998). Filed under "
          "<a href=\"http://127.0.0.1:99/tag/folk\">folk</a> and "
-         "<a href=\"http://127.0.0.1:99/tag/home\">home</a>."_s},
+         "<a href=\"http://127.0.0.1:99/tag/home\">home</a>.\n"_s},
         {artistInfo + "Nobody", "lfm/artist", u""_s},
 
         {albumInfo + demo + "&album=first+%26+last", "lfm/album/name", u"First & Last"_s},
         {albumInfo + demo + "&album=First+%26+Last", "lfm/album/image[3]",
          u"http://127.0.0.1:99/cover/"_s + QString(32, u'a')},
         {albumInfo + demo + "&album=First+%26+Last", "lfm/album/wiki/content",
-         u"Made with %1 &lt;by&gt; the <a href=\"http://127.0.0.1:99/tag/sea\">sea</a>."_s.arg(bjorn)},
+         u"Made with %1 &lt;by&gt; the <a href=\"http://127.0.0.1:99/tag/sea\">sea</a>.\n"_s.arg(bjorn)},
         {albumInfo + "Own&album=Disc", "lfm/album/wiki", u""_s},
         {albumInfo + "Own&album=First+%26+Last", "lfm/album", u""_s},
 
         {lyrics + demo + "&song=Low%20%26%20High", "GetLyricResult/LyricArtist", u"Salt/Orchard"_s},
         {lyrics + demo + "&song=Low%20%26%20High", "GetLyricResult/LyricSong", u"Low & High"_s},
         {lyrics + demo + "&song=Low%20%26%20High", "GetLyricResult/Lyric",
-         u"One &quot;two&quot;\n&lt;three&gt;"_s},
-        {lyrics + "Own&song=Two", "GetLyricResult/Lyric", u"La\nla"_s},
+         u"One &quot;two&quot;\n&lt;three&gt;\n"_s},
+        {lyrics + "Own&song=Two", "GetLyricResult/Lyric", u"La\nla\n"_s},
         {lyrics + "Own&song=One", "GetLyricResult/LyricArtist", u""_s},
 
         {demoRelease, "metadata/release/@type", u"Album"_s},

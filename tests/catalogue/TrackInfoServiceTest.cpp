@@ -84,7 +84,7 @@ TEST_F(TrackInfoServiceTest, TheClientReadsEveryField)
     EXPECT_EQ(info.tags, (QStringList{u"post-rock"_s, u"dream pop"_s}));
     EXPECT_EQ(info.artwork, u"http://127.0.0.1:99/cover/"_s + QString(32, u'a'));
     EXPECT_EQ(info.artworkLarge, info.artwork);
-    EXPECT_EQ(info.wiki, u"They met by the sea &amp; stayed.<br>Filed under "
+    EXPECT_EQ(info.wiki, u"They met by the sea &amp; stayed.<br><br>Filed under "
                          "<a href=\"zib://search/tag/post-rock\">post-rock</a> and "
                          "<a href=\"zib://search/tag/dream%20pop\">dream pop</a>. If you like this, try "
                          "<a href=\"zib://search/artist/Bj%C3%B6rn\">Björn</a>."_s);
