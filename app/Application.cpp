@@ -9,7 +9,6 @@
 #include "controller/RVMainController.h"
 #include "library/FileImporter.h"
 #include "library/LibraryFile.h"
-#include "library/LibraryLoading.h"
 #include "library/RVDataManager.h"
 #include "platform/SettingsKeys.h"
 #include "platform/desktop/CurlReadStreams.h"
@@ -90,9 +89,9 @@ Places Places::standard()
 
 // Destroyed in the reverse order: first what calls others, then what they call.
 struct Application::Parts {
-    Parts(Places where, const QVariantMap& overrides)
+    Parts(Places where, LibraryLoading loading, const QVariantMap& overrides)
         : places(std::move(where))
-        , library(places.library)
+        , library(std::move(loading))
         , defaults(places.settings, overrides)
         , loader(places.cache)
         , queues(sound)
@@ -122,7 +121,7 @@ struct Application::Parts {
     void open(const StartRequest& request);
 
     Places places;
-    LibraryLoading library; // from here on; whatever does not need it is made meanwhile
+    LibraryLoading library; // whatever does not need it is made meanwhile
     SystemClock clock;
     SettingsFile defaults;
     std::unique_ptr<CatalogueProcess> catalogue;
@@ -187,8 +186,8 @@ void Application::Parts::startCatalogue()
     defaults.registerDefaults(*hostsAtBase(loopbackBase(catalogue->port())));
 }
 
-Application::Application(Places places, const QVariantMap& overrides)
-    : parts_(std::make_unique<Parts>(std::move(places), overrides))
+Application::Application(Places places, LibraryLoading library, const QVariantMap& overrides)
+    : parts_(std::make_unique<Parts>(std::move(places), std::move(library), overrides))
 {
     Parts& parts = *parts_;
     if (parts.catalogue && parts.catalogue->port() != 0) {

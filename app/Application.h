@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/SingleInstance.h"
+#include "library/LibraryLoading.h"
 
 #include <QString>
 #include <QStringList>
@@ -31,8 +32,9 @@ struct Places {
 /// which they need each other. The only place that knows all rooms. Main thread.
 class Application {
   public:
+    /// @param library begun before everything else.
     /// @param overrides settings that hold for this run only.
-    Application(Places places, const QVariantMap& overrides);
+    Application(Places places, LibraryLoading library, const QVariantMap& overrides);
     ~Application();
 
     /// Shows the window, opens what the start was given and returns.

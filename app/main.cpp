@@ -5,6 +5,7 @@
 #include "app/TerminationSignals.h"
 #include "library/LibraryExport.h"
 #include "library/LibraryFile.h"
+#include "library/LibraryLoading.h"
 #include "services/ServiceHosts.h"
 
 #include <QApplication>
@@ -15,7 +16,10 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
+#include <optional>
+#include <utility>
 
 namespace {
 
@@ -47,11 +51,13 @@ struct Options {
         QStringLiteral("FILE")};
 };
 
-void parse(QCommandLineParser& parser, const Options& options)
+/// The program's result when the arguments end it already. It never exits from within: a library may be on
+/// its way into memory on another thread.
+std::optional<int> parse(QCommandLineParser& parser, const Options& options)
 {
     parser.setApplicationDescription(QCoreApplication::translate("main", "Finds, plays and keeps music."));
-    parser.addHelpOption();
-    parser.addVersionOption();
+    const QCommandLineOption help = parser.addHelpOption();
+    const QCommandLineOption version = parser.addVersionOption();
     parser.addPositionalArgument(
         QStringLiteral("FILE"),
         QCoreApplication::translate("main",
@@ -59,7 +65,18 @@ void parse(QCommandLineParser& parser, const Options& options)
         QStringLiteral("[FILE…]"));
     parser.addOption(options.services);
     parser.addOption(options.exportLibrary);
-    parser.process(*QCoreApplication::instance());
+    if (!parser.parse(QCoreApplication::arguments()))
+        return fail(parser.errorText(), EXIT_FAILURE);
+    if (parser.isSet(help)) {
+        QTextStream(stdout) << parser.helpText();
+        return EXIT_SUCCESS;
+    }
+    if (parser.isSet(version)) {
+        QTextStream(stdout) << QCoreApplication::applicationName() << ' '
+                            << QCoreApplication::applicationVersion() << '\n';
+        return EXIT_SUCCESS;
+    }
+    return std::nullopt;
 }
 
 /// The absolute path of an argument, which may be an address as desktops hand them over.
@@ -76,7 +93,8 @@ int exportLibrary(int argc, char** argv)
     nameApplication();
     const Options options;
     QCommandLineParser parser;
-    parse(parser, options);
+    if (const auto ended = parse(parser, options))
+        return *ended;
     const auto exported =
         zib::exportLibrary(zib::LibraryFile::standardPath(), parser.value(options.exportLibrary));
     return exported ? 0 : fail(exported.error(), 1);
@@ -84,6 +102,8 @@ int exportLibrary(int argc, char** argv)
 
 int runProgram(int argc, char** argv)
 {
+    // First of all: it takes about as long as everything up to the window.
+    zib::LibraryLoading library(zib::LibraryFile::standardPath());
     zib::StartRequest request;
     request.activationToken = qEnvironmentVariable("XDG_ACTIVATION_TOKEN"); // before the window takes it
     QApplication application(argc, argv);
@@ -96,7 +116,8 @@ int runProgram(int argc, char** argv)
 
     const Options options;
     QCommandLineParser parser;
-    parse(parser, options);
+    if (const auto ended = parse(parser, options))
+        return *ended;
     const QStringList arguments = parser.positionalArguments();
     for (const QString& argument : arguments) {
         if (zib::AppDelegate::isAddress(argument)) {
@@ -123,7 +144,7 @@ int runProgram(int argc, char** argv)
     zib::SingleInstance instance(places.meetingPlace);
     if (!instance.claim(request))
         return 0;
-    zib::Application program(places, overrides);
+    zib::Application program(places, std::move(library), overrides);
     QObject::connect(&instance, &zib::SingleInstance::requested, &application,
                      [&](const zib::StartRequest& later) { program.reopen(later); });
     const zib::TerminationSignals signalHandler([] { QCoreApplication::quit(); });

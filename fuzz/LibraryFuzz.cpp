@@ -6,7 +6,9 @@
 #include "records/PropertyList.h"
 #include "records/PropertyListWriter.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <span>
 #include <vector>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
@@ -15,7 +17,19 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static_cast<void>(zib::LibraryFile::parse(file));
 
     const QByteArrayView content(data, static_cast<qsizetype>(size));
-    static_cast<void>(zib::readPropertyListWithTable(content, zib::keys::Library));
+    const auto document = zib::readPropertyListWithTable(content, zib::keys::Library);
+    // However the bytes come, they say the same.
+    qsizetype done = 0;
+    const zib::ByteSource drops = [&content, &done](std::span<char> target) {
+        const qsizetype count = std::min({qsizetype(target.size()), content.size() - done, qsizetype(7)});
+        std::copy_n(content.data() + done, count, target.data());
+        done += count;
+        return std::size_t(count);
+    };
+    const auto again = zib::readPropertyListWithTable(drops, zib::keys::Library);
+    if (document.has_value() != again.has_value() ||
+        (document && (!(document->root == again->root) || document->table.size() != again->table.size())))
+        std::abort();
     const auto value = zib::readPropertyList(content);
     if (!value)
         return 0;

@@ -39,30 +39,34 @@ Block makeVector()
     return vector;
 }
 
-bool decipher(unsigned char* bytes, std::size_t size, const unsigned char* vector)
+CipherContext decipheringContext(const Block& vector)
 {
-    const std::unique_ptr<EVP_CIPHER_CTX, decltype(&EVP_CIPHER_CTX_free)> context(EVP_CIPHER_CTX_new(),
-                                                                                  EVP_CIPHER_CTX_free);
+    CipherContext context(EVP_CIPHER_CTX_new());
     Block key;
     if (!context || !deriveKey(key) ||
-        EVP_DecryptInit_ex(context.get(), EVP_aes_128_cbc(), nullptr, key.data(), vector) != 1)
-        return false;
+        EVP_DecryptInit_ex(context.get(), EVP_aes_128_cbc(), nullptr, key.data(), vector.data()) != 1)
+        return nullptr;
     EVP_CIPHER_CTX_set_padding(context.get(), 0);
-    while (size > 0) {
-        const std::size_t piece = std::min(size, maximalPiece);
-        int written = 0;
-        if (EVP_DecryptUpdate(context.get(), bytes, &written, bytes, static_cast<int>(piece)) != 1 ||
-            static_cast<std::size_t>(written) != piece)
-            return false;
-        bytes += piece;
-        size -= piece;
-    }
-    return true;
+    return context;
+}
+
+/// Where they stand; whole blocks.
+bool decipher(evp_cipher_ctx_st* context, std::span<char> bytes)
+{
+    auto* const data = reinterpret_cast<unsigned char*>(bytes.data());
+    int written = 0;
+    return EVP_DecryptUpdate(context, data, &written, data, static_cast<int>(bytes.size())) == 1 &&
+           static_cast<std::size_t>(written) == bytes.size();
+}
+
+std::span<char> charactersOf(Block& block)
+{
+    return {reinterpret_cast<char*>(block.data()), block.size()};
 }
 
 } // namespace
 
-void EnvelopeWriter::FreeContext::operator()(evp_cipher_ctx_st* context) const
+void FreeCipherContext::operator()(evp_cipher_ctx_st* context) const
 {
     EVP_CIPHER_CTX_free(context);
 }
@@ -115,25 +119,55 @@ bool EnvelopeWriter::finish()
     return valid_;
 }
 
-std::optional<QByteArrayView> openEnvelope(std::span<char> file)
+EnvelopeReader::EnvelopeReader(std::uint64_t fileSize, ReadAt readAt)
+    : readAt_(std::move(readAt))
+    , length_(readLength(fileSize))
 {
-    const std::size_t size = file.size();
-    if (size < 3 * blockSize || size % blockSize != 0)
+    Block vector;
+    if (length_ && readAt_(0, charactersOf(vector)))
+        context_ = decipheringContext(vector);
+    failed_ = !context_;
+}
+
+std::optional<std::uint64_t> EnvelopeReader::readLength(std::uint64_t fileSize)
+{
+    if (fileSize < 3 * blockSize || fileSize % blockSize != 0)
         return std::nullopt;
-    auto* const vector = reinterpret_cast<unsigned char*>(file.data());
-    unsigned char* const framed = vector + blockSize;
-    const std::size_t framedSize = size - blockSize;
-    if (!decipher(framed, framedSize, vector))
+    // A block needs no more to be deciphered than the one before it.
+    Block before;
+    Block tail;
+    static_assert(zeroesBeforeLength + lengthSize == blockSize);
+    if (!readAt_(fileSize - 2 * blockSize, charactersOf(before)) ||
+        !readAt_(fileSize - blockSize, charactersOf(tail)))
         return std::nullopt;
-    const unsigned char* const tail = framed + framedSize - lengthSize - zeroesBeforeLength;
-    if (std::any_of(tail, tail + zeroesBeforeLength, [](unsigned char byte) { return byte != 0; }))
+    const CipherContext context = decipheringContext(before);
+    if (!context || !decipher(context.get(), charactersOf(tail)))
         return std::nullopt;
-    std::size_t length = 0;
-    for (std::size_t i = 0; i < lengthSize; ++i)
-        length = (length << 8U) | tail[zeroesBeforeLength + i];
-    if (length > framedSize - blockSize - 1)
+    const auto* const zeroesEnd = tail.cbegin() + zeroesBeforeLength;
+    if (std::any_of(tail.cbegin(), zeroesEnd, [](unsigned char byte) { return byte != 0; }))
         return std::nullopt;
-    return QByteArrayView(framed, static_cast<qsizetype>(length));
+    std::uint64_t length = 0;
+    for (const auto* byte = zeroesEnd; byte != tail.cend(); ++byte)
+        length = (length << 8U) | *byte;
+    if (length > fileSize - 2 * blockSize - 1)
+        return std::nullopt;
+    return length;
+}
+
+std::size_t EnvelopeReader::read(std::span<char> target)
+{
+    if (failed_)
+        return 0;
+    const std::uint64_t left = *length_ - done_;
+    const std::size_t room = std::min(target.size(), maximalPiece) / blockSize;
+    const std::size_t blocks = std::min<std::uint64_t>(room, (left + blockSize - 1) / blockSize);
+    const std::span<char> piece = target.first(blocks * blockSize);
+    failed_ = !readAt_(blockSize + done_, piece) || !decipher(context_.get(), piece);
+    if (failed_)
+        return 0;
+    const std::size_t count = std::min<std::uint64_t>(piece.size(), left);
+    done_ += count;
+    return count;
 }
 
 } // namespace zib

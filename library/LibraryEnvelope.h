@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QByteArrayView>
-
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -20,6 +18,11 @@ namespace zib {
 // n, big-endian. It keeps a file from being edited by chance, and tells a cut or damaged one; it keeps no
 // secrets, for its key is built in.
 
+struct FreeCipherContext {
+    void operator()(evp_cipher_ctx_st* context) const;
+};
+using CipherContext = std::unique_ptr<evp_cipher_ctx_st, FreeCipherContext>;
+
 /// Enciphers content that comes in pieces. One thread at a time.
 class EnvelopeWriter {
   public:
@@ -32,21 +35,41 @@ class EnvelopeWriter {
     bool finish();
 
   private:
-    struct FreeContext {
-        void operator()(evp_cipher_ctx_st* context) const;
-    };
-
     void encipher(std::string_view piece);
 
     Sink sink_;
-    std::unique_ptr<evp_cipher_ctx_st, FreeContext> context_;
+    CipherContext context_;
     std::vector<unsigned char> output_;
     std::uint64_t length_ = 0;
     bool valid_ = false;
 };
 
-/// Deciphers the bytes of a file where they stand and answers the content in them; none when they are no such
-/// envelope.
-std::optional<QByteArrayView> openEnvelope(std::span<char> file);
+/// Deciphers a file piece by piece, so that the content of a large one never stands in memory whole. One
+/// thread at a time.
+class EnvelopeReader {
+  public:
+    /// Fills the span with the file's bytes from that place on; false when they cannot be had.
+    using ReadAt = std::function<bool(std::uint64_t offset, std::span<char> target)>;
+
+    EnvelopeReader(std::uint64_t fileSize, ReadAt readAt);
+
+    /// The length of the content, as the framing says, which is looked at first; none when that is not the
+    /// framing of such a file.
+    [[nodiscard]] std::optional<std::uint64_t> length() const { return length_; }
+    /// The next bytes of the content, at the front of the span, which has room for 16 at least. 0 is the end,
+    /// or a failure.
+    std::size_t read(std::span<char> target);
+    /// Whether not all could be read.
+    [[nodiscard]] bool hasFailed() const { return failed_; }
+
+  private:
+    std::optional<std::uint64_t> readLength(std::uint64_t fileSize);
+
+    ReadAt readAt_;
+    CipherContext context_;
+    std::optional<std::uint64_t> length_;
+    std::uint64_t done_ = 0; // of the content
+    bool failed_ = false;
+};
 
 } // namespace zib

@@ -12,6 +12,7 @@
 #include <QFileInfo>
 #include <QLoggingCategory>
 
+#include <algorithm>
 #include <filesystem>
 
 namespace zib {
@@ -20,6 +21,7 @@ namespace {
 Q_LOGGING_CATEGORY(log, "zib.library")
 
 const QString undecipherable = QStringLiteral("the file cannot be deciphered");
+constexpr qsizetype envelopeRoom = 16; // what EnvelopeReader wants beyond the content
 const QString applicationVersion = QStringLiteral("1.0");
 
 /// The records of a collection of the file. False when it is anything but an array of records; a missing one
@@ -30,6 +32,42 @@ bool takeRecords(const Record& root, RecordKey key, QList<Record>& records)
     const PropertyValue value = root.value(key);
     const auto* array = value.get<PropertyArray>();
     return value.isNull() || (array != nullptr && array->size() == records.size());
+}
+
+bool openForReading(QFile& file)
+{
+    return file.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
+}
+
+/// @param file is open and outlives the reader.
+EnvelopeReader::ReadAt readerOf(QFile& file, const std::stop_token& stop)
+{
+    return [&file, stop](std::uint64_t offset, std::span<char> target) {
+        const auto size = static_cast<qint64>(target.size());
+        return !stop.stop_requested() && file.seek(static_cast<qint64>(offset)) &&
+               file.read(target.data(), size) == size;
+    };
+}
+
+tl::expected<LibraryContents, QString> contentsOf(EnvelopeReader& envelope)
+{
+    auto document = readPropertyListWithTable(
+        [&envelope](std::span<char> target) { return envelope.read(target); }, keys::Library);
+    if (envelope.hasFailed())
+        return tl::unexpected(undecipherable);
+    if (!document)
+        return tl::unexpected(document.error());
+    LibraryContents contents;
+    contents.library = std::move(document->table);
+    if (!takeRecords(document->root, keys::Playlists, contents.playlists) ||
+        !takeRecords(document->root, keys::RecentSearches, contents.searches))
+        return tl::unexpected(QStringLiteral("a collection is no array of dictionaries"));
+    const PropertyValue userInfo = document->root.value(keys::Data);
+    if (const auto* record = userInfo.get<Record>())
+        contents.userInfo = *record;
+    else if (!userInfo.isNull())
+        return tl::unexpected(QStringLiteral("the user information is no dictionary"));
+    return contents;
 }
 
 } // namespace
@@ -44,56 +82,39 @@ bool LibraryFile::exists() const
     return QFileInfo::exists(path_);
 }
 
-tl::expected<LargeBuffer, QString> LibraryFile::readBytes() const
+tl::expected<LibraryContents, QString> LibraryFile::load(const std::stop_token& stop) const
 {
     QFile file(path_);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+    if (!openForReading(file))
         return tl::unexpected(file.errorString());
-    const qint64 size = file.size();
-    LargeBuffer buffer(static_cast<std::size_t>(size));
-    if (file.read(buffer.bytes().data(), qint64(buffer.bytes().size())) != size)
-        return tl::unexpected(file.errorString());
-    return buffer;
-}
-
-tl::expected<LibraryContents, QString> LibraryFile::load() const
-{
-    const auto buffer = readBytes();
-    if (!buffer)
-        return tl::unexpected(buffer.error());
-    return parse(buffer->bytes());
+    EnvelopeReader envelope(static_cast<std::uint64_t>(file.size()), readerOf(file, stop));
+    return contentsOf(envelope);
 }
 
 tl::expected<QByteArray, QString> LibraryFile::readPlain() const
 {
-    const auto buffer = readBytes();
-    if (!buffer)
-        return tl::unexpected(buffer.error());
-    const auto content = openEnvelope(buffer->bytes());
-    if (!content)
+    QFile file(path_);
+    if (!openForReading(file))
+        return tl::unexpected(file.errorString());
+    EnvelopeReader envelope(static_cast<std::uint64_t>(file.size()), readerOf(file, {}));
+    QByteArray plain(static_cast<qsizetype>(envelope.length().value_or(0)) + envelopeRoom, Qt::Uninitialized);
+    const std::span<char> room(plain.data(), static_cast<std::size_t>(plain.size()));
+    std::size_t done = 0;
+    while (const std::size_t count = envelope.read(room.subspan(done)))
+        done += count;
+    if (envelope.hasFailed())
         return tl::unexpected(undecipherable);
-    return content->toByteArray();
+    plain.truncate(static_cast<qsizetype>(done));
+    return plain;
 }
 
-tl::expected<LibraryContents, QString> LibraryFile::parse(std::span<char> bytes)
+tl::expected<LibraryContents, QString> LibraryFile::parse(std::span<const char> bytes)
 {
-    const auto content = openEnvelope(bytes);
-    if (!content)
-        return tl::unexpected(undecipherable);
-    auto document = readPropertyListWithTable(*content, keys::Library);
-    if (!document)
-        return tl::unexpected(document.error());
-    LibraryContents contents;
-    contents.library = std::move(document->table);
-    if (!takeRecords(document->root, keys::Playlists, contents.playlists) ||
-        !takeRecords(document->root, keys::RecentSearches, contents.searches))
-        return tl::unexpected(QStringLiteral("a collection is no array of dictionaries"));
-    const PropertyValue userInfo = document->root.value(keys::Data);
-    if (const auto* record = userInfo.get<Record>())
-        contents.userInfo = *record;
-    else if (!userInfo.isNull())
-        return tl::unexpected(QStringLiteral("the user information is no dictionary"));
-    return contents;
+    EnvelopeReader envelope(bytes.size(), [bytes](std::uint64_t offset, std::span<char> target) {
+        std::ranges::copy(bytes.subspan(offset, target.size()), target.begin());
+        return true;
+    });
+    return contentsOf(envelope);
 }
 
 bool LibraryFile::save(const LibrarySnapshot& snapshot) const

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "library/LargeBuffer.h"
 #include "records/Record.h"
 #include "records/RecordTable.h"
 
@@ -11,7 +10,9 @@
 
 #include <tl/expected.hpp>
 
+#include <functional>
 #include <span>
+#include <stop_token>
 
 namespace zib {
 
@@ -45,8 +46,8 @@ class LibraryFile {
     [[nodiscard]] const QString& path() const { return path_; }
     [[nodiscard]] bool exists() const;
 
-    /// The contents, or why the file is not a library.
-    [[nodiscard]] tl::expected<LibraryContents, QString> load() const;
+    /// The contents, or why the file is not a library. Gives up when it is asked to.
+    [[nodiscard]] tl::expected<LibraryContents, QString> load(const std::stop_token& stop = {}) const;
 
     /// Writes the file anew so that it is at every moment either the old or the new one, whole; makes its
     /// folder when there is none. A failure is logged and leaves the old file. At most one call at a time.
@@ -54,12 +55,10 @@ class LibraryFile {
 
     /// The deciphered content of the file, an XML property list, or why there is none.
     [[nodiscard]] tl::expected<QByteArray, QString> readPlain() const;
-    /// The contents of such bytes, which are deciphered where they stand.
-    static tl::expected<LibraryContents, QString> parse(std::span<char> bytes);
+    /// The contents of such a file's bytes.
+    static tl::expected<LibraryContents, QString> parse(std::span<const char> bytes);
 
   private:
-    [[nodiscard]] tl::expected<LargeBuffer, QString> readBytes() const;
-
     QString path_;
 };
 

@@ -9,6 +9,10 @@
 
 #include <tl/expected.hpp>
 
+#include <cstddef>
+#include <functional>
+#include <span>
+
 namespace zib {
 
 /// Arrays and dictionaries within each other are read and written so deep, no deeper.
@@ -29,5 +33,13 @@ struct TableDocument {
 /// The same for a root that is a dictionary, whose field of that key is read straight into a table. It is an
 /// error when the root is none or the field holds anything but dictionaries.
 tl::expected<TableDocument, QString> readPropertyListWithTable(QByteArrayView bytes, RecordKey tableKey);
+
+/// Puts the next bytes of a file at the front of the span and returns how many; 0 is the end. Giving few
+/// bytes at once makes reading slow.
+using ByteSource = std::function<std::size_t(std::span<char>)>;
+
+/// The same for bytes that come in pieces. Of an XML list little more than the largest entry of the table, or
+/// the largest other field, stands in memory at once.
+tl::expected<TableDocument, QString> readPropertyListWithTable(const ByteSource& source, RecordKey tableKey);
 
 } // namespace zib

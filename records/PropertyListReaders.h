@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "records/BlockMemory.h"
 #include "records/PropertyList.h"
 #include "records/RecordFields.h"
 
@@ -45,6 +46,9 @@ constexpr bool isBlank(char c)
 class XmlPropertyListReader {
   public:
     XmlPropertyListReader(std::string_view text, const TableTarget* target);
+    /// The text comes piece by piece, after the beginning that is here already. The source outlives the
+    /// reader.
+    XmlPropertyListReader(std::vector<char> beginning, const ByteSource& source, const TableTarget* target);
 
     bool read(PropertyValue& root);
     [[nodiscard]] QString error() const { return error_; }
@@ -56,16 +60,26 @@ class XmlPropertyListReader {
         bool closing = false;
         bool empty = false; // closes itself
     };
-    /// What stands between two values of a dictionary, and what it says.
+    /// What stands between two values of a dictionary.
     struct FieldStart {
-        std::string_view text;
         RecordKey key{0};
         Tag tag; // the opening tag of the value
+    };
+    struct KnownFieldStart {
+        std::string text;
+        FieldStart start;
     };
     struct CachedKey {
         std::string_view name;
         RecordKey key{0};
     };
+
+    /// Brings more of the text into memory and lets go of what is read. False when there is no more.
+    bool readOn();
+    /// Reads what must stand in memory whole. When that fails it may have been cut off, so it is begun again
+    /// with more of the text, up to all of it.
+    template <typename Reading>
+    bool readWhole(Reading reading);
 
     bool fail(const char* text);
     [[nodiscard]] bool startsWith(std::string_view text) const;
@@ -88,29 +102,51 @@ class XmlPropertyListReader {
     RecordKey interned(std::string_view name);
     bool readFieldStart(std::size_t& place, FieldStart& start, bool& atEnd);
     const FieldStart* knownFieldStart(std::size_t& place);
-    void rememberFieldStart(std::size_t& place, const FieldStart& start);
+    void rememberFieldStart(std::size_t& place, std::string_view text, const FieldStart& start);
     bool readField(RecordBuilder& builder, RecordKey key, const Tag& tag, int depth);
     bool readValue(const Tag& tag, int depth, PropertyValue& value);
     bool readArray(const Tag& tag, int depth, PropertyValue& value);
     bool readDictionary(const Tag& tag, int depth, RecordFields& fields);
+    bool readRootDictionary(const Tag& tag, PropertyValue& root);
     bool readTable(const Tag& tag, int depth);
+    bool readTableEntry(int depth, bool& atEnd);
     bool readInteger(const Tag& tag, PropertyValue& value);
     bool readReal(const Tag& tag, double& value);
     bool readDate(const Tag& tag, std::int64_t& seconds);
     bool readData(const Tag& tag, PropertyValue& value);
 
-    const char* const begin_;
+    const char* begin_; // of what stands in memory
     const char* at_;
-    const char* const end_;
+    const char* end_;
     const TableTarget* const target_;
+    const ByteSource* source_ = nullptr; // of the rest, while there is any
+    std::vector<char> window_;
+    std::size_t passed_ = 0; // bytes before begin_
     BuilderStack builders_;
+    BlockMemory blocks_; // of the records of the table
     std::array<CachedKey, 256> cachedKeys_;
     // One song's fields look like those of the song before, so they are compared before they are parsed: from
     // the end of one value into the next. What the same bytes say does not depend on where they stand.
-    std::vector<FieldStart> fieldStarts_;
+    std::vector<KnownFieldStart> fieldStarts_;
+    std::string tableId_;
     std::string scratch_;
     QString error_;
 };
+
+template <typename Reading>
+bool XmlPropertyListReader::readWhole(Reading reading)
+{
+    for (;;) {
+        const std::ptrdiff_t done = at_ - begin_;
+        if (reading())
+            return true;
+        if (source_ == nullptr)
+            return false;
+        at_ = begin_ + done;
+        error_.clear();
+        readOn(); // when nothing comes, all is here, and the same failure holds
+    }
+}
 
 class BinaryPropertyListReader {
   public:

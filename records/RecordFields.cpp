@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "records/RecordFields.h"
 
+#include "records/BlockMemory.h"
+
 #include <QTimeZone>
 
 #include <algorithm>
@@ -63,8 +65,12 @@ RecordFields::~RecordFields()
         for (std::size_t place = 0; place < size(); ++place)
             if (type(place) == Type::Nested)
                 delete &nested(place);
+    const bool isInBlockMemory = block_->isInBlockMemory;
     block_->~Block();
-    ::operator delete(block_);
+    if (isInBlockMemory)
+        BlockMemory::release(block_);
+    else
+        ::operator delete(block_);
 }
 
 std::size_t RecordFields::find(RecordKey key) const noexcept
@@ -254,7 +260,7 @@ void RecordBuilder::sortEntries()
     entries_.erase(repeated, entries_.end());
 }
 
-RecordFields RecordBuilder::build()
+RecordFields RecordBuilder::build(BlockMemory* memory)
 {
     sortEntries();
     std::size_t textSize = 0;
@@ -266,8 +272,10 @@ RecordFields RecordBuilder::build()
     if (!entries_.empty()) {
         using Block = RecordFields::Block;
         const std::size_t fieldSize = sizeof(std::uint64_t) + sizeof(std::uint32_t);
-        void* memory = ::operator new(sizeof(Block) + entries_.size() * fieldSize + textSize);
-        result.block_ = new (memory) Block;
+        const std::size_t size = sizeof(Block) + entries_.size() * fieldSize + textSize;
+        void* const shared = memory != nullptr ? memory->allocate(size) : nullptr;
+        result.block_ = new (shared != nullptr ? shared : ::operator new(size)) Block;
+        result.block_->isInBlockMemory = shared != nullptr;
         result.block_->count = static_cast<std::uint32_t>(entries_.size());
         result.block_->textSize = static_cast<std::uint32_t>(textSize);
         std::uint64_t* const payloads = result.payloads();

@@ -12,6 +12,8 @@
 
 namespace zib {
 
+class BlockMemory;
+
 /// The content of a record at one moment: fields in the order of their key numbers, in one block of memory
 /// that never changes. Copying shares the block. Usable on any thread.
 ///
@@ -77,6 +79,7 @@ class RecordFields {
         std::uint32_t count = 0;
         std::uint32_t textSize = 0;
         bool hasNested = false;
+        bool isInBlockMemory = false;
         // payloads, tags and texts follow
     };
     static_assert(sizeof(Block) == 16);
@@ -112,7 +115,8 @@ class RecordBuilder {
     /// @}
     void remove(RecordKey key);
     /// The fields gathered; the builder is empty afterwards.
-    RecordFields build();
+    /// @param memory where to put them, for one of very many.
+    RecordFields build(BlockMemory* memory = nullptr);
 
   private:
     struct Entry {

@@ -36,10 +36,37 @@ XmlPropertyListReader::XmlPropertyListReader(std::string_view text, const TableT
 {
 }
 
+XmlPropertyListReader::XmlPropertyListReader(std::vector<char> beginning, const ByteSource& source,
+                                             const TableTarget* target)
+    : XmlPropertyListReader(std::string_view(beginning.data(), beginning.size()), target)
+{
+    source_ = &source;
+    window_ = std::move(beginning); // which stays where it is
+}
+
+bool XmlPropertyListReader::readOn()
+{
+    if (source_ == nullptr)
+        return false;
+    const auto kept = static_cast<std::size_t>(end_ - at_);
+    passed_ += static_cast<std::size_t>(at_ - begin_);
+    std::memmove(window_.data(), at_, kept);
+    if (kept > window_.size() / 2) // so much is wanted at once
+        window_.resize(window_.size() * 2);
+    const std::size_t count = (*source_)(std::span(window_).subspan(kept));
+    if (count == 0)
+        source_ = nullptr;
+    begin_ = at_ = window_.data();
+    end_ = begin_ + kept + count;
+    return count > 0;
+}
+
 bool XmlPropertyListReader::fail(const char* text)
 {
     if (error_.isEmpty())
-        error_ = QStringLiteral("%1 at byte %2").arg(QLatin1String(text)).arg(at_ - begin_);
+        error_ = QStringLiteral("%1 at byte %2")
+                     .arg(QLatin1String(text))
+                     .arg(passed_ + static_cast<std::size_t>(at_ - begin_));
     return false;
 }
 
@@ -170,15 +197,24 @@ bool XmlPropertyListReader::readClosing(Element element)
 
 bool XmlPropertyListReader::read(PropertyValue& root)
 {
-    if (startsWith("\xEF\xBB\xBF"))
-        at_ += 3;
-    if (!skipToTag())
-        return false;
-    if (at_ == end_)
-        return fail("empty document");
     Tag tag;
-    if (!readOpening(Element::Plist) || !readTag(tag) || !readValue(tag, 0, root))
+    const auto readHead = [this, &tag] {
+        if (startsWith("\xEF\xBB\xBF"))
+            at_ += 3;
+        if (!skipToTag())
+            return false;
+        if (at_ == end_)
+            return fail("empty document");
+        return readOpening(Element::Plist) && readTag(tag);
+    };
+    if (!readWhole(readHead))
         return false;
+    const bool isDictionary = tag.element == Element::Dict && !tag.closing;
+    if (!(isDictionary ? readRootDictionary(tag, root)
+                       : readWhole([this, &tag, &root] { return readValue(tag, 0, root); })))
+        return false;
+    while (readOn()) { // what follows is short, or is an error
+    }
     return readClosing(Element::Plist) && skipToTag() && (at_ == end_ || fail("content after the end"));
 }
 

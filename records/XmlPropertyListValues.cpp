@@ -61,24 +61,26 @@ const XmlPropertyListReader::FieldStart* XmlPropertyListReader::knownFieldStart(
     constexpr std::size_t window = 4;
     const std::size_t last = std::min(place + window, fieldStarts_.size());
     for (std::size_t candidate = place; candidate < last; ++candidate) {
-        const FieldStart& known = fieldStarts_[candidate];
+        const KnownFieldStart& known = fieldStarts_[candidate];
         if (startsWith(known.text)) {
             at_ += known.text.size();
             place = candidate + 1;
-            return &known;
+            return &known.start;
         }
     }
     return nullptr;
 }
 
-void XmlPropertyListReader::rememberFieldStart(std::size_t& place, const FieldStart& start)
+void XmlPropertyListReader::rememberFieldStart(std::size_t& place, std::string_view text,
+                                               const FieldStart& start)
 {
     constexpr std::size_t most = 64;
     if (fieldStarts_.size() >= most) {
         fieldStarts_.clear();
         place = 0;
     }
-    fieldStarts_.insert(fieldStarts_.begin() + static_cast<std::ptrdiff_t>(place), start);
+    fieldStarts_.insert(fieldStarts_.begin() + static_cast<std::ptrdiff_t>(place),
+                        {std::string(text), start});
     ++place;
 }
 
@@ -98,8 +100,7 @@ bool XmlPropertyListReader::readFieldStart(std::size_t& place, FieldStart& start
     start.key = interned(name);
     if (!readTag(start.tag))
         return false;
-    start.text = std::string_view(begin, static_cast<std::size_t>(at_ - begin));
-    rememberFieldStart(place, start);
+    rememberFieldStart(place, {begin, static_cast<std::size_t>(at_ - begin)}, start);
     return true;
 }
 
@@ -114,12 +115,35 @@ bool XmlPropertyListReader::readDictionary(const Tag& tag, int depth, RecordFiel
             return false;
         if (atEnd)
             break;
-        const bool isTable = depth == 1 && target_ != nullptr && start.key == target_->key;
-        if (!(isTable ? readTable(start.tag, depth + 1) : readField(builder, start.key, start.tag, depth)))
+        if (!readField(builder, start.key, start.tag, depth))
             return false;
         place = std::min(place, fieldStarts_.size()); // nested dictionaries remember theirs in the same place
     }
-    fields = builder.build();
+    fields = builder.build(target_ != nullptr ? &blocks_ : nullptr);
+    return true;
+}
+
+bool XmlPropertyListReader::readRootDictionary(const Tag& tag, PropertyValue& root)
+{
+    constexpr int depth = 1;
+    RecordBuilder& builder = builders_.at(depth);
+    bool atEnd = tag.empty;
+    while (!atEnd) {
+        FieldStart start;
+        const auto readStart = [this, &start, &atEnd] {
+            std::size_t place = 0;
+            return readFieldStart(place, start, atEnd);
+        };
+        if (!readWhole(readStart))
+            return false;
+        if (atEnd)
+            break;
+        const auto readRest = [&] { return readField(builder, start.key, start.tag, depth); };
+        const bool isTable = target_ != nullptr && start.key == target_->key;
+        if (!(isTable ? readTable(start.tag, depth + 1) : readWhole(readRest)))
+            return false;
+    }
+    root = Record::make(builder.build());
     return true;
 }
 
@@ -129,24 +153,29 @@ bool XmlPropertyListReader::readTable(const Tag& tag, int depth)
         return fail("a dictionary belongs here");
     target_->table.clear();
     bool atEnd = tag.empty;
-    std::string id;
-    while (!atEnd) {
-        Tag next;
-        std::string_view name;
-        if (!readKey(next, atEnd, name))
+    while (!atEnd)
+        if (!readWhole([this, depth, &atEnd] { return readTableEntry(depth, atEnd); }))
             return false;
-        if (atEnd)
-            break;
-        id = name;
-        if (!readTag(next))
-            return false;
-        if (next.element != Element::Dict || next.closing)
-            return fail("a dictionary belongs here");
-        RecordFields fields;
-        if (!readDictionary(next, depth + 1, fields))
-            return false;
-        target_->table.insert(std::string_view(id), Record::make(fields));
-    }
+    return true;
+}
+
+bool XmlPropertyListReader::readTableEntry(int depth, bool& atEnd)
+{
+    Tag tag;
+    std::string_view name;
+    if (!readKey(tag, atEnd, name))
+        return false;
+    if (atEnd)
+        return true;
+    tableId_ = name; // whose place in memory another text may take
+    if (!readTag(tag))
+        return false;
+    if (tag.element != Element::Dict || tag.closing)
+        return fail("a dictionary belongs here");
+    RecordFields fields;
+    if (!readDictionary(tag, depth + 1, fields))
+        return false;
+    target_->table.insert(std::string_view(tableId_), Record::make(fields));
     return true;
 }
 

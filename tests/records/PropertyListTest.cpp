@@ -235,6 +235,46 @@ TEST(TableDocument, TheFieldOfTheRootBecomesATable)
     EXPECT_EQ(fromBinary->table.find("a"sv).string(keys::Name), QStringLiteral("a"));
 }
 
+// However few bytes come at once, and wherever they are cut.
+TEST(PropertyList, ATableInPieces)
+{
+    PropertyArray names;
+    QByteArray entries;
+    for (int number = 0; number < 200; ++number) {
+        const QByteArray name = QByteArray(number % 20 == 0 ? 1000 : 3, 'x') + QByteArray::number(number);
+        entries += "<key>" + QByteArray::number(number) + "</key><dict><key>Name</key><string>" + name +
+                   "&amp;</string><key>Data</key><dict><key>a</key><true/></dict></dict>\n";
+        names.append(QString::fromUtf8(name + '&'));
+    }
+    const QByteArray content = plist("<dict><key>Playlists</key><array><string>p</string></array>"
+                                     "<key>Library</key><dict><!-- </dict> -->" +
+                                     entries + "</dict><key>Data</key><dict/></dict> <!-- the end -->");
+    const auto inPieces = [](const QByteArray& bytes, qsizetype most) {
+        return [bytes, most, done = qsizetype(0)](std::span<char> target) mutable {
+            const qsizetype count = std::min({qsizetype(target.size()), bytes.size() - done, most});
+            std::copy_n(bytes.constData() + done, count, target.data());
+            done += count;
+            return std::size_t(count);
+        };
+    };
+    for (const qsizetype most : {7, 100, 5000}) {
+        const auto document = readPropertyListWithTable(inPieces(content, most), keys::Library);
+        ASSERT_TRUE(document) << most << ": " << qUtf8Printable(document.error());
+        PropertyArray found;
+        document->table.forEach(
+            [&found](std::string_view, const Record& record) { found.append(record.string(keys::Name)); });
+        EXPECT_EQ(PropertyValue(found), PropertyValue(names)) << most;
+        EXPECT_EQ(document->root, Record::make({{keys::Playlists, QStringList{QStringLiteral("p")}},
+                                                {keys::Data, Record::make()}}));
+        for (const qsizetype lost : {1, 30, 90, 500})
+            EXPECT_FALSE(readPropertyListWithTable(inPieces(content.chopped(lost), most), keys::Library))
+                << lost;
+    }
+    const auto whole = readPropertyListWithTable(content.chopped(500), keys::Library);
+    const auto pieces = readPropertyListWithTable(inPieces(content.chopped(500), 100), keys::Library);
+    EXPECT_EQ(whole.error(), pieces.error()) << "the same place of the fault";
+}
+
 // Fields in another order, missing or new ones: the reader goes by what the record before looked like.
 TEST(PropertyList, RecordsThatDifferInTheirFields)
 {
