@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "library/NewFile.h"
 
+#include <atomic>
 #include <cerrno>
 #include <cstdio>
 
@@ -12,6 +13,7 @@ namespace zib {
 namespace {
 
 constexpr mode_t readableByAll = 0666; // less what the user masks
+constexpr mode_t accessibleByAll = 0777;
 
 QByteArray folderOf(const QByteArray& path)
 {
@@ -26,9 +28,9 @@ bool exists(const QByteArray& path)
 
 } // namespace
 
-NewFile::NewFile(const QByteArray& path)
+NewFile::NewFile(const QByteArray& path, const QByteArray& workFolder)
     : path_(path)
-    , file_(open())
+    , file_(open(workFolder))
 {
 }
 
@@ -38,14 +40,16 @@ NewFile::~NewFile()
         ::unlink(temporary_.constData());
 }
 
-int NewFile::open()
+int NewFile::open(const QByteArray& workFolder)
 {
     const int nameless = ::open(folderOf(path_).constData(), O_WRONLY | O_TMPFILE | O_CLOEXEC, readableByAll);
     if (nameless >= 0)
         return nameless;
-    // Sticks with a simple file system and folders on the network cannot. The song's name with more at its
-    // end may be too long; this one program makes such names, one at a time.
-    temporary_ = folderOf(path_) + ".zib-new-file";
+    // Sticks with a simple file system and folders on the network cannot. Downloads and imports may write at
+    // the same time.
+    static std::atomic<int> number = 0;
+    ::mkdir(workFolder.constData(), accessibleByAll);
+    temporary_ = workFolder + '/' + QByteArray::number(++number);
     return ::open(temporary_.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW,
                   readableByAll);
 }

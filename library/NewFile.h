@@ -11,12 +11,13 @@
 namespace zib {
 
 /// A file that appears under its path whole, or not at all, and never in the place of another. Until then it
-/// has no name where the file system can do that, so that a killed program leaves nothing behind; elsewhere a
-/// hidden name beside the path.
+/// has no name where the file system can do that, so that a killed program leaves nothing behind; elsewhere
+/// one in a work folder, which whoever names the folder clears when no program can be writing there.
 class NewFile {
   public:
     /// @param path UTF-8; its folder exists.
-    explicit NewFile(const QByteArray& path);
+    /// @param workFolder UTF-8, on the same file system; made when it is needed.
+    NewFile(const QByteArray& path, const QByteArray& workFolder);
     /// Without commit() nothing is left.
     ~NewFile();
     NewFile(const NewFile&) = delete;
@@ -33,7 +34,7 @@ class NewFile {
     static bool renameWithoutReplacing(const QByteArray& from, const QByteArray& to);
 
   private:
-    int open();
+    int open(const QByteArray& workFolder);
     [[nodiscard]] bool giveName() const;
 
     QByteArray path_;

@@ -29,6 +29,7 @@ SongDownloads::SongDownloads(RVDataManager& library, const WebServices& services
     , alerts_(alerts)
     , files_(defaults)
 {
+    files_.removeUnfinished();
     showProgressColumn();
 }
 

@@ -25,7 +25,7 @@ class SongDownloads : public QObject, private RVFileDownloaderDelegate {
     Q_OBJECT
 
   public:
-    /// All of them outlive this object.
+    /// Clears away what an earlier program that was killed left. All of them outlive this object.
     SongDownloads(RVDataManager& library, const WebServices& services, UserDefaults& defaults,
                   Alerts& alerts);
     ~SongDownloads() override;

@@ -5,6 +5,7 @@
 #include "services/utilities/MusicFolderGuard.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -57,13 +58,36 @@ SongFiles::Result makeFolderOf(const QString& path)
     return {};
 }
 
-SongFiles::Result copyFile(const QString& from, const QString& to)
+} // namespace
+
+tl::expected<QString, QString> SongFiles::place(const Record& track) const
+{
+    return pathInMusicFolder(paths_.musicFolder(), paths_.filePath(track));
+}
+
+QString SongFiles::workFolder() const
+{
+    return paths_.musicFolder() + QStringLiteral("/.zib-unfinished");
+}
+
+void SongFiles::removeUnfinished() const
+{
+    QDir folder(workFolder());
+    if (QFileInfo(folder.path()).isSymLink()) // not ours
+        return;
+    const QStringList files = folder.entryList(QDir::Files | QDir::Hidden);
+    for (const QString& file : files)
+        folder.remove(file);
+    ::rmdir(QFile::encodeName(folder.path()).constData());
+}
+
+SongFiles::Result SongFiles::copyFile(const QString& from, const QString& to) const
 {
     QFile source(from);
     if (!source.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return tl::unexpected(QCoreApplication::translate("SongFiles", "The file “%1” could not be read: %2.")
                                   .arg(from, source.errorString()));
-    NewFile target(QFile::encodeName(to));
+    NewFile target(QFile::encodeName(to), QFile::encodeName(workFolder()));
     QByteArray piece(pieceBytes, Qt::Uninitialized);
     qint64 count = 0;
     while (target.error() == 0 && (count = source.read(piece.data(), piece.size())) > 0)
@@ -75,7 +99,7 @@ SongFiles::Result copyFile(const QString& from, const QString& to)
     return {};
 }
 
-SongFiles::Result moveFile(const QString& from, const QString& to)
+SongFiles::Result SongFiles::moveFile(const QString& from, const QString& to) const
 {
     const QByteArray source = QFile::encodeName(from);
     const QByteArray target = QFile::encodeName(to);
@@ -92,13 +116,6 @@ SongFiles::Result moveFile(const QString& from, const QString& to)
     return {};
 }
 
-} // namespace
-
-tl::expected<QString, QString> SongFiles::place(const Record& track) const
-{
-    return pathInMusicFolder(paths_.musicFolder(), paths_.filePath(track));
-}
-
 tl::expected<bool, QString> SongFiles::write(const Record& track, const QByteArray& bytes) const
 {
     const auto path = place(track);
@@ -108,7 +125,7 @@ tl::expected<bool, QString> SongFiles::write(const Record& track, const QByteArr
         return false;
     if (auto made = makeFolderOf(*path); !made)
         return tl::unexpected(made.error());
-    NewFile file(QFile::encodeName(*path));
+    NewFile file(QFile::encodeName(*path), QFile::encodeName(workFolder()));
     file.write({bytes.constData(), static_cast<std::size_t>(bytes.size())});
     if (file.commit())
         return true;

@@ -27,6 +27,9 @@ class SongFiles {
 
     [[nodiscard]] const SongPaths& paths() const { return paths_; }
 
+    /// Removes what a program that was killed left unfinished. Only while no other song is being written.
+    void removeUnfinished() const;
+
     /// The path of the song's file, or why it may have none.
     [[nodiscard]] tl::expected<QString, QString> place(const Record& track) const;
 
@@ -50,6 +53,9 @@ class SongFiles {
         QString to;
     };
     [[nodiscard]] tl::expected<Places, QString> placesOfMove(const Record& before, const Record& after) const;
+    [[nodiscard]] QString workFolder() const;
+    [[nodiscard]] Result copyFile(const QString& from, const QString& to) const;
+    [[nodiscard]] Result moveFile(const QString& from, const QString& to) const;
     void removeEmptyFolders(const QString& lost) const;
 
     SongPaths paths_;

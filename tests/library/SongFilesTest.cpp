@@ -184,12 +184,12 @@ TEST_F(SongFilesTest, AFileIsNotThereUntilItIsWhole)
     const QString path = at("new.mp3");
     const auto visible = [this] { return QDir(disk_.path()).entryList(QDir::Files); };
     {
-        NewFile given(QFile::encodeName(path));
+        NewFile given(QFile::encodeName(path), QFile::encodeName(at("work")));
         given.write("some");
         EXPECT_EQ(visible(), QStringList());
     }
     EXPECT_EQ(everything(), QStringList());
-    NewFile late(QFile::encodeName(path));
+    NewFile late(QFile::encodeName(path), QFile::encodeName(at("work")));
     late.write("late");
     put("new.mp3", "first");
     EXPECT_FALSE(late.commit());
