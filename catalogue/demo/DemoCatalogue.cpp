@@ -36,7 +36,7 @@ namespace {
 
 Q_LOGGING_CATEGORY(catalogueLog, "zib.catalogue")
 
-// One more whenever a song would sound or a cover look different: the files of a version are never made
+// One more whenever a song would sound or a picture look different: the files of a version are never made
 // again.
 constexpr int composerVersion = 1;
 

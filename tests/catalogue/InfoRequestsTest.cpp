@@ -2,6 +2,11 @@
 // Hunts replies about artists, albums, lyrics and releases in which a client misses a value or finds
 // another's: the service is asked with the clients' own requests and read at the places where they read.
 #include "catalogue/CatalogueService.h"
+#include "services/ArtistInfoReply.h"
+#include "services/LyricsReply.h"
+#include "services/ProfileReply.h"
+#include "services/ReleaseReply.h"
+#include "services/utilities/StringUtilities.h"
 #include "tests/catalogue/FakeDemoSongs.h"
 #include "tests/catalogue/WavFile.h"
 
@@ -210,6 +215,30 @@ TEST_F(InfoRequestsTest, ClientsFindEveryValueWhereTheyReadIt)
     };
     for (const auto& [target, path, values] : cases)
         EXPECT_EQ(read(target, path), values) << target.constData() << ' ' << path;
+}
+
+TEST_F(InfoRequestsTest, TheProgramsOwnClientsReadIt)
+{
+    const auto told = artistProfileOfReply(get(profile + "Salt%2FOrchard").body);
+    ASSERT_TRUE(told);
+    EXPECT_EQ(told->blogs.size(), 1);
+    EXPECT_EQ(told->news.size(), 1);
+    EXPECT_EQ(told->reviews.size(), 1);
+    EXPECT_EQ(told->images.size(), 2);
+    EXPECT_EQ(told->links.value(0).url, u"http://127.0.0.1:99/music/Salt%2FOrchard"_s);
+    EXPECT_TRUE(artistProfileOfReply(get(profile + "Nobody").body)) << "no reason to show an error";
+    EXPECT_FALSE(artistProfileOfReply(get("/api/v4/artist/profile?name=X").body));
+
+    ArtistInfo artist;
+    readArtistInfoReply(get(artistInfo + "Salt%2FOrchard").body, artist);
+    EXPECT_EQ(artist.similar.size(), 2);
+    EXPECT_TRUE(stringByReplacingNewlineCharactersWithHTMLTags(artist.bio).endsWith(u"<br>They stayed."_s));
+
+    const QByteArray sung = get(lyrics + "Salt%2FOrchard&song=Low%20%26%20High").body;
+    EXPECT_EQ(lyricsOfReply(sung, u"Salt/Orchard"_s, u"Low & High (Live)"_s),
+              u"One \"two\"\n&lt;three&gt;\n"_s);
+    EXPECT_FALSE(lyricsOfReply(get(lyrics + "Own&song=One").body, u"Own"_s, u"One"_s));
+    EXPECT_EQ(releaseInfoOfReply(get(release + "Own&title=Disc").body).tracks.size(), 2);
 }
 
 TEST_F(InfoRequestsTest, ShowsTheUsersOwnCovers)
