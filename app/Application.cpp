@@ -82,6 +82,8 @@ Places Places::standard()
     places.readMe = programs.filePath(QStringLiteral("../share/zib/ReadMe.txt"));
     places.metadata = programs.filePath(QStringLiteral("zib-metadata"));
     places.catalogue = programs.filePath(QStringLiteral("zib-catalogue"));
+    places.pages = QDir::cleanPath(programs.filePath(QStringLiteral("../share/zib/pages")));
+    places.webEngine = QDir::cleanPath(programs.filePath(QStringLiteral("../lib/zib/zib-webengine.so")));
     places.meetingPlace =
         below(QStandardPaths::RuntimeLocation, QStringLiteral("zib-") + md5HexDigest(places.library).left(8));
     return places;

@@ -22,6 +22,8 @@ struct Places {
     QString readMe;        ///< the text for people that comes with the program
     QString metadata;      ///< the program that reads the tags of files
     QString catalogue;     ///< the bundled service's program
+    QString pages;         ///< folder of the pictures and scripts of pages
+    QString webEngine;     ///< the library that shows pages
     QString meetingPlace;  ///< where a second start finds the first
 
     /// The places of this user and this installation.

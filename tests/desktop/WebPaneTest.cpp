@@ -59,6 +59,8 @@ class WebPaneTest : public testing::Test {
         for (const QString& place :
              {around_.filePath(QStringLiteral("hit.js")), files(QStringLiteral("hit.js"))})
             write(place, "window.hit = 1;");
+        write(files(QStringLiteral("drawn.svg")),
+              "<svg xmlns='http://www.w3.org/2000/svg' width='5' height='5'/>");
         write(around_.filePath(QStringLiteral("hit.html")), "<script>top.hit = 1</script>");
         QFile png(files(QStringLiteral("inside.png")));
         ASSERT_TRUE(png.open(QIODevice::ReadOnly));
@@ -86,7 +88,7 @@ class WebPaneTest : public testing::Test {
         static TestHttpServer server;
         return server;
     }
-    static QByteArray videoSite() { return videoServer().url(""); }
+    static QByteArray videoSite() { return videoServer().url("").mid(7); }
 
     [[nodiscard]] QString files(const QString& name) const
     {
@@ -97,7 +99,7 @@ class WebPaneTest : public testing::Test {
         const QByteArray host = evil_.url("").mid(7);
         value.replace("WSEVIL", "ws://" + host).replace("'//EVIL", "'//" + host).replace("EVILHOST", host);
         return value.replace("EVIL", "http://" + host)
-            .replace("VIDEO", videoSite())
+            .replace("VIDEO", "http://" + videoSite())
             .replace("OUTSIDE", around_.path().toUtf8())
             .replace("HIT", "window.hit=1")
             .replace("STYLE", "style='position:fixed;inset:0;display:block;width:100%;height:100%'");
@@ -195,11 +197,11 @@ TEST_F(WebPaneTest, ThePagesOwnScriptIsNotTrustedEither)
 
 TEST_F(WebPaneTest, PicturesAndScriptsOfThePageWork)
 {
-    const QUrlQuery told =
-        show("<img src='inside.png'><img src='" + video_.url("/picture.png") + "'><img src='" +
-             QUrl::fromLocalFile(files(QStringLiteral("inside.png"))).toEncoded() + "'>");
+    const QByteArray byAddress = QUrl::fromLocalFile(files(QStringLiteral("inside.png"))).toEncoded();
+    const QUrlQuery told = show("<img src='inside.png'><img src='" + video_.url("/picture.png") +
+                                "'><img src='" + byAddress + "'><img src='drawn.png'>");
     EXPECT_EQ(field(told, "own"), QStringLiteral("1"));
-    EXPECT_EQ(field(told, "pictures"), QStringLiteral("3,3,3"));
+    EXPECT_EQ(field(told, "pictures"), QStringLiteral("3,3,3,5"));
 }
 
 TEST_F(WebPaneTest, AClickIsAskedAbout)

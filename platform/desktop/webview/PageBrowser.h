@@ -21,7 +21,7 @@ struct BrowserPage {
 struct PageBrowserOptions {
     QWidget* parent = nullptr;           ///< owns the browser's widget
     WebViewDelegate* delegate = nullptr; ///< not null, outlives the browser
-    QString videoSite;                   ///< the only site that may stand in a frame, such as https://host
+    QString videoSite;                   ///< HOST[:PORT] of the only site that may stand in a frame
     bool motionReduced = false;
 };
 

@@ -21,7 +21,7 @@ class WebPane : public QWidget, public WebView, private WebViewDelegate {
   public:
     struct Options {
         QString engine;    ///< path of the library
-        QString videoSite; ///< the only site that may stand in a frame, such as https://host
+        QString videoSite; ///< HOST[:PORT] of the only site that may stand in a frame
         bool motionReduced = false;
     };
 

@@ -10,7 +10,12 @@ namespace zib {
 /// Pages and their files have a scheme of their own, so that the page has no more to do with files than that
 /// it is shown some.
 inline constexpr const char kPageScheme[] = "zib-page";
-inline constexpr const char kPageRoot[] = "zib-page://pages/";
+/// The folder of the page's files, apart for each colour scheme, so that no picture is remembered from the
+/// other.
+inline QByteArray pageRoot(bool dark)
+{
+    return dark ? "zib-page://dark/" : "zib-page://light/";
+}
 /// The program's own links: nothing is ever loaded from them.
 inline constexpr const char kLinkScheme[] = "zib";
 
@@ -19,27 +24,25 @@ inline bool isWeb(const QUrl& url)
     return url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https");
 }
 
-/// The site that may stand in a frame.
+/// The site that may stand in a frame, a host as in the settings.
 class VideoSite {
   public:
-    explicit VideoSite(const QString& address)
-        : url_(address)
+    explicit VideoSite(const QString& host)
+        : authority_(QUrl(QLatin1String("https://") + host).authority().toLatin1())
     {
     }
-    /// As a policy names it; empty when there is none.
-    [[nodiscard]] QByteArray origin() const
+    /// As a policy names it, with and without encryption; null when there is none.
+    [[nodiscard]] QByteArray origins() const
     {
-        return isWeb(url_) && !url_.host().isEmpty()
-                   ? QUrl(url_.scheme() + QLatin1String("://") + url_.authority()).toEncoded()
-                   : QByteArray();
+        return authority_.isEmpty() ? QByteArray() : "https://" + authority_ + " http://" + authority_;
     }
     [[nodiscard]] bool has(const QUrl& url) const
     {
-        return !origin().isEmpty() && url.toEncoded().startsWith(origin() + '/');
+        return !authority_.isEmpty() && isWeb(url) && url.authority().toLatin1() == authority_;
     }
 
   private:
-    QUrl url_;
+    QByteArray authority_;
 };
 
 } // namespace zib

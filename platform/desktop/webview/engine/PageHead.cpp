@@ -8,7 +8,7 @@ namespace {
 
 QByteArray contentPolicy(const QByteArray& scriptMark, const VideoSite& videoSite)
 {
-    const QByteArray frames = videoSite.origin().isEmpty() ? QByteArray("'none'") : videoSite.origin();
+    const QByteArray frames = videoSite.origins().isEmpty() ? QByteArray("'none'") : videoSite.origins();
     return "default-src 'none'; script-src 'nonce-" + scriptMark +
            "'; style-src 'unsafe-inline'; img-src http: https: data: zib-page:; frame-src " + frames +
            "; connect-src 'none'; object-src 'none'; base-uri 'none'; form-action zib:";
@@ -16,13 +16,16 @@ QByteArray contentPolicy(const QByteArray& scriptMark, const VideoSite& videoSit
 
 } // namespace
 
+QByteArray inColorScheme(QByteArray text, bool dark)
+{
+    return text.replace("(prefers-color-scheme: dark)", dark ? "(min-width: 0)" : "(max-width: 0)");
+}
+
 QByteArray boundedPage(const BrowserPage& page, const VideoSite& videoSite)
 {
-    QByteArray html = page.html;
-    // The engine knows no colour scheme but light, so the page's question is answered here.
-    html.replace("(prefers-color-scheme: dark)", page.dark ? "(min-width: 0)" : "(max-width: 0)");
+    QByteArray html = inColorScheme(page.html, page.dark);
     // The same folder, by the page's own name for it.
-    html.replace(QUrl::fromLocalFile(page.folder + QLatin1Char('/')).toEncoded(), kPageRoot);
+    html.replace(QUrl::fromLocalFile(page.folder + QLatin1Char('/')).toEncoded(), pageRoot(page.dark));
 
     // Behind the document type a meta element opens the head by itself, whatever follows.
     const qsizetype typeEnd = html.left(9).toLower() == "<!doctype" ? html.indexOf('>') + 1 : 0;

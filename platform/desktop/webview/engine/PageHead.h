@@ -7,6 +7,10 @@ namespace zib {
 
 class VideoSite;
 
+/// The engine knows no colour scheme but light: what a page or a drawing asks about it is answered in its
+/// text.
+QByteArray inColorScheme(QByteArray text, bool dark);
+
 /// The page with what keeps it within its bounds put before all else in it, and with its colour scheme.
 QByteArray boundedPage(const BrowserPage& page, const VideoSite& videoSite);
 

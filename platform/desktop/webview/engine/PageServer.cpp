@@ -2,6 +2,7 @@
 #include "platform/desktop/webview/engine/PageServer.h"
 
 #include "platform/desktop/webview/engine/PageAddresses.h"
+#include "platform/desktop/webview/engine/PageHead.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -44,8 +45,9 @@ void reply(QWebEngineUrlRequestJob& job, const QByteArray& type, const QByteArra
 
 } // namespace
 
-QUrl PageServer::show(const QByteArray& html, const QString& folder)
+QUrl PageServer::show(const QByteArray& html, const QString& folder, bool dark)
 {
+    dark_ = dark;
     html_ = html;
     folder_ = QFileInfo(folder).canonicalFilePath();
     ++serial_;
@@ -54,7 +56,7 @@ QUrl PageServer::show(const QByteArray& html, const QString& folder)
 
 QUrl PageServer::address() const
 {
-    return QUrl(QLatin1String(kPageRoot) + QLatin1Char('?') + QString::number(serial_));
+    return QUrl(QString::fromLatin1(pageRoot(dark_) + '?' + QByteArray::number(serial_)));
 }
 
 QByteArray PageServer::fileInFolder(const QString& path) const
@@ -69,6 +71,18 @@ QByteArray PageServer::fileInFolder(const QString& path) const
     return file.readAll();
 }
 
+PageServer::File PageServer::file(const QString& path) const
+{
+    const QByteArray type = contentType(path);
+    if (type.isNull())
+        return {};
+    const QByteArray bytes = fileInFolder(path);
+    if (!bytes.isNull() || !type.startsWith("image/"))
+        return {type, bytes};
+    const QString drawing = path.left(path.lastIndexOf(QLatin1Char('.'))) + QLatin1String(".svg");
+    return {contentType(drawing), inColorScheme(fileInFolder(drawing), dark_)};
+}
+
 void PageServer::requestStarted(QWebEngineUrlRequestJob* job)
 {
     const QUrl url = job->requestUrl();
@@ -80,12 +94,11 @@ void PageServer::requestStarted(QWebEngineUrlRequestJob* job)
         reply(*job, "text/html;charset=utf-8", html_);
         return;
     }
-    const QByteArray type = contentType(url.path());
-    const QByteArray bytes = type.isNull() ? QByteArray() : fileInFolder(url.path());
-    if (bytes.isNull())
+    const File found = file(url.path());
+    if (found.bytes.isNull())
         job->fail(QWebEngineUrlRequestJob::UrlNotFound);
     else
-        reply(*job, type, bytes);
+        reply(*job, found.type, found.bytes);
 }
 
 } // namespace zib

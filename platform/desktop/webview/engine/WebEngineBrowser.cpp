@@ -103,7 +103,7 @@ void WebEngineBrowser::setUpProfile()
     profile_.setSpellCheckEnabled(false);
     profile_.cookieStore()->setCookieFilter(
         [site = videoSite_](const QWebEngineCookieStore::FilterRequest& request) {
-            return site.has(request.origin.resolved(QUrl(QStringLiteral("/"))));
+            return site.has(request.origin);
         });
     connect(&profile_, &QWebEngineProfile::downloadRequested, this,
             [](QWebEngineDownloadRequest* download) { download->cancel(); });
@@ -147,7 +147,7 @@ void WebEngineBrowser::load(const BrowserPage& page)
         reveal_.start();
     page_->setBackgroundColor(view_->palette().color(QPalette::Base));
     loadsLeft_ = kRepeatedLoads;
-    page_->setUrl(server_.show(boundedPage(page, videoSite_), page.folder));
+    page_->setUrl(server_.show(boundedPage(page, videoSite_), page.folder, page.dark));
 }
 
 void WebEngineBrowser::loadEnded()

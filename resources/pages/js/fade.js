@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Pictures of the class "gradualfader" lie unseen over the quieter ones of their links, and fade in under the mouse
+// or with the keyboard's focus.
+const gradualFader = {
+    fadeMs: 180,
+
+    init() {
+        const reduced = matchMedia("(prefers-reduced-motion: reduce)").matches;
+        for (const picture of document.querySelectorAll("img.gradualfader")) {
+            const place = picture.closest("a") || picture;
+            const show = opacity => () => { picture.style.opacity = opacity; };
+            picture.style.opacity = 0;
+            picture.style.transition = reduced ? "none" : `opacity ${this.fadeMs}ms`;
+            place.addEventListener("mouseenter", show(1));
+            place.addEventListener("focus", show(1));
+            place.addEventListener("mouseleave", show(0));
+            place.addEventListener("blur", show(0));
+        }
+    },
+};
