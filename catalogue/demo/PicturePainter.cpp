@@ -6,6 +6,7 @@
 #include <QBuffer>
 #include <QImage>
 #include <QImageWriter>
+#include <QLinearGradient>
 #include <QRadialGradient>
 
 #include <algorithm>
@@ -134,6 +135,38 @@ QColor faded(QColor colour, double opacity)
 {
     colour.setAlphaF(static_cast<float>(opacity));
     return colour;
+}
+
+void fillAcross(Scene& scene, const QColor& top, const QColor& bottom)
+{
+    QLinearGradient ground(scene.frame.topLeft(), scene.frame.bottomRight());
+    ground.setColorAt(0, top);
+    ground.setColorAt(1, bottom);
+    scene.canvas.painter.fillRect(scene.frame, ground);
+}
+
+void layDown(QPainter& painter, const QPainterPath& thing, const QBrush& brush, const QColor& shadow,
+             double depth)
+{
+    painter.setBrush(faded(shadow, 0.16));
+    for (int i = 3; i > 0; --i)
+        painter.drawPath(thing.translated(depth * i / 3, depth * i / 3 * 1.2));
+    painter.setBrush(brush);
+    painter.drawPath(thing);
+}
+
+QPainterPath rounded(const QRectF& rect, double radius)
+{
+    QPainterPath path;
+    path.addRoundedRect(rect, radius, radius);
+    return path;
+}
+
+QPainterPath circle(const QPointF& middle, double radius)
+{
+    QPainterPath path;
+    path.addEllipse(middle, radius, radius);
+    return path;
 }
 
 int picturesOf(const Sitters& sitters)

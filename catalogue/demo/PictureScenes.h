@@ -4,6 +4,7 @@
 #include "catalogue/demo/Canvas.h"
 #include "catalogue/demo/PicturePainter.h"
 
+#include <QPainterPath>
 #include <QRectF>
 
 #include <vector>
@@ -44,6 +45,14 @@ struct Scene {
     QRectF frame;
     std::vector<Person> people;
 };
+
+/// Fills the frame from one corner to the other.
+void fillAcross(Scene& scene, const QColor& top, const QColor& bottom);
+/// The shadow that a thing throws on what it lies on, then the thing.
+void layDown(QPainter& painter, const QPainterPath& thing, const QBrush& brush, const QColor& shadow,
+             double depth);
+QPainterPath rounded(const QRectF& rect, double radius);
+QPainterPath circle(const QPointF& middle, double radius);
 
 /// Scenes with people in them.
 void paintPortrait(Scene& scene);
