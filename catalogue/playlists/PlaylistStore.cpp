@@ -21,6 +21,7 @@ Q_LOGGING_CATEGORY(log, "zib.catalogue.playlists")
 
 constexpr int idAttempts = 20;
 constexpr qsizetype mostQueryWords = 5;
+constexpr int fewPlaylists = 500;
 constexpr const char* shownColumns = "p.id, p.author, p.name, p.description, p.artists, p.tags, p.hidden, "
                                      "p.published, p.song_count, p.seconds";
 
@@ -92,13 +93,52 @@ QList<QByteArray> termsOf(const QString& text)
 bool addTerms(const QSqlDatabase& database, TermKind kind, const QList<QByteArray>& terms, int id)
 {
     return std::all_of(terms.begin(), terms.end(), [&](const QByteArray& term) {
-        return Statement(database,
-                         QStringLiteral("INSERT INTO playlist_terms (kind, term, playlist) VALUES (?, ?, ?)"))
+        return Statement(
+                   database,
+                   QStringLiteral("INSERT INTO playlist_terms (kind, term, published, playlist)"
+                                  " SELECT CAST(? AS INTEGER), ?, published, id FROM playlists WHERE id = ?"))
             .bind(kind)
             .bind(term)
             .bind(id)
             .execute();
     });
+}
+
+// Two ways to find a word: to begin with all that have it, which is quick when they are few, and to look at
+// each of the newest, which is quick when they are many.
+constexpr auto withWord =
+    " AND p.id IN (SELECT playlist FROM playlist_terms WHERE kind = 0 AND term >= ? AND term < ?)";
+constexpr auto havingWord =
+    " AND EXISTS (SELECT 1 FROM playlist_terms w WHERE w.playlist = p.id AND w.kind = 0"
+    " AND w.term >= ? AND w.term < ?)";
+
+/// Behind all terms that begin with that one: no UTF-8 has this byte.
+QByteArray endOf(const QByteArray& word)
+{
+    return word + '\xff';
+}
+
+/// How many names have a word that begins so; no more than fewPlaylists are counted.
+int countOf(const QSqlDatabase& database, const QByteArray& word)
+{
+    Statement count(database,
+                    QStringLiteral("SELECT COUNT(*) FROM (SELECT 1 FROM playlist_terms WHERE kind = 0"
+                                   " AND term >= ? AND term < ? LIMIT ?) AS some"));
+    return count.bind(word).bind(endOf(word)).bind(fewPlaylists).execute() && count.next()
+               ? count.value(0).toInt()
+               : fewPlaylists;
+}
+
+/// @return whether few names have the word that then stands first
+bool putRareWordFirst(const QSqlDatabase& database, QList<QByteArray>& words)
+{
+    for (auto& word : words) {
+        if (countOf(database, word) < fewPlaylists) {
+            std::swap(words.front(), word);
+            return true;
+        }
+    }
+    return false;
 }
 
 /// Makes the publication found by its words and tags, as long as it is not hidden.
@@ -208,9 +248,9 @@ const DatabaseSchema& PlaylistStore::schema()
                            " seconds INTEGER NOT NULL, songs {bytes} NOT NULL, archive {bytes} NOT NULL)"),
             QStringLiteral("CREATE INDEX playlists_public ON playlists (published, id) WHERE hidden = 0"),
             QStringLiteral("CREATE TABLE playlist_terms (kind INTEGER NOT NULL, term {bytes} NOT NULL,"
-                           " playlist INTEGER NOT NULL REFERENCES playlists (id) ON DELETE CASCADE,"
-                           " PRIMARY KEY (kind, term, playlist))"),
-            QStringLiteral("CREATE INDEX playlist_terms_playlist ON playlist_terms (playlist)"),
+                           " published BIGINT NOT NULL, playlist INTEGER NOT NULL REFERENCES playlists (id)"
+                           " ON DELETE CASCADE, PRIMARY KEY (kind, term, published, playlist))"),
+            QStringLiteral("CREATE INDEX playlist_terms_playlist ON playlist_terms (playlist, kind, term)"),
         }},
         true};
     return schema;
@@ -265,26 +305,30 @@ tl::expected<std::optional<QByteArray>, StoreError> PlaylistStore::archive(int i
 
 tl::expected<QList<PublishedPlaylist>, StoreError> PlaylistStore::list(const ListQuery& query) const
 {
-    const auto words = termsOf(query.words).mid(0, mostQueryWords);
-    QString text = QStringLiteral("SELECT ") + QLatin1String(shownColumns) +
-                   QStringLiteral(" FROM playlists p WHERE p.hidden = 0");
-    if (query.after)
-        text += QStringLiteral(" AND (p.published, p.id) < (?, ?)");
-    if (!query.tag.isEmpty())
-        text +=
-            QStringLiteral(" AND p.id IN (SELECT playlist FROM playlist_terms WHERE kind = 1 AND term = ?)");
-    for (qsizetype i = 0; i < words.size(); ++i)
-        text += QStringLiteral(" AND p.id IN (SELECT playlist FROM playlist_terms"
-                               " WHERE kind = 0 AND term >= ? AND term < ?)");
-    text += QStringLiteral(" ORDER BY p.published DESC, p.id DESC LIMIT ?");
+    auto words = termsOf(query.words).mid(0, mostQueryWords);
+    const auto connection = database_.connection();
+    const bool begunByWord = !words.isEmpty() && putRareWordFirst(connection, words);
+    const bool tagged = !query.tag.isEmpty();
+    const QString place = QLatin1String(tagged ? "t.published, t.playlist" : "p.published, p.id");
 
-    Statement statement(database_.connection(), text);
+    QString text = QStringLiteral("SELECT ") + QLatin1String(shownColumns) +
+                   QLatin1String(tagged ? " FROM playlist_terms t JOIN playlists p ON p.id = t.playlist"
+                                          " WHERE t.kind = 1 AND t.term = ?"
+                                        : " FROM playlists p WHERE p.hidden = 0");
+    if (query.after)
+        text += QStringLiteral(" AND (%1) < (?, ?)").arg(place);
+    for (qsizetype i = 0; i < words.size(); ++i)
+        text += QLatin1String(i == 0 && begunByWord ? withWord : havingWord);
+    text += QStringLiteral(" ORDER BY %1 DESC LIMIT ?")
+                .arg(QString(place).replace(u',', QLatin1String(" DESC,")));
+
+    Statement statement(connection, text);
+    if (tagged)
+        statement.bind(folded(query.tag).toUtf8());
     if (query.after)
         statement.bind(query.after->published).bind(query.after->id);
-    if (!query.tag.isEmpty())
-        statement.bind(folded(query.tag).toUtf8());
-    for (const auto& word : words)
-        statement.bind(word).bind(QByteArray(word + '\xff')); // no UTF-8 has that byte
+    for (const auto& word : std::as_const(words))
+        statement.bind(word).bind(endOf(word));
     if (!statement.bind(listLength + 1).execute())
         return unavailable();
     QList<PublishedPlaylist> playlists;
