@@ -34,10 +34,12 @@
 #include "services/utilities/StringUtilities.h"
 #include "views/AccessibleText.h"
 #include "views/MainWindow.h"
+#include "views/ShareDialog.h"
 #include "views/Theme.h"
 #include "views/WidgetAlerts.h"
 #include "views/WidgetBusyPanel.h"
 #include "views/WidgetDesktop.h"
+#include "views/WidgetPasteboard.h"
 
 #include <QApplication>
 #include <QDir>
@@ -103,7 +105,7 @@ struct Application::Parts {
         , dataManager(defaults, alerts, clock, window.libraryView(), loadedLibrary())
         , player(nullptr, {readStreams, fileStreams, queues, alerts, defaults}, movies, desktop)
         , controller(dataManager, player, {loader, defaults, clock}, defaults, alerts, desktop, trash, tags,
-                     window)
+                     window, {shareWindow, pasteboard, sharedPanel})
         , network(reachability, powerEvents, defaults, &controller)
         , metadata(places.metadata)
         , importer(dataManager, metadata, defaults)
@@ -144,6 +146,8 @@ struct Application::Parts {
     DesktopTagAPIs tags;
     MainWindow window;
     WidgetBusyPanel sharedPanel;
+    WidgetShareWindow shareWindow;
+    WidgetPasteboard pasteboard;
     RVDataManager dataManager;
     RVPlayer player;
     RVMainController controller;

@@ -62,6 +62,17 @@ bool Notices::runConfirmation(const QString& message, const QString& informative
     return result.button == 0;
 }
 
+int Notices::runChoice(const QString& text, const QStringList& buttons)
+{
+    desktop_.bringToFront();
+    return alerts_
+        .runModal({.style = Alert::Style::Informational,
+                   .messageText = translated("Zib!"),
+                   .informativeText = text,
+                   .buttons = buttons})
+        .button;
+}
+
 int Notices::runSuppressible(const QString& text, const QString& defaultsKey, const QStringList& buttons)
 {
     if (defaults_.boolean(defaultsKey))

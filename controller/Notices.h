@@ -23,6 +23,8 @@ class Notices {
     /// @param defaultsKey the setting by which the user can silence the question for good, if any can.
     bool runConfirmation(const QString& message, const QString& informativeText, const QString& firstButton,
                          const QString& defaultsKey = {});
+    /// Tells something and lets the user choose what comes next. @return the pressed button.
+    int runChoice(const QString& text, const QStringList& buttons);
     /// Says, with a beep, that something went wrong.
     void runErrorAlert(const QString& message, const QString& informativeText = {});
 

@@ -13,7 +13,7 @@ namespace zib {
 
 RVMainController::RVMainController(RVDataManager& dataManager, RVPlayer& player, const WebServices& services,
                                    UserDefaults& defaults, Alerts& alerts, Desktop& desktop, Trash& trash,
-                                   TagAPIs& tags, MainWindowView& window)
+                                   TagAPIs& tags, MainWindowView& window, const SharingPorts& sharing)
     : player_(player)
     , notices_(defaults, alerts, desktop)
     , downloads_(dataManager, services, defaults, alerts)
@@ -29,6 +29,7 @@ RVMainController::RVMainController(RVDataManager& dataManager, RVPlayer& player,
     , sources_(context_, playback_, window.outlineView())
     , search_(context_, playback_, sources_, services)
     , downloading_(context_, playback_, downloads_)
+    , sharing_(context_, sources_, services, desktop, sharing)
 {
     dataManager.setDelegate(this);
     player.setDelegate(&playback_);

@@ -6,6 +6,7 @@
 #include "controller/Notices.h"
 #include "controller/PlaybackQueue.h"
 #include "controller/SearchFlow.h"
+#include "controller/SharingFlow.h"
 #include "controller/SourceList.h"
 #include "library/FileViewController.h"
 #include "library/RVDataManagerDelegate.h"
@@ -29,7 +30,7 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
     /// All of them outlive the controller.
     RVMainController(RVDataManager& dataManager, RVPlayer& player, const WebServices& services,
                      UserDefaults& defaults, Alerts& alerts, Desktop& desktop, Trash& trash, TagAPIs& tags,
-                     MainWindowView& window);
+                     MainWindowView& window, const SharingPorts& sharing);
     ~RVMainController() override;
 
     /// Fills the window: search type, idle banner, the sources.
@@ -42,6 +43,7 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
     [[nodiscard]] SourceList& sources() { return sources_; }
     [[nodiscard]] DownloadActions& downloading() { return downloading_; }
     [[nodiscard]] SongEditing& editing() { return editing_; }
+    [[nodiscard]] SharingFlow& sharing() { return sharing_; }
     [[nodiscard]] Notices& notices() { return notices_; }
 
     /// Shows the library's songs that pass the filter.
@@ -62,6 +64,8 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
     void addPlaylistFromSelectionAction() { sources_.addPlaylistFromSelectionAction(); }
     /// Appends the selected songs to that playlist.
     void addSelectionToPlaylist(int index) { sources_.addSongs(sources_.selectedSongs(), index); }
+    /// Adds a playlist that somebody has published, of that identifier, to the user's.
+    void openSharedPlaylist(const QString& identifier) { sharing_.openSharedPlaylist(identifier); }
     /// Removes the selected songs, from the library or the shown playlist.
     void deleteSelectedItems() { removal_.deleteSelectedItems(); }
     /// Removes the songs that could not be opened, once the user has agreed to it.
@@ -91,7 +95,6 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
     void pause() override { playback_.pause(); }
 
   private:
-
     RVPlayer& player_;
     Notices notices_;
     SongDownloads downloads_;
@@ -103,6 +106,7 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
     SourceList sources_;
     SearchFlow search_;
     DownloadActions downloading_;
+    SharingFlow sharing_;
 };
 
 } // namespace zib

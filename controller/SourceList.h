@@ -50,6 +50,8 @@ class SourceList : public SourceListing {
     // Actions
     /// A new playlist without songs; it is selected.
     void addPlaylistAction();
+    /// A new playlist of those songs; it is selected. Songs that the library lacks are added to it.
+    void addPlaylist(const QString& title, const QList<Record>& tracks);
     /// A new playlist of the songs selected in the song table, called after their artist when it is one. It
     /// is selected. Nothing happens without such songs.
     void addPlaylistFromSelectionAction();
@@ -91,7 +93,6 @@ class SourceList : public SourceListing {
     void addRecentSection();
     void addLibrarySection();
     void addPlaylistsSection();
-    void addPlaylist(const QString& title, const QList<Record>& tracks);
     void showSelection();
     void showRow(const NodePath& path);
     void showSongs(SourceType source, FilterType filter);

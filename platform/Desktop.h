@@ -13,6 +13,8 @@ class Desktop {
     /// Opens the address with the user's program for it (a browser, a viewer). @return whether one was found.
     virtual bool openUrl(const QUrl& url) = 0;
     virtual void beep() = 0;
+    /// What the user is called: the full name of the account, else its short one.
+    [[nodiscard]] virtual QString userFullName() const = 0;
     /// Whether the user works in one of the program's windows.
     [[nodiscard]] virtual bool isActive() const = 0;
     /// Brings the program's window to the front.

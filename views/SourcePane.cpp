@@ -116,8 +116,23 @@ void SourcePane::fillActions(QMenu& menu)
     add(tr("Remove"), Qt::Key_Delete, sources.removeEnabled(),
         [&sources] { sources.removePlaylistAction(); });
     menu.addSeparator();
+    addSharing(menu, sources.actionEnabled());
+    menu.addSeparator();
     add(tr("Show the song that plays"), revealKeys, controller_->playback().snapshot().has_value(),
         [&sources] { sources.revealCurrentTrack(); });
+}
+
+void SourcePane::addSharing(QMenu& menu, bool enabled)
+{
+    const auto add = [&menu, enabled, this](const QString& text, int tag) {
+        QAction* entry = menu.addAction(text);
+        entry->setEnabled(enabled);
+        connect(entry, &QAction::triggered, this,
+                [this, tag] { controller_->sharing().sharePlaylistAction(tag); });
+    };
+    add(tr("Share…"), ShareWindowController::Plain);
+    add(tr("Share on Facebook…"), ShareWindowController::Facebook);
+    add(tr("Share on Twitter…"), ShareWindowController::Twitter);
 }
 
 void SourcePane::showMenu(const QPoint& at, bool ofRows)
@@ -134,6 +149,10 @@ void SourcePane::showMenu(const QPoint& at, bool ofRows)
         [&sources] { sources.editPlaylistAction(); });
     add(ofRows && sources.removeEnabled(), tr("Remove"), Qt::Key_Delete,
         [&sources] { sources.removePlaylistAction(); });
+    if (ofRows && sources.actionEnabled()) {
+        menu.addSeparator();
+        addSharing(menu, true);
+    }
     if (!menu.isEmpty())
         menu.addSeparator();
     add(true, tr("New playlist"), newPlaylistKeys, [this] { addPlaylist(); });

@@ -5,6 +5,9 @@
 #include <QDesktopServices>
 #include <QUrl>
 
+#include <pwd.h>
+#include <unistd.h>
+
 namespace zib {
 
 bool WidgetDesktop::openUrl(const QUrl& url)
@@ -15,6 +18,16 @@ bool WidgetDesktop::openUrl(const QUrl& url)
 void WidgetDesktop::beep()
 {
     QApplication::beep();
+}
+
+QString WidgetDesktop::userFullName() const
+{
+    const passwd* account = getpwuid(getuid());
+    if (account == nullptr)
+        return {};
+    // The field of comments: the full name, then what else is known, with commas between.
+    const QString name = QString::fromLocal8Bit(account->pw_gecos).section(QLatin1Char(','), 0, 0).trimmed();
+    return name.isEmpty() ? QString::fromLocal8Bit(account->pw_name) : name;
 }
 
 bool WidgetDesktop::isActive() const

@@ -16,6 +16,7 @@ class WidgetDesktop : public Desktop {
 
     bool openUrl(const QUrl& url) override;
     void beep() override;
+    [[nodiscard]] QString userFullName() const override;
     [[nodiscard]] bool isActive() const override;
     void bringToFront() override;
     /// The same for another program's sake.

@@ -12,11 +12,14 @@
 #include "tests/fakes/FakeAlerts.h"
 #include "tests/fakes/FakeAudioFileStreams.h"
 #include "tests/fakes/FakeAudioQueues.h"
+#include "tests/fakes/FakeBusyPanel.h"
 #include "tests/fakes/FakeClock.h"
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeHttpReadStreams.h"
 #include "tests/fakes/FakeLibraryView.h"
 #include "tests/fakes/FakeMovies.h"
+#include "tests/fakes/FakePasteboard.h"
+#include "tests/fakes/FakeShareWindow.h"
 #include "tests/fakes/FakeTagApi.h"
 #include "tests/fakes/FakeTrash.h"
 #include "tests/fakes/FakeUrlLoader.h"
@@ -52,9 +55,9 @@ class ControllerWorld : public testing::Test {
                                                   folder.filePath(QStringLiteral("Library.zib")));
         player = std::make_unique<RVPlayer>(
             nullptr, AudioStreamerPorts{http, parsers, outputs, alerts, defaults}, movies, desktop);
-        controller =
-            std::make_unique<RVMainController>(*library, *player, WebServices{urlLoader, defaults, clock},
-                                               defaults, alerts, desktop, trash, tags, window);
+        controller = std::make_unique<RVMainController>(
+            *library, *player, WebServices{urlLoader, defaults, clock}, defaults, alerts, desktop, trash,
+            tags, window, SharingPorts{shareWindow, clipboard, busyPanel});
     }
     /// Nobody has anything for the automatic lists.
     void comeOnline()
@@ -134,6 +137,9 @@ class ControllerWorld : public testing::Test {
     FakeDesktop desktop;
     FakeTrash trash;
     FakeTagAPIs tags;
+    FakeShareWindow shareWindow;
+    FakePasteboard clipboard;
+    FakeBusyPanel busyPanel;
     FakeUrlLoader urlLoader;
     FakeMovies movies;
     FakeHttpReadStreams http;

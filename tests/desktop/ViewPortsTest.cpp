@@ -3,9 +3,11 @@
 #include "tests/views/WindowFixture.h"
 #include "views/WidgetAlerts.h"
 #include "views/WidgetDesktop.h"
+#include "views/WidgetPasteboard.h"
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QDesktopServices>
 #include <QMessageBox>
 
@@ -212,6 +214,14 @@ TYPED_TEST(TableViewContract, SelectionStandsByRowAndInOrder)
     table.setAutosaveName(QString());
     this->setRows(0);
     EXPECT_EQ(table.selectedRows(), QList<int>());
+}
+
+TEST(WidgetPasteboard, HoldsWhatWasPutThereLast)
+{
+    WidgetPasteboard pasteboard;
+    pasteboard.setString(QStringLiteral("first"));
+    pasteboard.setString(QStringLiteral("http://lists.example/playlists/1/x"));
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("http://lists.example/playlists/1/x"));
 }
 
 } // namespace

@@ -18,11 +18,13 @@ class FakeDesktop : public Desktop {
         return opens;
     }
     void beep() override { calls.append(QStringLiteral("beep")); }
+    [[nodiscard]] QString userFullName() const override { return fullName; }
     [[nodiscard]] bool isActive() const override { return active; }
     void bringToFront() override { calls.append(QStringLiteral("bringToFront")); }
 
     bool opens = true;
     bool active = true;
+    QString fullName = QStringLiteral("Ann Other");
     QList<QUrl> opened;
     QStringList calls; ///< every call by its name, in order
 };

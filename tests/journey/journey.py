@@ -21,12 +21,13 @@ from discovery_steps import DiscoverySteps
 from environment import Environment, wait_until
 from library_steps import LibrarySteps
 from recorder import AUDIBLE, SILENT, Recorder
+from sharing_steps import SharingSteps
 from source_steps import SourceSteps
 
 ARTIST = "Kestrel Motorway"  # of the songs that come with the program
 
 
-class Journey(DesktopSteps, LibrarySteps, SourceSteps, DiscoverySteps):
+class Journey(DesktopSteps, LibrarySteps, SourceSteps, SharingSteps, DiscoverySteps):
     def __init__(self, bin_folder, output):
         self.bin = bin_folder
         self.output = output
@@ -150,7 +151,8 @@ class Journey(DesktopSteps, LibrarySteps, SourceSteps, DiscoverySteps):
         return f"{self.now_playing()}: {status}"
 
     STEPS = ("start", "search", "play", "pause", "resume", "seek", *DesktopSteps.STEPS, "love", "download", "quit",
-             "restart", "play_downloaded", *LibrarySteps.STEPS, *SourceSteps.STEPS, *DiscoverySteps.STEPS)
+             "restart", "play_downloaded", *LibrarySteps.STEPS, *SourceSteps.STEPS, *SharingSteps.STEPS,
+             *DiscoverySteps.STEPS)
 
     # What the steps are made of.
 
