@@ -161,6 +161,19 @@ class WebPaneTest : public testing::Test {
     int serial_ = 0;
 };
 
+// Has to be the first: the engine is loaded once a process.
+TEST(WebPaneBeforeTheFirstPage, HasNoEngine)
+{
+    WebPane pane({QStringLiteral(ZIB_WEB_ENGINE), {}, true});
+    pane.show();
+    pane.clear();
+    pane.setBusyGearShown(true);
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&pane));
+    QFile libraries(QStringLiteral("/proc/self/maps"));
+    ASSERT_TRUE(libraries.open(QIODevice::ReadOnly));
+    EXPECT_FALSE(libraries.readAll().contains("WebEngineCore"));
+}
+
 TEST_F(WebPaneTest, AHostileValueOnlyShows)
 {
     for (const HostileValue& hostile : kHostileValues) {
