@@ -78,6 +78,10 @@ ShareDialog::ShareDialog(const ShareForm& form, QWidget* parent)
     layout->addLayout(fields);
     layout->addWidget(buttons);
     resize(comfortableWidth, sizeHint().height());
+    connect(tags_, &TokenField::heightChanged, this, [this, layout] {
+        layout->activate();
+        resize(width(), qMax(height(), layout->totalHeightForWidth(width())));
+    });
     title_->selectAll();
     enableOk();
 }

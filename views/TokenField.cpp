@@ -173,11 +173,14 @@ void TokenField::arrange()
     }
     edit_->setPlaceholderText(pills_.isEmpty() ? placeholder_ : QString());
     place(edit_, narrowestEdit, true);
+    const int before = height();
     setFixedHeight(y + lineHeight + margin);
-    QWidget* before = edit_;
+    if (height() != before)
+        Q_EMIT heightChanged();
+    QWidget* next = edit_;
     for (auto pill = pills_.crbegin(); pill != pills_.crend(); ++pill) {
-        setTabOrder(*pill, before);
-        before = *pill;
+        setTabOrder(*pill, next);
+        next = *pill;
     }
 }
 

@@ -25,6 +25,10 @@ class TokenField : public QFrame {
     /// What the empty field says.
     void setPlaceholderText(const QString& text);
 
+  Q_SIGNALS:
+    /// It takes another number of lines than before.
+    void heightChanged();
+
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
