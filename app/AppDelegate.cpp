@@ -5,6 +5,7 @@
 #include "library/ITunesImporter.h"
 #include "library/MusicFolder.h"
 #include "library/RVDataManager.h"
+#include "pages/RVWebViewController.h"
 #include "platform/Alerts.h"
 #include "platform/Desktop.h"
 #include "platform/RVBusyPanel.h"
@@ -71,8 +72,8 @@ void AppDelegate::openFiles(const QStringList& paths)
 
 void AppDelegate::openAddress(const QString& address)
 {
-    qCWarning(log).noquote() << "nothing can be opened by the address" << address;
     parts_.desktop.bringToFront();
+    parts_.pages.handleURLString(address);
 }
 
 bool AppDelegate::isAddress(const QString& text)

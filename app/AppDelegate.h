@@ -16,6 +16,7 @@ class MainWindow;
 class PreferencesWindow;
 class RVBusyPanel;
 class RVDataManager;
+class RVWebViewController;
 class UserDefaults;
 class Alerts;
 
@@ -28,6 +29,7 @@ class AppDelegate : public QObject, private MusicFolderActions {
         MainWindow& mainWindow;
         RVDataManager& dataManager;
         FileImporter& importer;
+        RVWebViewController& pages;
         RVBusyPanel& sharedPanel;
         UserDefaults& defaults;
         Alerts& alerts;
@@ -49,8 +51,8 @@ class AppDelegate : public QObject, private MusicFolderActions {
     /// Opens documents: sound files and folders come into the library, while the busy panel tells of it. When
     /// the first is a library file, nothing is imported and the main window comes to the front.
     void openFiles(const QStringList& paths);
-    /// Opens an address of the program's own scheme, zib://: those that name nothing that can be opened bring
-    /// the main window to the front.
+    /// Opens an address of the program's own scheme, zib://, as if it were a link in a page, in front of the
+    /// user.
     void openAddress(const QString& address);
     [[nodiscard]] static bool isAddress(const QString& text);
     /// Opens either, given as an address: file:// or zib://. Any other is refused, with a log line.

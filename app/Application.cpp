@@ -27,6 +27,7 @@
 #include "platform/desktop/SystemClock.h"
 #include "platform/desktop/parsers/AudioFileStreamParsers.h"
 #include "platform/desktop/parsers/FittedFileStreams.h"
+#include "platform/desktop/webview/WebPane.h"
 #include "playback/RVPlayer.h"
 #include "services/PKNetwork.h"
 #include "services/ServiceHosts.h"
@@ -45,6 +46,7 @@
 #include <QDir>
 #include <QMenu>
 #include <QStandardPaths>
+#include <QUrl>
 
 #include <algorithm>
 #include <chrono>
@@ -100,16 +102,18 @@ struct Application::Parts {
         , loader(places.cache)
         , queues(sound)
         , movies(sound)
-        , window((prepare(), defaults))
+        , window((prepare(), defaults), makePages())
         , sharedPanel(&window)
         , dataManager(defaults, alerts, clock, window.libraryView(), loadedLibrary())
         , player(nullptr, {readStreams, fileStreams, queues, alerts, defaults}, movies, desktop)
         , controller(dataManager, player, {loader, defaults, clock}, defaults, alerts, desktop, trash, tags,
-                     window, {shareWindow, pasteboard, sharedPanel})
+                     window, QUrl::fromLocalFile(places.pages + QLatin1Char('/')).toString(),
+                     {shareWindow, pasteboard, sharedPanel})
         , network(reachability, powerEvents, defaults, &controller)
         , metadata(places.metadata)
         , importer(dataManager, metadata, defaults)
-        , delegate({window, dataManager, importer, sharedPanel, defaults, alerts, desktop, places.readMe})
+        , delegate({window, dataManager, importer, controller.webController(), sharedPanel, defaults, alerts,
+                    desktop, places.readMe})
         , playingOnDesktop(controller.playback(), defaults, desktop, notifications, sleepInhibitor)
         , mpris({controller.playback(), defaults, dataManager, [this] { desktop.bringToFront(); },
                  [] { QCoreApplication::quit(); }, [this](const QString& uri) { delegate.openUri(uri); }})
@@ -119,6 +123,7 @@ struct Application::Parts {
     /// What must be so before the first widget and before anything reads a setting.
     void prepare();
     void startCatalogue();
+    PagePane makePages();
     /// Shows the window meanwhile, without songs: its first picture takes as long as a large library.
     LibraryLoading loadedLibrary();
     void fillApplicationMenu();
@@ -174,6 +179,16 @@ LibraryLoading Application::Parts::loadedLibrary()
     while (!library.isReadyWithin(2ms))
         QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     return std::move(library);
+}
+
+PagePane Application::Parts::makePages()
+{
+    WebPane::Options options;
+    options.engine = places.webEngine;
+    options.videoSite = defaults.string(settings::VideoSite);
+    options.motionReduced = motionReduced(QWidget());
+    auto* pane = new WebPane(options);
+    return {pane, pane};
 }
 
 void Application::Parts::startCatalogue()

@@ -6,6 +6,7 @@ namespace zib {
 class MainWindowView;
 class Notices;
 class RVDataManager;
+class RVWebViewController;
 class SongDownloads;
 class UserDefaults;
 
@@ -16,6 +17,7 @@ struct ControllerContext {
     UserDefaults& defaults;
     MainWindowView& window;
     Notices& notices;
+    RVWebViewController& pages;
     /// As the connectivity monitor last said.
     bool connectedToInternet = false;
 };

@@ -11,6 +11,7 @@
 namespace zib {
 
 class OutlineView;
+class WebView;
 
 /// The picture in the now-playing panel.
 enum class Artwork {
@@ -64,6 +65,8 @@ class MainWindowView {
     // Sources
     /// The source list's outline; it lives as long as the window.
     [[nodiscard]] virtual OutlineView& outlineView() = 0;
+    /// The pane of the pages about the song now playing; it lives as long as the window.
+    [[nodiscard]] virtual WebView& webView() = 0;
     virtual void setCurrentView(MainView view) = 0;
     /// The field at the right of the status line: what the shown songs are, or where the link under the mouse
     /// leads.

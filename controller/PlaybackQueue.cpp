@@ -173,6 +173,7 @@ void PlaybackQueue::stop()
     context_.window.setFavorite(false);
     context_.window.setFavoriteEnabled(false);
     showDownloaded();
+    Q_EMIT stopped();
     Q_EMIT trackChanged();
     Q_EMIT stateChanged();
 }

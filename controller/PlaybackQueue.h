@@ -118,6 +118,8 @@ class PlaybackQueue : public QObject, public RVPlayerDelegate {
     void seeked(double seconds);
     /// A little of the song was heard; duration() and canSeek() may be others.
     void progressUpdated();
+    /// Nothing plays any more.
+    void stopped();
     /// songInformation() is complete.
     void songInformationCompleted();
 

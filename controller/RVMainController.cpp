@@ -13,18 +13,21 @@ namespace zib {
 
 RVMainController::RVMainController(RVDataManager& dataManager, RVPlayer& player, const WebServices& services,
                                    UserDefaults& defaults, Alerts& alerts, Desktop& desktop, Trash& trash,
-                                   TagAPIs& tags, MainWindowView& window, const SharingPorts& sharing)
+                                   TagAPIs& tags, MainWindowView& window, const QString& pageResources,
+                                   const SharingPorts& sharing)
     : player_(player)
     , notices_(defaults, alerts, desktop)
     , downloads_(dataManager, services, defaults, alerts)
     , removal_({dataManager, downloads_, defaults, trash, alerts, desktop})
     , information_(dataManager, tags, defaults)
     , editing_(dataManager, tags, defaults, alerts)
+    , webController_(window.webView(), services, defaults, desktop, pageResources)
     , context_{.dataManager = dataManager,
                .downloads = downloads_,
                .defaults = defaults,
                .window = window,
-               .notices = notices_}
+               .notices = notices_,
+               .pages = webController_}
     , playback_(context_, player, services)
     , sources_(context_, playback_, window.outlineView())
     , search_(context_, playback_, sources_, services)
@@ -33,10 +36,38 @@ RVMainController::RVMainController(RVDataManager& dataManager, RVPlayer& player,
 {
     dataManager.setDelegate(this);
     player.setDelegate(&playback_);
-    QObject::connect(&playback_, &PlaybackQueue::songInformationCompleted, &playback_, [this] {
-        if (sources_.categoryOfSelectedNode() == int(SourceType::NowPlaying))
-            sources_.changeItemView();
-    });
+    webController_.setDelegate(this);
+    QObject::connect(&playback_, &PlaybackQueue::songInformationCompleted, &playback_,
+                     [this] { songInformationCompleted(); });
+    QObject::connect(&playback_, &PlaybackQueue::stopped, &playback_, [this] { playbackStopped(); });
+}
+
+void RVMainController::setUrlField(const QString& text)
+{
+    context_.window.setUrlFieldText(text);
+}
+
+/// The pages are about that song from now on.
+void RVMainController::songInformationCompleted()
+{
+    const RVSongInfoDownloader& song = *playback_.songInformation();
+    webController_.resetParameters();
+    webController_.setArtwork(song.artworkLarge());
+    webController_.setTrack_wiki(song.wiki());
+    webController_.setArtist(song.artist());
+    webController_.setAlbum(song.album());
+    webController_.setTrack(song.name());
+    webController_.setTrack_tags(song.tags());
+    webController_.setMbid(song.mbid());
+    if (sources_.categoryOfSelectedNode() == int(SourceType::NowPlaying))
+        sources_.changeItemView();
+}
+
+/// A page that is being read stays.
+void RVMainController::playbackStopped()
+{
+    if (sources_.categoryOfSelectedNode() != int(SourceType::NowPlaying))
+        webController_.loadStoppedPage();
 }
 
 RVMainController::~RVMainController()

@@ -13,6 +13,7 @@
 #include "library/SongDownloads.h"
 #include "library/SongEditing.h"
 #include "library/SongRemoval.h"
+#include "pages/RVWebViewController.h"
 #include "services/PKNetwork.h"
 
 namespace zib {
@@ -25,12 +26,15 @@ class Trash;
 /// The main window's controller: what a control of the window does is one call here. Its parts do the work.
 /// It is the delegate of the library manager and the player from its construction on; the connectivity
 /// monitor is made with it as delegate. Main thread.
-class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate {
+class RVMainController : public RVDataManagerDelegate,
+                         public PKNetworkDelegate,
+                         private RVWebViewControllerDelegate {
   public:
     /// All of them outlive the controller.
+    /// @param pageResources address of the folder of the pages' pictures and scripts, with a slash at its end
     RVMainController(RVDataManager& dataManager, RVPlayer& player, const WebServices& services,
                      UserDefaults& defaults, Alerts& alerts, Desktop& desktop, Trash& trash, TagAPIs& tags,
-                     MainWindowView& window, const SharingPorts& sharing);
+                     MainWindowView& window, const QString& pageResources, const SharingPorts& sharing);
     ~RVMainController() override;
 
     /// Fills the window: search type, idle banner, the sources.
@@ -44,6 +48,7 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
     [[nodiscard]] DownloadActions& downloading() { return downloading_; }
     [[nodiscard]] SongEditing& editing() { return editing_; }
     [[nodiscard]] SharingFlow& sharing() { return sharing_; }
+    [[nodiscard]] RVWebViewController& webController() { return webController_; }
     [[nodiscard]] Notices& notices() { return notices_; }
 
     /// Shows the library's songs that pass the filter.
@@ -65,7 +70,7 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
     /// Appends the selected songs to that playlist.
     void addSelectionToPlaylist(int index) { sources_.addSongs(sources_.selectedSongs(), index); }
     /// Adds a playlist that somebody has published, of that identifier, to the user's.
-    void openSharedPlaylist(const QString& identifier) { sharing_.openSharedPlaylist(identifier); }
+    void openSharedPlaylist(const QString& identifier) override { sharing_.openSharedPlaylist(identifier); }
     /// Removes the selected songs, from the library or the shown playlist.
     void deleteSelectedItems() { removal_.deleteSelectedItems(); }
     /// Removes the songs that could not be opened, once the user has agreed to it.
@@ -95,12 +100,24 @@ class RVMainController : public RVDataManagerDelegate, public PKNetworkDelegate 
     void pause() override { playback_.pause(); }
 
   private:
+    // From the pages
+    void beginSearchForArtists(const QStringList& artists) override
+    {
+        search_.beginSearchForArtists(artists);
+    }
+    void beginSearchForTags(const QStringList& tags) override { search_.beginSearchForTags(tags); }
+    void setUrlField(const QString& text) override;
+
+    void songInformationCompleted();
+    void playbackStopped();
+
     RVPlayer& player_;
     Notices notices_;
     SongDownloads downloads_;
     SongRemoval removal_;
     FileViewController information_;
     SongEditing editing_;
+    RVWebViewController webController_;
     ControllerContext context_;
     PlaybackQueue playback_;
     SourceList sources_;

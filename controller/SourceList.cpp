@@ -8,6 +8,7 @@
 #include "controller/SourceKinds.h"
 #include "controller/TreeAdditionObj.h"
 #include "library/RVDataManager.h"
+#include "pages/RVWebViewController.h"
 #include "platform/SettingsKeys.h"
 #include "platform/TableView.h"
 
@@ -201,6 +202,11 @@ void SourceList::showRow(const NodePath& path)
     case SourceType::NowPlaying:
         context_.window.setCurrentView(MainView::NowPlaying);
         context_.window.setUrlFieldText({});
+        if (context_.connectedToInternet)
+            context_.pages.loadDataForTrack(playback_.nowplayingTrack());
+        else
+            context_.pages.loadErrorPage(
+                translated("This computer’s Internet connection appears to be offline."));
         break;
     case SourceType::TopHot:
     case SourceType::Recommended:

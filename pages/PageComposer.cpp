@@ -2,6 +2,7 @@
 #include "pages/PageComposer.h"
 
 #include "pages/PageFragments.h"
+#include "pages/SuggestedTags.h"
 #include "pages/WebSnippets.h"
 #include "services/utilities/PathUtilities.h"
 #include "services/utilities/StringUtilities.h"
@@ -58,6 +59,15 @@ QString feedItems(const PageFields& fields, Page page)
     default:
         return articleItems(fields.reviews());
     }
+}
+
+/// Links to searches for newcomers.
+QString suggestions()
+{
+    QString pills = translated("Or try a tag:");
+    for (const char* const tag : suggestedTags)
+        pills += QStringLiteral(" <a href=\"zib://search/tag/%1\">%1</a>").arg(QLatin1String(tag));
+    return pills;
 }
 
 } // namespace
@@ -175,6 +185,7 @@ QString PageComposer::startPage() const
     return blue(WebSnippets::startPage())
         .replace(QLatin1String("%notice"), QStringLiteral("<br>"))
         .replace(QLatin1String("%input"), translated("What artist do you want to play next?"))
+        .replace(QLatin1String("%suggestions"), suggestions())
         .text();
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "views/EmptyPlace.h"
 
+#include "pages/SuggestedTags.h"
 #include "views/Theme.h"
 
 #include <QHBoxLayout>
@@ -13,8 +14,6 @@ namespace zib {
 namespace {
 
 constexpr int textWidth = 400;
-// What is asked of the service, so not translated. A newcomer need not know any artist's name.
-const char* const offeredTags[] = {"ambient", "folk", "jazz", "lo-fi", "piano", "synthwave"};
 
 } // namespace
 
@@ -47,7 +46,7 @@ QWidget* EmptyPlace::makeTags()
     auto* layout = new QHBoxLayout(tags);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(Theme::between);
-    for (const char* const name : offeredTags) {
+    for (const char* const name : suggestedTags) {
         const QString tag = QString::fromLatin1(name);
         auto* button = new QPushButton(tag, tags);
         button->setObjectName(QStringLiteral("offeredTag"));

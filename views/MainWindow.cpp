@@ -10,7 +10,6 @@
 #include "views/FilterField.h"
 #include "views/LibraryPlace.h"
 #include "views/NowPlayingPanel.h"
-#include "views/NowPlayingPlace.h"
 #include "views/SearchBar.h"
 #include "views/SongInformationWindow.h"
 #include "views/SourceListView.h"
@@ -52,8 +51,9 @@ QStringList draggedFiles(const QMimeData& data)
 
 } // namespace
 
-MainWindow::MainWindow(UserDefaults& defaults)
+MainWindow::MainWindow(UserDefaults& defaults, PagePane pages)
     : defaults_(defaults)
+    , pages_(pages)
     , bar_(new ControlBar(defaults, this))
 {
     setWindowTitle(QStringLiteral("Zib"));
@@ -95,11 +95,10 @@ QWidget* MainWindow::makeMainArea()
 
     views_ = new QStackedWidget(splitter);
     nothing_ = new QWidget(views_);
-    nowPlaying_ = new NowPlayingPlace(views_);
     place_ = new LibraryPlace(defaults_, views_);
-    for (QWidget* view : {nothing_, static_cast<QWidget*>(nowPlaying_), static_cast<QWidget*>(place_)})
+    for (QWidget* view : {nothing_, pages_.widget, static_cast<QWidget*>(place_)})
         views_->addWidget(view);
-    views_->setCurrentWidget(nowPlaying_); // what a start shows, while a large library is still being read
+    views_->setCurrentWidget(pages_.widget); // what a start shows, while a large library is still being read
     splitter->addWidget(sources_);
     splitter->addWidget(views_);
     splitter->setStretchFactor(0, 0);
@@ -143,7 +142,6 @@ void MainWindow::attach(RVMainController& controller)
 {
     controller_ = &controller;
     place_->attach(controller);
-    nowPlaying_->attach(controller);
     sources_->attach(controller);
     bar_->attach(controller);
     filter_->attach(controller);
@@ -264,13 +262,11 @@ void MainWindow::setDownloadEnabled(bool enabled)
 void MainWindow::setArtwork(Artwork artwork)
 {
     bar_->panel().setArtwork(artwork);
-    nowPlaying_->setArtwork();
 }
 
 void MainWindow::setArtworkPicture(const QByteArray& file)
 {
     bar_->panel().setArtworkPicture(file);
-    nowPlaying_->setArtworkPicture(file);
 }
 
 void MainWindow::setTickerHeader(const QString& text)
@@ -352,7 +348,7 @@ void MainWindow::setCurrentView(MainView view)
         views_->setCurrentWidget(nothing_);
         break;
     case MainView::NowPlaying:
-        views_->setCurrentWidget(nowPlaying_);
+        views_->setCurrentWidget(pages_.widget);
         break;
     case MainView::Songs:
         views_->setCurrentWidget(place_);

@@ -14,12 +14,18 @@ class ControlBar;
 class FilterField;
 class LibraryPlace;
 class LibraryView;
-class NowPlayingPlace;
 class PlaybackQueue;
 class RVMainController;
 class SourcePane;
 class TextLabel;
 class UserDefaults;
+
+/// The widget that shows pages, and itself as what the controller speaks to: which engine draws them is not
+/// known here.
+struct PagePane {
+    QWidget* widget; ///< the window takes it over
+    WebView* view;
+};
 
 /// The main window: shows what the controller tells it and calls the controller for what the user does.
 ///
@@ -29,7 +35,7 @@ class MainWindow : public QMainWindow, public MainWindowView {
 
   public:
     /// The settings outlive the window.
-    explicit MainWindow(UserDefaults& defaults);
+    MainWindow(UserDefaults& defaults, PagePane pages);
     ~MainWindow() override;
 
     /// The view to make the library manager with.
@@ -63,6 +69,7 @@ class MainWindow : public QMainWindow, public MainWindowView {
     void setLoaderAnimating(bool animating) override;
     std::optional<SongInformation> editInformation(FileViewController& songs) override;
     OutlineView& outlineView() override;
+    WebView& webView() override { return *pages_.view; }
     void setCurrentView(MainView view) override;
     void setUrlFieldText(const QString& text) override;
     void setConnected(bool connected) override;
@@ -87,11 +94,11 @@ class MainWindow : public QMainWindow, public MainWindowView {
     UserDefaults& defaults_;
     RVMainController* controller_ = nullptr;
 
+    PagePane pages_;
     ControlBar* bar_;
     SourcePane* sources_ = nullptr;
     QStackedWidget* views_ = nullptr;
     QWidget* nothing_ = nullptr;
-    NowPlayingPlace* nowPlaying_ = nullptr;
     LibraryPlace* place_ = nullptr;
     TextLabel* status_ = nullptr;
     FilterField* filter_ = nullptr;

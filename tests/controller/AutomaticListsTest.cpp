@@ -37,7 +37,8 @@ class AutomaticListsTest : public ControllerFixture {
                               .downloads = downloads,
                               .defaults = defaults,
                               .window = window,
-                              .notices = notices};
+                              .notices = notices,
+                              .pages = controller->webController()};
     FakeSourceListing sources;
     SearchFlow flow{context, controller->playback(), sources, {urlLoader, defaults, clock}};
 };

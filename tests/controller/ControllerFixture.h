@@ -57,7 +57,7 @@ class ControllerWorld : public testing::Test {
             nullptr, AudioStreamerPorts{http, parsers, outputs, alerts, defaults}, movies, desktop);
         controller = std::make_unique<RVMainController>(
             *library, *player, WebServices{urlLoader, defaults, clock}, defaults, alerts, desktop, trash,
-            tags, window, SharingPorts{shareWindow, clipboard, busyPanel});
+            tags, window, QStringLiteral("file:///pages/"), SharingPorts{shareWindow, clipboard, busyPanel});
     }
     /// Nobody has anything for the automatic lists.
     void comeOnline()

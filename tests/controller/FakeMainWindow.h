@@ -3,6 +3,7 @@
 
 #include "controller/MainWindowView.h"
 #include "tests/fakes/FakeOutlineView.h"
+#include "tests/fakes/FakeWebView.h"
 
 namespace zib {
 
@@ -37,6 +38,7 @@ class FakeMainWindow : public MainWindowView {
         return edited;
     }
     FakeOutlineView& outlineView() override { return outline; }
+    FakeWebView& webView() override { return pages; }
     void setCurrentView(MainView view) override { shownView = view; }
     void setUrlFieldText(const QString& text) override { urlField = text; }
     void setConnected(bool on) override { connected = on; }
@@ -58,6 +60,7 @@ class FakeMainWindow : public MainWindowView {
     int searchType = -1;
     QString placeholder;
     bool loaderAnimating = false;
+    FakeWebView pages;
     QString urlField;
     int informations = 0;
     std::optional<SongInformation> edited; ///< what the user saves

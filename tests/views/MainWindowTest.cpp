@@ -330,6 +330,7 @@ TEST_F(MainWindowTest, ItsPlaceIsRemembered)
 
 TEST_F(MainWindowTest, AnEmptyPlaceOffersTagsThatSearch)
 {
+    controller->showLibrary(FilterType::All);
     auto* folk = widget<QAbstractButton>(QStringLiteral("Find songs tagged folk"));
     ASSERT_NE(folk, nullptr);
     ASSERT_TRUE(folk->isVisible());

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "tests/controller/ControllerFixture.h"
+#include "tests/fakes/FakeWebView.h"
 #include "views/MainWindow.h"
 #include "views/SongTable.h"
 #include "views/SongTableModel.h"
@@ -18,7 +19,7 @@ class WindowFixture : public ControllerWorld {
 
     void open()
     {
-        window = std::make_unique<MainWindow>(defaults);
+        window = std::make_unique<MainWindow>(defaults, PagePane{new QWidget, &pages});
         makeController(window->libraryView(), *window);
         window->attach(*controller);
         comeOnline();
@@ -64,6 +65,7 @@ class WindowFixture : public ControllerWorld {
         return text->text(0, text->characterCount());
     }
 
+    FakeWebView pages;
     std::unique_ptr<MainWindow> window;
 
   private:
