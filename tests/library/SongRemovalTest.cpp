@@ -131,7 +131,7 @@ TEST_F(SongRemovalTest, FromTheLibraryTheyGoWithTheirFiles)
     EXPECT_EQ(library.playlists()[0].strings(keys::Tracks), names("b"));
     EXPECT_EQ(trash.files, (QHash<QString, QByteArray>{{path(QStringLiteral("a")), "a"},
                                                        {path(QStringLiteral("c")), "c"}}));
-    EXPECT_EQ(table.selectedRows(), QList<int>());
+    EXPECT_TRUE(table.selectedRows().isEmpty());
     library.waitForSaves();
     EXPECT_EQ(LibraryFile(path(QStringLiteral("Library.zib"))).load()->library.size(), 2);
     remove({0});
@@ -193,7 +193,8 @@ TEST_F(SongRemovalTest, FromAPlaylistTheyGoWithoutAQuestion)
         remove(rows);
         EXPECT_EQ(library.playlists().last().strings(keys::Tracks), names(after)) << before;
         EXPECT_EQ(shown(), QString::fromUtf8(after));
-        EXPECT_EQ(table.selectedRows(), selected < 0 ? QList<int>() : QList<int>{selected}) << before;
+        EXPECT_EQ(table.selectedRows().value(0, -1), selected) << before;
+        EXPECT_LE(table.selectedRows().size(), 1) << before;
     }
     EXPECT_EQ(library.library().size(), 4);
     EXPECT_TRUE(alerts.shown.isEmpty());
