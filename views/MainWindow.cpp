@@ -118,7 +118,7 @@ QWidget* MainWindow::makeStatusLine()
     layout->addWidget(status_, 1);
     filter_ = new FilterField(line);
     filter_->setFixedWidth(filterWidth);
-    filter_->setEnabled(false); // until songs are shown
+    filter_->hide(); // until songs are shown
     urlField_ = new TextLabel(tr("About the shown songs or link"), line);
     urlField_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     layout->addWidget(filter_);
@@ -342,7 +342,7 @@ OutlineView& MainWindow::outlineView()
 
 void MainWindow::setCurrentView(MainView view)
 {
-    filter_->setEnabled(view == MainView::Songs);
+    filter_->setVisible(view == MainView::Songs);
     switch (view) {
     case MainView::None:
         views_->setCurrentWidget(nothing_);

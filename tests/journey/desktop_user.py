@@ -42,6 +42,42 @@ class DesktopUser:
     def wait_for(self, name, role=None, seconds=15):
         return wait_until(lambda: self.find(name, role), seconds, f"the control “{name}”")
 
+    def find_on_page(self, words, starts=True, seconds=15):
+        """What begins with these words on the page, or is called so; the page is scrolled to it."""
+        return self._on_page(lambda: next((one for one in _parts(self._page())
+                                           if (one.get_name() or "").startswith(words) and (starts or one.get_name() == words)),
+                                          None), seconds, f"“{words}” on the page")
+
+    def link_after(self, words, seconds=15):
+        """The first link of the page behind these words."""
+        def found():
+            parts = list(_parts(self._page()))
+            place = next((i for i, one in enumerate(parts) if one.get_name() == words), len(parts))
+            return next((one for one in parts[place:] if one.get_role() == Atspi.Role.LINK), None)
+
+        return self._on_page(found, seconds, f"a link behind “{words}”")
+
+    def _page(self):
+        return _search(self._application(), "", Atspi.Role.DOCUMENT_WEB, 16)
+
+    def _on_page(self, find, seconds, what):
+        def shown():
+            try:
+                found = find()
+                if found is None:
+                    return None
+                box, pane = _extents(found), _extents(self._page().get_parent())
+            except (GLib.Error, AttributeError):
+                return None  # the page went away while it was looked at
+            below = box.y + box.height > pane.y + pane.height
+            if not below and box.y >= pane.y:
+                return found
+            self._xdotool("mousemove", str(pane.x + pane.width - 60), str(pane.y + pane.height // 2),
+                          "click", "--repeat", "3", "5" if below else "4")
+            return None
+
+        return wait_until(shown, seconds, what)
+
     def text_of(self, name):
         control = self.wait_for(name)
         return Atspi.Text.get_text(control, 0, -1) if "Text" in control.get_interfaces() else ""
@@ -129,6 +165,15 @@ class DesktopUser:
 
 def _extents(control):
     return Atspi.Component.get_extents(control, Atspi.CoordType.SCREEN)
+
+
+def _parts(control):
+    """The control and all within it, in the order in which they are read."""
+    if control is None:
+        return
+    yield control
+    for i in range(control.get_child_count()):
+        yield from _parts(control.get_child_at_index(i))
 
 
 def _search(control, name, role, depth):

@@ -27,6 +27,7 @@ class Environment:
             TMPDIR=str(self.root / "tmp"),
             XDG_RUNTIME_DIR=str(runtime),
             QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1",
+            QTWEBENGINE_CHROMIUM_FLAGS="--force-renderer-accessibility",
             PULSE_RUNTIME_PATH=str(runtime / "pulse"),
             PULSE_SERVER=f"unix:{runtime}/pulse/native",
         )

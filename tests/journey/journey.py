@@ -20,6 +20,7 @@ from desktop_user import DesktopUser
 from discovery_steps import DiscoverySteps
 from environment import Environment, wait_until
 from library_steps import LibrarySteps
+from page_steps import PageSteps
 from recorder import AUDIBLE, SILENT, Recorder
 from sharing_steps import SharingSteps
 from source_steps import SourceSteps
@@ -27,7 +28,7 @@ from source_steps import SourceSteps
 ARTIST = "Kestrel Motorway"  # of the songs that come with the program
 
 
-class Journey(DesktopSteps, LibrarySteps, SourceSteps, SharingSteps, DiscoverySteps):
+class Journey(DesktopSteps, LibrarySteps, SourceSteps, SharingSteps, PageSteps, DiscoverySteps):
     def __init__(self, bin_folder, output):
         self.bin = bin_folder
         self.output = output
@@ -152,7 +153,7 @@ class Journey(DesktopSteps, LibrarySteps, SourceSteps, SharingSteps, DiscoverySt
 
     STEPS = ("start", "search", "play", "pause", "resume", "seek", *DesktopSteps.STEPS, "love", "download", "quit",
              "restart", "play_downloaded", *LibrarySteps.STEPS, *SourceSteps.STEPS, *SharingSteps.STEPS,
-             *DiscoverySteps.STEPS)
+             *PageSteps.STEPS, *DiscoverySteps.STEPS)
 
     # What the steps are made of.
 
