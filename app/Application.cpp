@@ -84,7 +84,7 @@ Places Places::standard()
     places.catalogueData = below(QStandardPaths::GenericDataLocation, QStringLiteral("zib/catalogue"));
     places.music = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
     places.readMe = programs.filePath(QStringLiteral("../share/zib/ReadMe.txt"));
-    places.metadata = programs.filePath(QStringLiteral("zib-metadata"));
+    places.metadata = QDir::cleanPath(programs.filePath(QStringLiteral("../lib/zib/zib-metadata")));
     places.catalogue = programs.filePath(QStringLiteral("zib-catalogue"));
     places.pages = QDir::cleanPath(programs.filePath(QStringLiteral("../share/zib/pages")));
     places.webEngine = QDir::cleanPath(programs.filePath(QStringLiteral("../lib/zib/zib-webengine.so")));
@@ -243,8 +243,9 @@ void Application::start(const StartRequest& request)
 
 void Application::reopen(const StartRequest& request)
 {
-    // A visible window is brought to the front by the one thing that a second start can want.
-    if (!parts_->delegate.applicationShouldHandleReopen(parts_->window.isVisible()))
+    // A visible window is brought to the front by the one thing that a second start without wishes can want.
+    if (request.transport == Transport::None &&
+        !parts_->delegate.applicationShouldHandleReopen(parts_->window.isVisible()))
         parts_->desktop.bringToFront(request.activationToken);
     parts_->open(request);
 }
@@ -254,6 +255,7 @@ void Application::Parts::open(const StartRequest& request)
     delegate.openFiles(request.files);
     for (const QString& address : request.addresses)
         delegate.openAddress(address);
+    mpris.apply(request.transport);
 }
 
 void Application::Parts::fillApplicationMenu()

@@ -106,6 +106,23 @@ Mpris::~Mpris()
     bus.unregisterObject(path);
 }
 
+void Mpris::apply(Transport transport)
+{
+    switch (transport) {
+    case Transport::PlayPause:
+        player_.PlayPause();
+        break;
+    case Transport::Next:
+        player_.Next();
+        break;
+    case Transport::Previous:
+        player_.Previous();
+        break;
+    case Transport::None:
+        break;
+    }
+}
+
 void Mpris::begin()
 {
     QDBusConnection bus = sessionBus(busAddress_);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/MprisPlayer.h"
+#include "app/SingleInstance.h"
 
 #include <QDBusAbstractAdaptor>
 #include <QDBusConnection>
@@ -67,6 +68,9 @@ class Mpris : public QObject {
     /// event loop.
     explicit Mpris(const Program& program, QString busAddress = {});
     ~Mpris() override;
+
+    /// Does what media keys do, for whoever else asks for it.
+    void apply(Transport transport);
 
     inline static const QString name = QStringLiteral("org.mpris.MediaPlayer2.zib");
     inline static const QString path = QStringLiteral("/org/mpris/MediaPlayer2");

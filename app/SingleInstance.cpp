@@ -21,6 +21,7 @@ constexpr qint64 kLongestRequest = qint64(8) << 20; // no command line is longer
 const QString kFiles = QStringLiteral("files");
 const QString kAddresses = QStringLiteral("addresses");
 const QString kActivationToken = QStringLiteral("activation");
+const QString kTransport = QStringLiteral("transport");
 
 // A request is a line with a JSON object.
 
@@ -28,7 +29,8 @@ QByteArray lineOf(const StartRequest& request)
 {
     const QJsonObject object{{kFiles, QJsonArray::fromStringList(request.files)},
                              {kAddresses, QJsonArray::fromStringList(request.addresses)},
-                             {kActivationToken, request.activationToken}};
+                             {kActivationToken, request.activationToken},
+                             {kTransport, int(request.transport)}};
     return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
 }
 
@@ -42,7 +44,10 @@ StartRequest requestOf(const QByteArray& line)
             list.append(item.toString());
         return list;
     };
-    return {strings(kFiles), strings(kAddresses), object.value(kActivationToken).toString()};
+    const int transport = object.value(kTransport).toInt();
+    const bool known = transport >= int(Transport::None) && transport <= int(Transport::Previous);
+    return {strings(kFiles), strings(kAddresses), object.value(kActivationToken).toString(),
+            known ? Transport(transport) : Transport::None};
 }
 
 bool askRunningInstance(const QString& name, const StartRequest& request)

@@ -12,11 +12,15 @@ class QLocalSocket;
 
 namespace zib {
 
+/// What a start of the program can ask of the song that plays.
+enum class Transport { None, PlayPause, Next, Previous };
+
 /// What a start of the program asks for beside its window.
 struct StartRequest {
     QStringList files;       ///< absolute paths
     QStringList addresses;   ///< of the program's own scheme
     QString activationToken; ///< by which the desktop lets the window come to the front; empty without one
+    Transport transport = Transport::None; ///< asked for from a menu of the desktop, which shows no window
 };
 
 /// Lets one program run for each user and library: a later start finds the first, tells it and ends. Main

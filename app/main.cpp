@@ -49,6 +49,15 @@ struct Options {
                                     "Write the library as a property list to FILE (- for standard output) "
                                     "and end."),
         QStringLiteral("FILE")};
+    QCommandLineOption playPause{
+        QStringLiteral("play-pause"),
+        QCoreApplication::translate("main", "Play, or pause what plays, without showing the window.")};
+    QCommandLineOption next{QStringLiteral("next"),
+                            QCoreApplication::translate("main", "Go to the next song.")};
+    QCommandLineOption previous{
+        QStringLiteral("previous"),
+        QCoreApplication::translate("main",
+                                    "Go to the beginning of the song, from there to the one before.")};
 };
 
 /// The program's result when the arguments end it already. It never exits from within: a library may be on
@@ -56,7 +65,9 @@ struct Options {
 std::optional<int> parse(QCommandLineParser& parser, const Options& options)
 {
     parser.setApplicationDescription(QCoreApplication::translate("main", "Finds, plays and keeps music."));
-    const QCommandLineOption help = parser.addHelpOption();
+    const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                  QCoreApplication::translate("main", "Show the options and end."));
+    parser.addOption(help);
     const QCommandLineOption version = parser.addVersionOption();
     parser.addPositionalArgument(
         QStringLiteral("FILE"),
@@ -64,7 +75,7 @@ std::optional<int> parse(QCommandLineParser& parser, const Options& options)
                                     "Sound files and folders to add to the library, or zib:// addresses."),
         QStringLiteral("[FILE…]"));
     parser.addOption(options.services);
-    parser.addOption(options.exportLibrary);
+    parser.addOptions({options.exportLibrary, options.playPause, options.next, options.previous});
     if (!parser.parse(QCoreApplication::arguments()))
         return fail(parser.errorText(), EXIT_FAILURE);
     if (parser.isSet(help)) {
@@ -129,6 +140,11 @@ int runProgram(int argc, char** argv)
             return fail(QCoreApplication::translate("main", "there is no file “%1”").arg(argument),
                         kUsageError);
     }
+    for (const auto& [option, transport] : {std::pair{&options.playPause, zib::Transport::PlayPause},
+                                            std::pair{&options.next, zib::Transport::Next},
+                                            std::pair{&options.previous, zib::Transport::Previous}})
+        if (parser.isSet(*option))
+            request.transport = transport;
     QVariantMap overrides;
     if (parser.isSet(options.services)) {
         const auto hosts = zib::hostsAtBase(parser.value(options.services));

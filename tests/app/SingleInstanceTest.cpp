@@ -24,8 +24,10 @@ TEST(SingleInstance, TheSecondTellsTheFirstAndIsRefused)
     QObject::connect(&first, &SingleInstance::requested, &first,
                      [&received](const StartRequest& request) { received.append(request); });
 
-    StartRequest request{
-        {}, {QStringLiteral("zib://search/artist/M%C3%B6rk")}, QStringLiteral("gnome-shell/42_TIME9")};
+    StartRequest request{{},
+                         {QStringLiteral("zib://search/artist/M%C3%B6rk")},
+                         QStringLiteral("gnome-shell/42_TIME9"),
+                         Transport::Next};
     for (int number = 0; number < 20'000; ++number) // as many files as a shell's "*" can name
         request.files.append(QStringLiteral("/müsic/a \"song\"\n%1.mp3").arg(number));
     bool claimed = true;
@@ -39,6 +41,7 @@ TEST(SingleInstance, TheSecondTellsTheFirstAndIsRefused)
     EXPECT_EQ(received.first().files, request.files);
     EXPECT_EQ(received.first().addresses, request.addresses);
     EXPECT_EQ(received.first().activationToken, request.activationToken);
+    EXPECT_EQ(received.first().transport, request.transport);
 }
 
 TEST(SingleInstance, WhatAKilledProgramLeftBehindIsTakenOver)
