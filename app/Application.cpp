@@ -46,6 +46,7 @@
 #include <QDir>
 #include <QMenu>
 #include <QStandardPaths>
+#include <QTimer>
 #include <QUrl>
 
 #include <algorithm>
@@ -122,8 +123,8 @@ struct Application::Parts {
 
     /// What must be so before the first widget and before anything reads a setting.
     void prepare();
-    void startCatalogue();
     PagePane makePages();
+    void prepareCatalogue();
     /// Shows the window meanwhile, without songs: its first picture takes as long as a large library.
     LibraryLoading loadedLibrary();
     void fillApplicationMenu();
@@ -170,7 +171,7 @@ void Application::Parts::prepare()
     installAccessibleTexts();
     applyTheme(*qApp, defaults);
     if (!anyHostIsConfigured(defaults))
-        startCatalogue();
+        prepareCatalogue();
 }
 
 LibraryLoading Application::Parts::loadedLibrary()
@@ -191,7 +192,7 @@ PagePane Application::Parts::makePages()
     return {pane, pane};
 }
 
-void Application::Parts::startCatalogue()
+void Application::Parts::prepareCatalogue()
 {
     CatalogueProcess::Options options;
     options.program = places.catalogue;
@@ -199,7 +200,7 @@ void Application::Parts::startCatalogue()
     options.musicFolders = {places.music};
     options.preferredPort = quint16(defaults.integer(settings::CataloguePort));
     catalogue = std::make_unique<CatalogueProcess>(options);
-    if (!catalogue->start())
+    if (!catalogue->listen())
         return;
     QObject::connect(catalogue.get(), &CatalogueProcess::failed, &defaults, [this](const QString& message) {
         defaults.setValue(settings::BriefStatusMessage, message);
@@ -239,6 +240,10 @@ void Application::start(const StartRequest& request)
     parts_->delegate.applicationDidFinishLaunching();
     parts_->sound.warmUp();
     parts_->open(request);
+    // Once the library is painted, which the service's own start would hold up; requests wait for it
+    // meanwhile.
+    if (parts_->catalogue && parts_->catalogue->port() != 0)
+        QTimer::singleShot(0, parts_->catalogue.get(), &CatalogueProcess::start);
 }
 
 void Application::reopen(const StartRequest& request)

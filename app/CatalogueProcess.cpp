@@ -73,7 +73,7 @@ CatalogueProcess::~CatalogueProcess()
         ::close(listeningSocket_);
 }
 
-bool CatalogueProcess::start()
+bool CatalogueProcess::listen()
 {
     if (options_.preferredPort != 0)
         listeningSocket_ = listenOnLoopback(options_.preferredPort);
@@ -84,6 +84,13 @@ bool CatalogueProcess::start()
         return false;
     }
     port_ = portOf(listeningSocket_);
+    return true;
+}
+
+bool CatalogueProcess::start()
+{
+    if (listeningSocket_ < 0 && !listen())
+        return false;
     launch();
     return true;
 }

@@ -31,11 +31,14 @@ class CatalogueProcess : public QObject {
     /// Ends the child and waits for it, 2 s at most before it is killed.
     ~CatalogueProcess() override;
 
-    /// Opens the socket and starts the child. @return false, with a log line, when no socket can be opened.
+    /// Opens the socket: requests wait in its queue from now on. @return false, with a log line, when none
+    /// can be opened.
+    bool listen();
+    /// Starts the child, and opens the socket unless that was done. @return as listen() does.
     bool start();
 
     /// The port that the service answers on: the preferred one, or another when that was taken. 0 before
-    /// start.
+    /// listen.
     [[nodiscard]] quint16 port() const { return port_; }
 
   Q_SIGNALS:

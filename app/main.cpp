@@ -13,6 +13,7 @@
 #include <QFileInfo>
 #include <QIcon>
 #include <QTextStream>
+#include <QThread>
 #include <QUrl>
 
 #include <algorithm>
@@ -113,6 +114,8 @@ int exportLibrary(int argc, char** argv)
 
 int runProgram(int argc, char** argv)
 {
+    static_cast<void>(
+        QThread::currentThread()); // the toolkit takes the first thread that it meets for the main one
     // First of all: it takes about as long as everything up to the window.
     zib::LibraryLoading library(zib::LibraryFile::standardPath());
     zib::StartRequest request;

@@ -250,14 +250,26 @@ void RecordBuilder::sortEntries()
     const auto disorder = std::ranges::adjacent_find(entries_, std::ranges::greater_equal(), keyOf);
     if (disorder == entries_.end())
         return;
-    // The last of equal keys is to hold, and it is the first of them once the order is turned round.
-    std::ranges::reverse(entries_);
-    std::ranges::stable_sort(entries_, std::ranges::less(), keyOf);
-    // Not the one of std::ranges, whose result clang 14, which the fuzz targets need, can't compile.
-    const auto repeated =
-        std::unique(entries_.begin(), entries_.end(),
-                    [keyOf](const Entry& a, const Entry& b) { return keyOf(a) == keyOf(b); });
-    entries_.erase(repeated, entries_.end());
+    constexpr std::size_t few = 32; // what a song has is in order sooner than a general sort has begun
+    if (entries_.size() <= few) {
+        for (auto entry = entries_.begin() + 1; entry != entries_.end(); ++entry) {
+            const Entry moved = *entry;
+            auto place = entry;
+            for (; place != entries_.begin() && keyOf(*(place - 1)) > keyOf(moved); --place)
+                *place = *(place - 1);
+            *place = moved;
+        }
+    } else {
+        std::ranges::stable_sort(entries_, std::ranges::less(), keyOf);
+    }
+    // Of equal keys the last holds.
+    auto kept = entries_.begin();
+    for (const Entry& entry : entries_) {
+        if (keyOf(entry) != keyOf(*kept))
+            ++kept;
+        *kept = entry;
+    }
+    entries_.erase(kept + 1, entries_.end());
 }
 
 RecordFields RecordBuilder::build(BlockMemory* memory)

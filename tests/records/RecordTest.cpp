@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include <atomic>
 #include <limits>
 #include <thread>
@@ -153,6 +155,15 @@ TEST(RecordBuilder, TheLastOfEqualKeysHolds)
                                                            {keys::Name, QStringLiteral("last")},
                                                            {keys::Album, QStringLiteral("album")}}));
     EXPECT_EQ(builder.build().size(), 0U) << "built means empty";
+
+    // So many that they are put in order in another way.
+    const auto keyOf = [](int number) { return RecordKey::named("key" + std::to_string(number)); };
+    for (int number = 999; number >= 0; --number)
+        builder.addInteger(keyOf(number % 100), number);
+    const Record many = Record::make(builder.build());
+    EXPECT_EQ(many.keys().size(), 100);
+    for (int number = 0; number < 100; ++number)
+        EXPECT_EQ(many.integer(keyOf(number)), number);
 }
 
 // Another thread reads while this one changes: what it sees is one of the states, whole.
