@@ -114,8 +114,8 @@ int exportLibrary(int argc, char** argv)
 
 int runProgram(int argc, char** argv)
 {
-    static_cast<void>(
-        QThread::currentThread()); // the toolkit takes the first thread that it meets for the main one
+    // The toolkit takes the first thread that it meets for the main one.
+    static_cast<void>(QThread::currentThread());
     // First of all: it takes about as long as everything up to the window.
     zib::LibraryLoading library(zib::LibraryFile::standardPath());
     zib::StartRequest request;
