@@ -198,6 +198,7 @@ void Application::Parts::prepareCatalogue()
     options.program = places.catalogue;
     options.dataFolder = places.catalogueData;
     options.musicFolders = {places.music};
+    QDir().mkpath(places.music); // a new user has none yet, and the service wants one
     options.preferredPort = quint16(defaults.integer(settings::CataloguePort));
     catalogue = std::make_unique<CatalogueProcess>(options);
     if (!catalogue->listen())

@@ -187,6 +187,25 @@ TEST_F(MprisTest, DoesWhatTheButtonsDo)
     EXPECT_FALSE(queue().snapshot());
 }
 
+TEST_F(MprisTest, DoesWhatLaterStartsAskFor)
+{
+    const auto ask = [this](Transport transport) {
+        mpris_->apply(transport);
+        QCoreApplication::processEvents();
+    };
+    ask(Transport::None);
+    ask(Transport::Next); // of nothing
+    EXPECT_FALSE(window.playing);
+    ask(Transport::PlayPause);
+    EXPECT_TRUE(window.playing);
+    ask(Transport::Next);
+    EXPECT_EQ(playing(), 2);
+    ask(Transport::Previous);
+    EXPECT_EQ(playing(), 1);
+    ask(Transport::PlayPause);
+    EXPECT_FALSE(window.playing);
+}
+
 TEST_F(MprisTest, TellsOfChangesAndOfThemAlone)
 {
     EXPECT_FALSE(told().contains("PropertiesChanged"));

@@ -91,14 +91,15 @@ class DesktopFiles(unittest.TestCase):
         with tempfile.TemporaryDirectory() as folder:
             unit = pathlib.Path(folder) / "zib-catalogue.service"
             text = (RESOURCES / unit.name).read_text()
-            unit.write_text(text.replace("/usr/bin/zib-catalogue", str(BIN / "zib-catalogue")))
+            unit.write_text(text.replace("ExecStart=zib-catalogue", f"ExecStart={BIN}/zib-catalogue"))
             self.accepted("systemd-analyze", "verify", "--user", "--man=no", unit)
             self.accepted("systemd-analyze", "security", "--user", "--offline=yes", "--threshold=30", unit)
 
     def test_icons_are_painted_in_every_size(self):
         for icon in ("zib.svg", "zib-symbolic.svg"):
             for size in (16, 512):
-                painted = self.accepted("sh", "-c", f"rsvg-convert -w {size} {RESOURCES}/{icon} | identify -format '%w %h %[fx:mean.a>0.2]' -")
+                painted = self.accepted("sh", "-c", f"rsvg-convert -w {size} {RESOURCES}/{icon} |"
+                                        "identify -format '%w %h %[fx:mean.a>0.2]' -")
                 self.assertEqual(painted, f"{size} {size} 1", icon)
 
 
