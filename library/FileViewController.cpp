@@ -70,6 +70,19 @@ SongInformation FileViewController::information() const
     return result;
 }
 
+QByteArray FileViewController::cover() const
+{
+    const auto tags = hasOneSong() ? tags_.open(files_.paths().filePath(tracks_.first())) : nullptr;
+    return tags ? tags->cover() : QByteArray();
+}
+
+bool FileViewController::canChangeCover() const
+{
+    return std::ranges::any_of(tracks_, [this](const Record& track) {
+        return tags_.open(files_.paths().filePath(track)) != nullptr;
+    });
+}
+
 QStringList FileViewController::save(const SongInformation& fields)
 {
     QStringList failures;
@@ -109,6 +122,8 @@ void FileViewController::write(const SongInformation& fields, TagAPI& tags) cons
         tags.setGenreList({fields.genre});
     if (!fields.composer.isEmpty())
         tags.setComposer(fields.composer);
+    if (fields.cover)
+        tags.setCover(*fields.cover);
     tags.setYear(wholeNumber(fields.year));
     if (hasOneSong()) {
         if (!fields.name.isEmpty())

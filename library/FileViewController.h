@@ -8,6 +8,8 @@
 #include <QList>
 #include <QString>
 
+#include <optional>
+
 namespace zib {
 
 class RVDataManager;
@@ -26,6 +28,7 @@ struct SongInformation {
     QString trackTotal = {};
     QString discNumber = {};
     QString discTotal = {};
+    std::optional<QByteArray> cover = {}; ///< a new one, a PNG or JPEG file; empty for none
 };
 
 /// Edits what is known of the selected songs: in the library, in the tags of their files, and in where those
@@ -43,7 +46,12 @@ class FileViewController {
     /// What to show at first; of several songs what all of them have in common.
     [[nodiscard]] SongInformation information() const;
 
-    /// A text was changed in the window. Without that save() changes nothing.
+    /// The cover that the file of one song has, the bytes of a picture from outside; of several songs none.
+    [[nodiscard]] QByteArray cover() const;
+    /// Whether any of the songs has a file whose cover can be changed.
+    [[nodiscard]] bool canChangeCover() const;
+
+    /// A text or the cover was changed in the window. Without that save() changes nothing.
     void textDidChange() { changed_ = true; }
     /// An empty text leaves a song what it has, but an empty year or track number is 0. Name and numbers on
     /// the album are of one song alone. A song whose file can't follow stays as it was.

@@ -60,6 +60,8 @@ inline const QString ReduceMotion = QStringLiteral("ReduceMotion");
 inline const QString NotifiesOfSongs = QStringLiteral("NotifiesOfSongs");
 // The machine does not go to sleep by itself while a song plays.
 inline const QString KeepsAwakeWhilePlaying = QStringLiteral("KeepsAwakeWhilePlaying");
+// The newcomer has seen what the program says of itself at its first start.
+inline const QString WelcomeShown = QStringLiteral("WelcomeShown");
 inline const QString WindowGeometry = QStringLiteral("WindowGeometry");
 // Begins the key of a saved song-table layout; its name follows.
 inline const QString SongTableLayout = QStringLiteral("SongTableLayout ");

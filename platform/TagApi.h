@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -26,12 +27,22 @@ class TagAPI {
     virtual void setDisc(int number, int total) = 0;
     /// @}
 
+    /// The picture of the cover, a PNG or JPEG file, in place of the one that cover() tells; an empty one
+    /// removes that. Longer ones than this are not taken.
+    /// @{
+    static constexpr qsizetype maximumCoverBytes = qsizetype(6) * 1024 * 1024;
+    virtual void setCover(const QByteArray& picture) = 0;
+    /// @}
+
     /// What the file's tags say now, for showing.
     /// @{
     [[nodiscard]] virtual QString composer() const = 0;
     [[nodiscard]] virtual int trackTotal() const = 0;
     [[nodiscard]] virtual int discNumber() const = 0;
     [[nodiscard]] virtual int discTotal() const = 0;
+    /// The front cover, else the first picture of any kind, as the bytes of a picture file from outside; none
+    /// when there is none or it is longer than maximumCoverBytes.
+    [[nodiscard]] virtual QByteArray cover() const = 0;
     /// @}
 
     /// Writes what was set back into the file; all other tags stay. Whether that worked.

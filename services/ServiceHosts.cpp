@@ -58,6 +58,21 @@ std::optional<QVariantMap> hostsAtBase(const QString& base)
     return result;
 }
 
+std::optional<QString> serviceHostFrom(const QString& typed)
+{
+    const QString text = typed.trimmed();
+    const auto hosts =
+        hostsAtBase(text.contains(QLatin1String("://")) ? text : QLatin1String("http://") + text);
+    return hosts ? std::optional(hosts->value(settings::SongSearchHost).toString()) : std::nullopt;
+}
+
+bool isBundledService(const UserDefaults& userDefaults, const QString& hostKey)
+{
+    const QString host = userDefaults.string(hostKey);
+    return host.isEmpty() ||
+           host == QStringLiteral("127.0.0.1:%1").arg(userDefaults.integer(settings::CataloguePort));
+}
+
 QByteArray serviceAddress(const UserDefaults& userDefaults, const QString& hostKey,
                           const QString& pathAndQuery)
 {

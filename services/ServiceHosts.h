@@ -11,8 +11,8 @@ namespace zib {
 
 class UserDefaults;
 
-/// The settings that name the host of an outside service. With none of them set, the bundled service stands
-/// in for all of them.
+/// The settings that name the host of an outside service. The bundled service stands in for those that are
+/// not set.
 const QStringList& serviceHostKeys();
 
 /// The defaults of all service hosts and web addresses, in one place: the one to register at start.
@@ -22,6 +22,13 @@ QVariantMap defaultAddresses();
 /// @param base "http://HOST[:PORT][/PATH]", a slash at its end is ignored; nothing when it is no such
 /// address.
 std::optional<QVariantMap> hostsAtBase(const QString& base);
+
+/// What somebody typed as a service's host, made HOST[:PORT][/PATH]: "http://" before it and slashes after it
+/// are left out. Nothing when it names no host that can be spoken to over HTTP.
+std::optional<QString> serviceHostFrom(const QString& typed);
+
+/// Whether the bundled service stands in for this service.
+bool isBundledService(const UserDefaults& userDefaults, const QString& hostKey);
 
 /// The address of a request to an outside service, by the host that the settings name now.
 /// @param pathAndQuery from the slash on, already percent-escaped.

@@ -8,7 +8,9 @@
 
 namespace zib {
 
-QString makeShareUserName(const QString& shownName)
+namespace {
+
+QString sentName(const QString& shownName)
 {
     constexpr int mostCharacters = 40;
     QString name;
@@ -19,12 +21,28 @@ QString makeShareUserName(const QString& shownName)
             name += QLatin1Char('_');
     }
     name.truncate(mostCharacters);
-    if (name.isEmpty())
-        name = QStringLiteral("listener");
+    return name.isEmpty() ? QStringLiteral("listener") : name;
+}
+
+} // namespace
+
+QString makeShareUserName(const QString& shownName)
+{
     std::array<quint32, 4> secret{};
     QRandomGenerator::system()->fillRange(secret.data(), qsizetype(secret.size()));
     const QByteArrayView bytes(reinterpret_cast<const char*>(secret.data()), sizeof secret);
-    return name + QLatin1Char('-') + QString::fromLatin1(bytes.toByteArray().toHex());
+    return sentName(shownName) + QLatin1Char('-') + QString::fromLatin1(bytes.toByteArray().toHex());
+}
+
+QString shownOf(const QString& shareUserName)
+{
+    return withoutSecret(shareUserName).replace(QLatin1Char('_'), QLatin1Char(' '));
+}
+
+QString renamed(const QString& shareUserName, const QString& shownName)
+{
+    const QString secret = shareUserName.mid(withoutSecret(shareUserName).size());
+    return secret.isEmpty() ? makeShareUserName(shownName) : sentName(shownName) + secret;
 }
 
 QString withoutSecret(const QString& shareUserName)

@@ -12,6 +12,10 @@ namespace zib {
 /// A new name with a secret of its own. What is shown of it are the letters, the digits and the blanks of the
 /// given one, or "listener" when it has none.
 QString makeShareUserName(const QString& shownName);
+/// What others see of it.
+QString shownOf(const QString& shareUserName);
+/// The same user by another name: the secret stays. Without one it is a new name.
+QString renamed(const QString& shareUserName, const QString& shownName);
 /// The name without its secret.
 QString withoutSecret(const QString& shareUserName);
 

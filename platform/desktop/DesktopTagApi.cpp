@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktop/DesktopTagApi.h"
 
+#include "platform/desktop/TagCovers.h"
 #include "platform/desktop/metadata/SoundFile.h"
 
 #include <QFile>
@@ -22,6 +23,7 @@
 #include <cerrno>
 #include <exception>
 #include <filesystem>
+#include <optional>
 #include <system_error>
 
 #include <fcntl.h>
@@ -171,10 +173,11 @@ class WorkingCopy {
 class FileTags : public TagAPI {
   public:
     /// @param path with links resolved.
-    FileTags(QByteArray path, const TagLib::File& file)
+    FileTags(QByteArray path, TagLib::File& file)
         : path_(std::move(path))
         , totalsApart_(keepsTotalsApart(file))
         , tags_(file.properties())
+        , cover_(coverOf(file))
     {
     }
 
@@ -192,6 +195,13 @@ class FileTags : public TagAPI {
     void setTrack(int number, int total) override { setPlace("TRACKNUMBER", "TRACKTOTAL", number, total); }
     void setDisc(int number, int total) override { setPlace("DISCNUMBER", "DISCTOTAL", number, total); }
 
+    void setCover(const QByteArray& picture) override
+    {
+        if (picture.size() <= maximumCoverBytes)
+            newCover_ = picture;
+    }
+
+    [[nodiscard]] QByteArray cover() const override { return newCover_.value_or(cover_); }
     [[nodiscard]] QString composer() const override { return first("COMPOSER"); }
     [[nodiscard]] int trackTotal() const override
     {
@@ -269,13 +279,17 @@ class FileTags : public TagAPI {
         }
         const auto version = id3VersionOf(*file);
         setTags(*file, tags);
+        if (newCover_)
+            replaceCover(*file, *newCover_);
         return save(*file, version);
     }
 
     const QByteArray path_;
     const bool totalsApart_;
     const TagLib::PropertyMap tags_; // as they were when it was opened
+    const QByteArray cover_;
     TagLib::PropertyMap changes_;
+    std::optional<QByteArray> newCover_;
 };
 
 } // namespace

@@ -206,6 +206,46 @@ TEST(DesktopTagAPIs, EmptyTextsAndZerosRemove)
     EXPECT_EQ(found.tags.value(text("album")), text("Album"));
 }
 
+TEST(DesktopTagAPIs, CoversAreReplacedAndRemovedWithoutTheSound)
+{
+    struct Case {
+        const char* name;
+        QStringList options;
+        bool picture; ///< the file comes with one
+    };
+    const Case cases[] = {
+        {"a.mp3", {text("-id3v2_version"), text("3")}, true},
+        {"b.m4a", {text("-c:a"), text("aac")}, true},
+        {"c.flac", {}, true},
+        {"d.ogg", {text("-c:a"), text("libvorbis")}, false},
+        {"e.opus", {}, false},
+        {"f.wav", {}, false},
+    };
+    const Songs songs;
+    const QByteArray jpeg = QByteArray("\xff\xd8\xff") + "a picture";
+    DesktopTagAPIs tags;
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const QString path = songs.encode(c.name, c.options, c.picture);
+        const Found before(path);
+        auto opened = tags.open(path);
+        EXPECT_EQ(opened->cover().startsWith("\x89PNG"), c.picture);
+        opened->setCover(QByteArray(TagAPI::maximumCoverBytes + 1, 'x'));
+        EXPECT_EQ(opened->cover().startsWith("\x89PNG"), c.picture) << "too long, so left out";
+        opened->setCover(jpeg);
+        ASSERT_TRUE(opened->write());
+        opened = tags.open(path);
+        EXPECT_EQ(opened->cover(), jpeg);
+        opened->setCover({});
+        ASSERT_TRUE(opened->write());
+        EXPECT_EQ(tags.open(path)->cover(), QByteArray());
+        const Found after(path);
+        EXPECT_EQ(after.pictures, 0);
+        EXPECT_EQ(after.sound, before.sound);
+        EXPECT_EQ(after.tags.value(text("title")), text("Old"));
+    }
+}
+
 TEST(DesktopTagAPIs, AFailedWriteLeavesTheOldFile)
 {
     const Songs songs;

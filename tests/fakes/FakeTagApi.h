@@ -17,7 +17,7 @@ class FakeTagAPIs : public TagAPIs {
     }
 
     /// path -> what was written: "title", "artist", "album", "genres", "composer", "year", "track",
-    /// "trackTotal", "disc", "discTotal".
+    /// "trackTotal", "disc", "discTotal", "cover".
     QHash<QString, QVariantMap> files;
     bool writesFail = false;
 
@@ -46,6 +46,8 @@ class FakeTagAPIs : public TagAPIs {
             set("disc", number);
             set("discTotal", total);
         }
+        void setCover(const QByteArray& picture) override { set("cover", picture); }
+        QByteArray cover() const override { return get("cover").toByteArray(); }
         QString composer() const override { return get("composer").toString(); }
         int trackTotal() const override { return get("trackTotal").toInt(); }
         int discNumber() const override { return get("disc").toInt(); }

@@ -143,7 +143,12 @@ TEST_F(FileViewControllerTest, SeveralSongsKeepTheirNamesAndAnEmptyYearIsZero)
     EXPECT_EQ(view.information().artist, text("Ann"));
     EXPECT_EQ(view.information().name, QString());
     view.textDidChange();
-    EXPECT_EQ(view.save({.name = text("Same"), .album = text("Second"), .trackNumber = text("4")}),
+    EXPECT_TRUE(view.canChangeCover());
+    EXPECT_EQ(view.cover(), QByteArray());
+    EXPECT_EQ(view.save({.name = text("Same"),
+                         .album = text("Second"),
+                         .trackNumber = text("4"),
+                         .cover = QByteArray("picture")}),
               QStringList());
     for (const char* id : {"a", "b"}) {
         EXPECT_EQ(kept(id).string(keys::Name), text("Song ") + text(id));
@@ -155,6 +160,7 @@ TEST_F(FileViewControllerTest, SeveralSongsKeepTheirNamesAndAnEmptyYearIsZero)
     EXPECT_EQ(content("Ann/Second/Song b.mp3"), "b");
     EXPECT_FALSE(QFile::exists(folder.filePath(text("Music/Ann/First"))));
     EXPECT_EQ(tagsAt("Ann/First/Song b.mp3").value(text("composer")), text("Old"));
+    EXPECT_EQ(tagsAt("Ann/First/Song b.mp3").value(text("cover")).toByteArray(), "picture");
 }
 
 TEST_F(FileViewControllerTest, ASongWhoseFileCannotFollowStaysAsItWas)

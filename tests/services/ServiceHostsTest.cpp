@@ -45,6 +45,22 @@ TEST(ServiceHosts, OneBaseSetsThemAll)
     }
 }
 
+TEST(ServiceHosts, WhatIsTypedBecomesAHost)
+{
+    const std::pair<const char*, const char*> cases[] = {
+        {" music.example ", "music.example"},
+        {"h:8080/a/", "h:8080/a"},
+        {"http://h/", "h"},
+        {"https://h", nullptr},
+        {"", nullptr},
+        {"h h", nullptr},
+    };
+    for (const auto& [typed, host] : cases)
+        EXPECT_EQ(serviceHostFrom(QString::fromUtf8(typed)).value_or(QStringLiteral("none")).toStdString(),
+                  host != nullptr ? host : "none")
+            << typed;
+}
+
 TEST(ServiceHosts, NoServiceIsNamedByDefault)
 {
     const QVariantMap defaults = defaultAddresses();
