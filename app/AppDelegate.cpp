@@ -11,9 +11,11 @@
 #include "platform/RVBusyPanel.h"
 #include "platform/SettingsKeys.h"
 #include "platform/UserDefaults.h"
+#include "services/ShareUserName.h"
 #include "services/utilities/PathUtilities.h"
 #include "views/AboutWindow.h"
 #include "views/MainWindow.h"
+#include "views/PreferencesWindow.h"
 
 #include <QFileInfo>
 #include <QLocale>
@@ -40,6 +42,10 @@ AppDelegate::~AppDelegate() = default;
 void AppDelegate::applicationDidFinishLaunching()
 {
     parts_.mainWindow.show();
+    if (!parts_.defaults.boolean(settings::WelcomeShown)) {
+        parts_.defaults.setValue(settings::WelcomeShown, true);
+        parts_.mainWindow.showWelcome();
+    }
 }
 
 bool AppDelegate::applicationShouldHandleReopen(bool hasVisibleWindows)
@@ -145,8 +151,9 @@ void AppDelegate::openCloseMainWindow()
 void AppDelegate::openPreferences()
 {
     if (!preferencesWindow_) {
-        MusicFolderActions& musicFolder = *this;
-        preferencesWindow_ = std::make_unique<PreferencesWindow>(parts_.defaults, musicFolder, parts_.alerts);
+        PreferencesActions& actions = *this;
+        preferencesWindow_ =
+            std::make_unique<PreferencesWindow>(parts_.defaults, actions, parts_.alerts, parts_.services);
     }
     preferencesWindow_->show();
     preferencesWindow_->raise();
@@ -155,14 +162,23 @@ void AppDelegate::openPreferences()
 
 void AppDelegate::openAboutWindow()
 {
-    if (!aboutWindow_)
+    if (!aboutWindow_) {
         aboutWindow_ = std::make_unique<AboutWindow>();
+        connect(aboutWindow_.get(), &AboutWindow::websiteWanted, this, [this] { goToWebsite(0); });
+    }
     aboutWindow_->showCentred();
 }
 
 void AppDelegate::openReadMe()
 {
     parts_.desktop.openUrl(QUrl::fromLocalFile(parts_.readMePath));
+}
+
+void AppDelegate::openWelcome()
+{
+    if (!parts_.mainWindow.isVisible())
+        openCloseMainWindow();
+    parts_.mainWindow.showWelcome();
 }
 
 void AppDelegate::goToWebsite(int tag)
@@ -173,23 +189,33 @@ void AppDelegate::goToWebsite(int tag)
     parts_.desktop.openUrl(QUrl(parts_.defaults.string(key)));
 }
 
-QString AppDelegate::changeTo(const QString& pickedFolder)
+QString AppDelegate::changeMusicFolder(const QString& pickedFolder)
 {
     if (parts_.importer.isRunning())
         return tr("Songs are being added to the music folder. Please wait for the end of that.");
     const QString from = parts_.defaults.string(settings::MusicFolder);
-    const auto moved = changeMusicFolder(parts_.defaults, pickedFolder);
+    const auto moved = zib::changeMusicFolder(parts_.defaults, pickedFolder);
     if (!moved)
         return moved.error();
     musicFolderMoved(from);
     return {};
 }
 
-void AppDelegate::reset()
+void AppDelegate::resetMusicFolder()
 {
     const QString from = parts_.defaults.string(settings::MusicFolder);
-    if (resetMusicFolder(parts_.defaults))
+    if (zib::resetMusicFolder(parts_.defaults))
         musicFolderMoved(from);
+}
+
+QString AppDelegate::shareName() const
+{
+    return shownOf(parts_.dataManager.userName());
+}
+
+void AppDelegate::setShareName(const QString& name)
+{
+    parts_.dataManager.setUserName(renamed(parts_.dataManager.userName(), name));
 }
 
 // Songs that were copied into the music folder are known by their place in it.

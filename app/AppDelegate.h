@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "views/PreferencesWindow.h"
+#include "services/WebServiceClient.h"
+#include "views/preferences/PreferencesActions.h"
 
 #include <QObject>
 
@@ -21,7 +22,7 @@ class UserDefaults;
 class Alerts;
 
 /// Answers what the desktop and the application menu ask of the program as a whole. Main thread.
-class AppDelegate : public QObject, private MusicFolderActions {
+class AppDelegate : public QObject, private PreferencesActions {
     Q_OBJECT
 
   public:
@@ -34,6 +35,7 @@ class AppDelegate : public QObject, private MusicFolderActions {
         UserDefaults& defaults;
         Alerts& alerts;
         Desktop& desktop;
+        WebServices services;
         QString readMePath;
     };
     /// All of them outlive the delegate.
@@ -65,14 +67,17 @@ class AppDelegate : public QObject, private MusicFolderActions {
     void openPreferences();
     void openAboutWindow();
     void openReadMe();
+    void openWelcome();
 
     enum WebsiteTag { Support = 7, SharedPlaylists = 8 };
     /// Opens one of the product's web pages. @param tag a WebsiteTag, any other value for the home page.
     void goToWebsite(int tag);
 
   private:
-    QString changeTo(const QString& pickedFolder) override;
-    void reset() override;
+    QString changeMusicFolder(const QString& pickedFolder) override;
+    void resetMusicFolder() override;
+    [[nodiscard]] QString shareName() const override;
+    void setShareName(const QString& name) override;
     void musicFolderMoved(const QString& from);
     void followImports();
     void importEnded(int added, const QString& nothingText);

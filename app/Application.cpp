@@ -62,9 +62,9 @@ QString below(QStandardPaths::StandardLocation location, const QString& name)
     return QDir(QStandardPaths::writableLocation(location)).filePath(name);
 }
 
-bool anyHostIsConfigured(const UserDefaults& defaults)
+bool everyHostIsConfigured(const UserDefaults& defaults)
 {
-    return std::ranges::any_of(serviceHostKeys(),
+    return std::ranges::all_of(serviceHostKeys(),
                                [&defaults](const QString& key) { return !defaults.string(key).isEmpty(); });
 }
 
@@ -113,8 +113,16 @@ struct Application::Parts {
         , network(reachability, powerEvents, defaults, &controller)
         , metadata(places.metadata)
         , importer(dataManager, metadata, defaults)
-        , delegate({window, dataManager, importer, controller.webController(), sharedPanel, defaults, alerts,
-                    desktop, places.readMe})
+        , delegate({window,
+                    dataManager,
+                    importer,
+                    controller.webController(),
+                    sharedPanel,
+                    defaults,
+                    alerts,
+                    desktop,
+                    {loader, defaults, clock},
+                    places.readMe})
         , playingOnDesktop(controller.playback(), defaults, desktop, notifications, sleepInhibitor)
         , mpris({controller.playback(), defaults, dataManager, [this] { desktop.bringToFront(); },
                  [] { QCoreApplication::quit(); }, [this](const QString& uri) { delegate.openUri(uri); }})
@@ -124,7 +132,12 @@ struct Application::Parts {
     /// What must be so before the first widget and before anything reads a setting.
     void prepare();
     PagePane makePages();
+    /// The bundled service gets its address, unless every service has a host of its own.
     void prepareCatalogue();
+    /// The songs of the bundled service name its port, which may be another one than last time.
+    void followCataloguePort();
+    /// A service's host was taken back while the program runs, so the bundled service is needed after all.
+    void startCatalogueLate();
     /// Shows the window meanwhile, without songs: its first picture takes as long as a large library.
     LibraryLoading loadedLibrary();
     void fillApplicationMenu();
@@ -170,8 +183,7 @@ void Application::Parts::prepare()
     registerDefaultSettings(defaults);
     installAccessibleTexts();
     applyTheme(*qApp, defaults);
-    if (!anyHostIsConfigured(defaults))
-        prepareCatalogue();
+    prepareCatalogue();
 }
 
 LibraryLoading Application::Parts::loadedLibrary()
@@ -192,8 +204,29 @@ PagePane Application::Parts::makePages()
     return {pane, pane};
 }
 
+void Application::Parts::followCataloguePort()
+{
+    if (!catalogue || catalogue->port() == 0)
+        return;
+    const int before = defaults.integer(settings::CataloguePort);
+    const int now = catalogue->port();
+    if (before != 0 && before != now)
+        dataManager.relocate(loopbackBase(before) + QLatin1Char('/'), loopbackBase(now) + QLatin1Char('/'));
+    defaults.setValue(settings::CataloguePort, now);
+}
+
+void Application::Parts::startCatalogueLate()
+{
+    prepareCatalogue();
+    followCataloguePort();
+    if (catalogue && catalogue->port() != 0)
+        catalogue->start();
+}
+
 void Application::Parts::prepareCatalogue()
 {
+    if (everyHostIsConfigured(defaults))
+        return;
     CatalogueProcess::Options options;
     options.program = places.catalogue;
     options.dataFolder = places.catalogueData;
@@ -213,14 +246,11 @@ Application::Application(Places places, LibraryLoading library, const QVariantMa
     : parts_(std::make_unique<Parts>(std::move(places), std::move(library), overrides))
 {
     Parts& parts = *parts_;
-    if (parts.catalogue && parts.catalogue->port() != 0) {
-        const int before = parts.defaults.integer(settings::CataloguePort);
-        const int now = parts.catalogue->port();
-        if (before != 0 && before != now)
-            parts.dataManager.relocate(loopbackBase(before) + QLatin1Char('/'),
-                                       loopbackBase(now) + QLatin1Char('/'));
-        parts.defaults.setValue(settings::CataloguePort, now);
-    }
+    parts.followCataloguePort();
+    QObject::connect(&parts.defaults, &UserDefaults::changed, &parts.delegate, [&parts](const QString& key) {
+        if (!parts.catalogue && serviceHostKeys().contains(key))
+            parts.startCatalogueLate();
+    });
     QObject::connect(
         &parts.sound, &DesktopSound::noSoundServer, &parts.defaults,
         [&parts](const QString& line) { parts.defaults.setValue(settings::BriefStatusMessage, line); });
@@ -282,6 +312,7 @@ void Application::Parts::fillApplicationMenu()
     menu.addSeparator();
     add(text("Preferences…"), QKeySequence(Qt::CTRL | Qt::Key_Comma), [this] { delegate.openPreferences(); });
     menu.addSeparator();
+    add(text("Welcome"), {}, [this] { delegate.openWelcome(); });
     add(text("Read me"), QKeySequence(QKeySequence::HelpContents), [this] { delegate.openReadMe(); });
     add(text("Website"), {}, [this] { delegate.goToWebsite(0); });
     add(text("Support"), {}, [this] { delegate.goToWebsite(AppDelegate::Support); });

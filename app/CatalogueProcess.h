@@ -10,7 +10,7 @@
 
 namespace zib {
 
-/// The bundled catalogue service as a child of this program, for a start without any configured service host.
+/// The bundled catalogue service as a child of this program, for services without a host of their own.
 ///
 /// This process itself opens the listening socket, on loopback, and hands it to the child. So the address is
 /// known at once, a request that comes before the child is up waits in the socket's queue, and a child that

@@ -1,39 +1,116 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "views/AboutWindow.h"
 
+#include "views/Theme.h"
+
 #include <QCoreApplication>
-#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QIcon>
 #include <QLabel>
+#include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
 
 namespace zib {
 
+namespace {
+
+constexpr int windowWidth = 440;
+constexpr int emblemSize = 96;
+
+struct Library {
+    const char* name;
+    const char* purpose;
+    const char* licence;
+};
+
+const Library libraries[] = {
+    {"Qt", QT_TRANSLATE_NOOP("AboutWindow", "window, desktop"), "LGPL-3.0"},
+    {"Qt WebEngine", QT_TRANSLATE_NOOP("AboutWindow", "pages about songs"), "LGPL-3.0, BSD"},
+    {"FFmpeg", QT_TRANSLATE_NOOP("AboutWindow", "decoding"), "GPL-2.0+"},
+    {"PulseAudio", QT_TRANSLATE_NOOP("AboutWindow", "sound"), "LGPL-2.1+"},
+    {"curl", QT_TRANSLATE_NOOP("AboutWindow", "web requests"), "curl"},
+    {"TagLib", QT_TRANSLATE_NOOP("AboutWindow", "tags"), "LGPL-2.1, MPL-1.1"},
+    {"pugixml", QT_TRANSLATE_NOOP("AboutWindow", "replies of services"), "MIT"},
+    {"OpenSSL", QT_TRANSLATE_NOOP("AboutWindow", "the library file"), "Apache-2.0"},
+    {"libmicrohttpd", QT_TRANSLATE_NOOP("AboutWindow", "the bundled service"), "LGPL-2.1+"},
+    {"tl::expected", QT_TRANSLATE_NOOP("AboutWindow", "results and failures"), "CC0-1.0"},
+};
+
+QLabel* makeLabel(const QString& text, const QString& objectName)
+{
+    auto* label = new QLabel(text);
+    label->setObjectName(objectName);
+    label->setWordWrap(true);
+    return label;
+}
+
+} // namespace
+
 AboutWindow::AboutWindow()
 {
     setWindowTitle(tr("About"));
-    auto* name = new QLabel(QStringLiteral("Zib"));
-    QFont large = name->font();
-    large.setPointSizeF(large.pointSizeF() * 2);
-    large.setWeight(QFont::DemiBold);
-    name->setFont(large);
-    auto* version = new QLabel(tr("Version %1").arg(QCoreApplication::applicationVersion()));
-    auto* purpose = new QLabel(tr("Find music, hear it, keep what you love."));
-    auto* licence = new QLabel(tr("Free software under the GNU General Public License, version 3 or later."));
-    licence->setWordWrap(true);
-    auto* close = new QDialogButtonBox(QDialogButtonBox::Close);
-
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(24, 24, 24, 16);
-    layout->setSpacing(8);
-    for (QLabel* label : {name, version, purpose, licence}) {
-        label->setAlignment(Qt::AlignHCenter);
-        layout->addWidget(label);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(makeHead());
+    layout->addWidget(makeLibraries());
+    setFixedWidth(windowWidth);
+}
+
+QWidget* AboutWindow::makeHead()
+{
+    auto* emblem = new QLabel;
+    emblem->setPixmap(
+        QIcon(QStringLiteral(":/zib/zib.svg")).pixmap(QSize(emblemSize, emblemSize), devicePixelRatioF()));
+    auto* website = new QPushButton(tr("Website"));
+    website->setAutoDefault(false);
+    auto* words = new QVBoxLayout;
+    words->setSpacing(Theme::within);
+    words->addStretch();
+    words->addWidget(makeLabel(QStringLiteral("Zib"), QStringLiteral("aboutName")));
+    words->addWidget(
+        makeLabel(tr("Version %1").arg(QCoreApplication::applicationVersion()), QStringLiteral("hint")));
+    words->addWidget(makeLabel(tr("Find music, hear it, keep what you love."), QString()));
+    words->addSpacing(Theme::between);
+    words->addWidget(website, 0, Qt::AlignLeft);
+    words->addStretch();
+    auto* head = new QWidget(this);
+    head->setObjectName(QStringLiteral("aboutHead"));
+    head->setAttribute(Qt::WA_StyledBackground);
+    auto* layout = new QHBoxLayout(head);
+    layout->setContentsMargins(3 * Theme::between, 3 * Theme::between, 3 * Theme::between,
+                               3 * Theme::between);
+    layout->setSpacing(3 * Theme::between);
+    layout->addWidget(emblem, 0, Qt::AlignTop);
+    layout->addLayout(words, 1);
+    connect(website, &QPushButton::clicked, this, &AboutWindow::websiteWanted);
+    return head;
+}
+
+QWidget* AboutWindow::makeLibraries()
+{
+    auto* part = new QWidget(this);
+    auto* layout = new QVBoxLayout(part);
+    layout->setContentsMargins(3 * Theme::between, Theme::groups, 3 * Theme::between, 3 * Theme::between);
+    layout->setSpacing(Theme::between);
+    layout->addWidget(makeLabel(tr("Free software: use, study, share and improve it under the GNU General "
+                                   "Public License, version 3 or later. It comes without any warranty."),
+                                QString()));
+    layout->addSpacing(Theme::between);
+    layout->addWidget(makeLabel(tr("Built on"), QStringLiteral("heading")));
+    auto* table = new QGridLayout;
+    table->setHorizontalSpacing(Theme::groups);
+    table->setVerticalSpacing(Theme::within);
+    for (const Library& library : libraries) {
+        const int row = table->rowCount();
+        table->addWidget(makeLabel(QString::fromLatin1(library.name), QString()), row, 0);
+        table->addWidget(makeLabel(tr(library.purpose), QStringLiteral("hint")), row, 1);
+        table->addWidget(makeLabel(QString::fromLatin1(library.licence), QStringLiteral("hint")), row, 2);
     }
-    layout->addSpacing(8);
-    layout->addWidget(close);
-    connect(close, &QDialogButtonBox::rejected, this, &QDialog::close);
-    setFixedWidth(360);
+    table->setColumnStretch(1, 1);
+    layout->addLayout(table);
+    return part;
 }
 
 void AboutWindow::showCentred()
@@ -41,6 +118,7 @@ void AboutWindow::showCentred()
     adjustSize();
     move(screen()->availableGeometry().center() - rect().center());
     show();
+    setFocus(); // nothing waits to be pressed
     raise();
     activateWindow();
 }

@@ -5,7 +5,7 @@
 
 namespace zib {
 
-/// The window "About": name, version and licence.
+/// The window "About": name, version, licence, and what the program is built on.
 class AboutWindow : public QDialog {
     Q_OBJECT
 
@@ -13,6 +13,14 @@ class AboutWindow : public QDialog {
     AboutWindow();
     /// Shows the window in the middle of its screen.
     void showCentred();
+
+  Q_SIGNALS:
+    /// The link to the product's home page was pressed.
+    void websiteWanted();
+
+  private:
+    QWidget* makeHead();
+    QWidget* makeLibraries();
 };
 
 } // namespace zib

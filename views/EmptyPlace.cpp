@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "views/EmptyPlace.h"
 
-#include "pages/SuggestedTags.h"
+#include "views/OfferedTags.h"
 #include "views/Theme.h"
 
-#include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace zib {
@@ -30,32 +28,16 @@ EmptyPlace::EmptyPlace(QWidget* parent)
     text_->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     text_->setWordWrap(true);
     text_->setFixedWidth(textWidth);
+    auto* tags = new OfferedTags(this);
+    connect(tags, &OfferedTags::tagChosen, this, &EmptyPlace::tagChosen);
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(Theme::between);
     layout->addStretch(2);
     layout->addWidget(title_, 0, Qt::AlignHCenter);
     layout->addWidget(text_, 0, Qt::AlignHCenter);
     layout->addSpacing(Theme::between);
-    layout->addWidget(makeTags(), 0, Qt::AlignHCenter);
+    layout->addWidget(tags, 0, Qt::AlignHCenter);
     layout->addStretch(3);
-}
-
-QWidget* EmptyPlace::makeTags()
-{
-    auto* tags = new QWidget(this);
-    auto* layout = new QHBoxLayout(tags);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(Theme::between);
-    for (const char* const name : suggestedTags) {
-        const QString tag = QString::fromLatin1(name);
-        auto* button = new QPushButton(tag, tags);
-        button->setObjectName(QStringLiteral("offeredTag"));
-        button->setAccessibleName(tr("Find songs tagged %1").arg(tag));
-        button->setToolTip(button->accessibleName());
-        connect(button, &QPushButton::clicked, this, [this, tag] { Q_EMIT tagChosen(tag); });
-        layout->addWidget(button);
-    }
-    return tags;
 }
 
 void EmptyPlace::say(const QString& title, const QString& text)

@@ -20,8 +20,6 @@ class EmptyPlace : public QWidget {
     void tagChosen(const QString& tag);
 
   private:
-    QWidget* makeTags();
-
     QLabel* title_;
     QLabel* text_;
 };

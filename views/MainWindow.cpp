@@ -16,6 +16,7 @@
 #include "views/SourcePane.h"
 #include "views/TextLabel.h"
 #include "views/Theme.h"
+#include "views/WelcomePlace.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -98,7 +99,7 @@ QWidget* MainWindow::makeMainArea()
     place_ = new LibraryPlace(defaults_, views_);
     for (QWidget* view : {nothing_, pages_.widget, static_cast<QWidget*>(place_)})
         views_->addWidget(view);
-    views_->setCurrentWidget(pages_.widget); // what a start shows, while a large library is still being read
+    showView();
     splitter->addWidget(sources_);
     splitter->addWidget(views_);
     splitter->setStretchFactor(0, 0);
@@ -343,7 +344,13 @@ OutlineView& MainWindow::outlineView()
 void MainWindow::setCurrentView(MainView view)
 {
     filter_->setVisible(view == MainView::Songs);
-    switch (view) {
+    view_ = view;
+    showView();
+}
+
+void MainWindow::showView()
+{
+    switch (view_) {
     case MainView::None:
         views_->setCurrentWidget(nothing_);
         break;
@@ -354,6 +361,19 @@ void MainWindow::setCurrentView(MainView view)
         views_->setCurrentWidget(place_);
         break;
     }
+}
+
+void MainWindow::showWelcome()
+{
+    if (welcome_ == nullptr) {
+        welcome_ = new WelcomePlace(views_);
+        views_->addWidget(welcome_);
+        connect(welcome_, &WelcomePlace::addMusicWanted, this, &MainWindow::addToLibrary);
+        connect(welcome_, &WelcomePlace::closeWanted, this, &MainWindow::showView);
+        connect(welcome_, &WelcomePlace::tagChosen, this,
+                [this](const QString& tag) { controller_->search().beginSearchForTags({tag}); });
+    }
+    views_->setCurrentWidget(welcome_);
 }
 
 } // namespace zib

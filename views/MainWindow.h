@@ -19,6 +19,7 @@ class RVMainController;
 class SourcePane;
 class TextLabel;
 class UserDefaults;
+class WelcomePlace;
 
 /// The widget that shows pages, and itself as what the controller speaks to: which engine draws them is not
 /// known here.
@@ -48,6 +49,8 @@ class MainWindow : public QMainWindow, public MainWindowView {
 
     /// Asks for files and folders to add to the library.
     void addToLibrary();
+    /// Shows what the program says of itself to a newcomer, until something else is chosen or it is closed.
+    void showWelcome();
 
     // From the controller
     void setPlaying(bool playing) override;
@@ -90,6 +93,7 @@ class MainWindow : public QMainWindow, public MainWindowView {
     [[nodiscard]] PlaybackQueue& playback();
     void makeShortcuts();
     void restorePlace();
+    void showView();
 
     UserDefaults& defaults_;
     RVMainController* controller_ = nullptr;
@@ -100,6 +104,8 @@ class MainWindow : public QMainWindow, public MainWindowView {
     QStackedWidget* views_ = nullptr;
     QWidget* nothing_ = nullptr;
     LibraryPlace* place_ = nullptr;
+    WelcomePlace* welcome_ = nullptr;      // made when first shown
+    MainView view_ = MainView::NowPlaying; // what a start shows, while a large library is still being read
     TextLabel* status_ = nullptr;
     FilterField* filter_ = nullptr;
     TextLabel* urlField_ = nullptr;

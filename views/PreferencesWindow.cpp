@@ -1,106 +1,72 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "views/PreferencesWindow.h"
 
-#include "platform/Alerts.h"
-#include "platform/SettingsKeys.h"
-#include "platform/UserDefaults.h"
+#include "views/Icons.h"
+#include "views/Theme.h"
+#include "views/preferences/DesktopPage.h"
+#include "views/preferences/GeneralPage.h"
+#include "views/preferences/NoticesPage.h"
+#include "views/preferences/ServicesPage.h"
+#include "views/preferences/SharingPage.h"
 
-#include <QCheckBox>
-#include <QDialogButtonBox>
-#include <QDir>
-#include <QFileDialog>
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QPushButton>
-#include <QStandardPaths>
-#include <QVBoxLayout>
+#include <QBoxLayout>
+#include <QListWidget>
+#include <QScrollArea>
+#include <QStackedWidget>
 
 namespace zib {
 
-PreferencesWindow::PreferencesWindow(UserDefaults& defaults, MusicFolderActions& musicFolder, Alerts& alerts)
-    : defaults_(defaults)
-    , musicFolder_(musicFolder)
-    , alerts_(alerts)
-    , folderLabel_(new QLabel)
+namespace {
+
+constexpr QSize comfortableSize(720, 520);
+constexpr int sectionsWidth = 168;
+constexpr int sectionHeight = 36;
+constexpr int iconSize = 20;
+
+} // namespace
+
+PreferencesWindow::PreferencesWindow(UserDefaults& defaults, PreferencesActions& actions, Alerts& alerts,
+                                     const WebServices& services)
+    : sections_(new QListWidget(this))
+    , pages_(new QStackedWidget(this))
 {
     setWindowTitle(tr("Preferences"));
-    setMinimumWidth(520);
+    sections_->setObjectName(QStringLiteral("sections"));
+    sections_->setAccessibleName(tr("Sections"));
+    sections_->setFixedWidth(sectionsWidth);
+    sections_->setIconSize({iconSize, iconSize});
+    sections_->setFrameShape(QFrame::NoFrame);
+    sections_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    sections_->setResizeMode(QListView::Adjust);
+    pages_->setObjectName(QStringLiteral("pages"));
+    addSection(tr("General"), QStringLiteral("gear"), new GeneralPage(defaults, actions, alerts));
+    addSection(tr("Sharing"), QStringLiteral("share"), new SharingPage(defaults, actions));
+    addSection(tr("Notices"), QStringLiteral("notice"), new NoticesPage(defaults));
+    addSection(tr("Desktop"), QStringLiteral("desktop"), new DesktopPage(defaults));
+    addSection(tr("Services"), QStringLiteral("globe"), new ServicesPage(defaults, services));
 
-    auto* heading = new QLabel(tr("Music folder"));
-    QFont bold = heading->font();
-    bold.setWeight(QFont::DemiBold);
-    heading->setFont(bold);
-    auto* explanation =
-        new QLabel(tr("Imported and downloaded songs are stored here, sorted by artist and album."));
-    explanation->setWordWrap(true);
-    folderLabel_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    folderLabel_->setTextFormat(Qt::PlainText);
-    folderLabel_->setWordWrap(true);
-    folderLabel_->setAccessibleName(tr("Music folder"));
-
-    auto* change = new QPushButton(tr("Change…"));
-    auto* reset = new QPushButton(tr("Reset"));
-    reset->setToolTip(tr("Moves the music back to its default folder"));
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(change);
-    buttons->addWidget(reset);
-    buttons->addStretch();
-
-    auto* close = new QDialogButtonBox(QDialogButtonBox::Close);
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(16, 16, 16, 16);
-    layout->setSpacing(8);
-    layout->addWidget(heading);
-    layout->addWidget(explanation);
-    layout->addWidget(folderLabel_);
-    layout->addLayout(buttons);
-    layout->addSpacing(8);
-    layout->addWidget(makeBox(tr("Copy files into the music folder when they are added to the library"),
-                              settings::CopyImportedFilesToLibrary));
-    layout->addWidget(makeBox(tr("Show a notification when another song begins"), settings::NotifiesOfSongs));
-    layout->addWidget(
-        makeBox(tr("Keep the computer awake while music plays"), settings::KeepsAwakeWhilePlaying));
-    layout->addStretch();
-    layout->addSpacing(8);
-    layout->addWidget(close);
-
-    connect(change, &QPushButton::clicked, this, &PreferencesWindow::changeMusicFolder);
-    connect(reset, &QPushButton::clicked, this, [this] { musicFolder_.reset(); });
-    connect(close, &QDialogButtonBox::rejected, this, &QDialog::close);
-    connect(&defaults_, &UserDefaults::changed, this, [this](const QString& key) {
-        if (key == settings::MusicFolder)
-            showMusicFolder();
-    });
-    showMusicFolder();
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(sections_);
+    layout->addWidget(pages_, 1);
+    connect(sections_, &QListWidget::currentRowChanged, pages_, &QStackedWidget::setCurrentIndex);
+    sections_->setCurrentRow(0);
+    resize(comfortableSize);
 }
 
-QCheckBox* PreferencesWindow::makeBox(const QString& text, const QString& key)
+void PreferencesWindow::addSection(const QString& name, const QString& iconName, QWidget* page)
 {
-    auto* box = new QCheckBox(text);
-    box->setChecked(defaults_.boolean(key));
-    connect(box, &QCheckBox::clicked, this, [this, key](bool on) { defaults_.setValue(key, on); });
-    connect(&defaults_, &UserDefaults::changed, box, [this, box, key](const QString& changed) {
-        if (changed == key)
-            box->setChecked(defaults_.boolean(key));
-    });
-    return box;
-}
-
-void PreferencesWindow::changeMusicFolder()
-{
-    const QString picked =
-        QFileDialog::getExistingDirectory(this, tr("Choose a folder for your music"),
-                                          QStandardPaths::writableLocation(QStandardPaths::MusicLocation));
-    if (picked.isEmpty())
-        return;
-    const QString failure = musicFolder_.changeTo(picked);
-    if (!failure.isEmpty())
-        alerts_.runModal({Alert::Style::Warning, failure, {}, {tr("OK")}, false});
-}
-
-void PreferencesWindow::showMusicFolder()
-{
-    folderLabel_->setText(QDir::toNativeSeparators(defaults_.string(settings::MusicFolder)));
+    auto* item = new QListWidgetItem(icon(iconName), name, sections_);
+    item->setSizeHint({0, sectionHeight}); // as wide as the list
+    auto* area = new QScrollArea(pages_);
+    area->setAccessibleName(name);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setFocusPolicy(Qt::NoFocus); // its controls have it
+    area->setWidgetResizable(true);
+    area->setWidget(page);
+    pages_->addWidget(area);
 }
 
 } // namespace zib

@@ -1,44 +1,33 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "services/WebServiceClient.h"
+
 #include <QDialog>
 
-class QCheckBox;
-class QLabel;
+class QListWidget;
+class QStackedWidget;
 
 namespace zib {
 
 class Alerts;
+class PreferencesActions;
 class UserDefaults;
 
-/// What the preferences do to the music folder; the library's side of it.
-class MusicFolderActions {
-  public:
-    virtual ~MusicFolderActions() = default;
-    /// Moves the music into the picked folder. @return a localized description of the failure, empty on
-    /// success.
-    virtual QString changeTo(const QString& pickedFolder) = 0;
-    /// Moves it back to the default place.
-    virtual void reset() = 0;
-};
-
-/// The window "Preferences": where the music is stored, and what happens beside playing it.
+/// The window "Preferences": a list of sections, and the chosen one's settings, each of which acts at once.
 class PreferencesWindow : public QDialog {
     Q_OBJECT
 
   public:
-    PreferencesWindow(UserDefaults& defaults, MusicFolderActions& musicFolder, Alerts& alerts);
+    /// All of them, and what the services need, outlive the window.
+    PreferencesWindow(UserDefaults& defaults, PreferencesActions& actions, Alerts& alerts,
+                      const WebServices& services);
 
   private:
-    /// A box that stands for a setting, both ways.
-    QCheckBox* makeBox(const QString& text, const QString& key);
-    void changeMusicFolder();
-    void showMusicFolder();
+    void addSection(const QString& name, const QString& iconName, QWidget* page);
 
-    UserDefaults& defaults_;
-    MusicFolderActions& musicFolder_;
-    Alerts& alerts_;
-    QLabel* folderLabel_;
+    QListWidget* sections_;
+    QStackedWidget* pages_;
 };
 
 } // namespace zib

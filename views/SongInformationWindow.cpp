@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "views/SongInformationWindow.h"
 
+#include "views/CoverField.h"
 #include "views/Theme.h"
 
 #include <QDialogButtonBox>
@@ -9,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShortcut>
 
 namespace zib {
 
@@ -17,7 +19,7 @@ namespace {
 constexpr int greatestYear = 9999;
 constexpr int greatestNumber = 999;
 constexpr int numberWidth = 64;
-constexpr int comfortableWidth = 420;
+constexpr int comfortableWidth = 560;
 
 QString textOf(const QLineEdit* field)
 {
@@ -29,6 +31,7 @@ QString textOf(const QLineEdit* field)
 SongInformationWindow::SongInformationWindow(FileViewController& songs, QWidget* parent)
     : QDialog(parent)
     , songs_(songs)
+    , cover_(new CoverField(songs.cover(), songs.canChangeCover(), this))
 {
     const SongInformation shown = songs_.information();
     const bool one = songs_.hasOneSong();
@@ -45,34 +48,59 @@ SongInformationWindow::SongInformationWindow(FileViewController& songs, QWidget*
     auto* form = new QFormLayout;
     form->setHorizontalSpacing(Theme::between);
     form->setVerticalSpacing(Theme::between);
+    form->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
     for (QLineEdit* field : {name_, artist_, album_, genre_, composer_, year_})
         if (field != nullptr)
             form->addRow(field->accessibleName(), field);
     if (one) {
-        trackNumber_ = makeField(tr("Track number"), shown.trackNumber, greatestNumber);
-        trackTotal_ = makeField(tr("Tracks in total"), shown.trackTotal, greatestNumber);
-        discNumber_ = makeField(tr("Disc number"), shown.discNumber, greatestNumber);
-        discTotal_ = makeField(tr("Discs in total"), shown.discTotal, greatestNumber);
-        addPair(form, tr("Track"), trackNumber_, trackTotal_);
-        addPair(form, tr("Disc"), discNumber_, discTotal_);
+        addOneSongOnly(form, shown);
     } else {
         auto* hint = new QLabel(tr("An empty field leaves each song what it has. Only the year is set in any "
-                                   "case: empty, the songs have none."),
+                                   "case: empty, the songs have none. A new cover goes into all of them."),
                                 this);
+        hint->setObjectName(QStringLiteral("hint"));
         hint->setWordWrap(true);
         form->addRow(hint);
     }
+    auto* sides = new QHBoxLayout;
+    sides->setSpacing(3 * Theme::between);
+    sides->addWidget(cover_);
+    sides->addLayout(form, 1);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(3 * Theme::between, 3 * Theme::between, 3 * Theme::between, Theme::groups);
+    layout->setSpacing(3 * Theme::between);
+    layout->addLayout(sides, 1);
+    layout->addLayout(makeButtons());
+    connect(cover_, &CoverField::changed, this, [this] { songs_.textDidChange(); });
+    resize(comfortableWidth, sizeHint().height());
+    (one ? name_ : artist_)->setFocus();
+    (one ? name_ : artist_)->selectAll();
+}
+
+void SongInformationWindow::addOneSongOnly(QFormLayout* form, const SongInformation& shown)
+{
+    trackNumber_ = makeField(tr("Track number"), shown.trackNumber, greatestNumber);
+    trackTotal_ = makeField(tr("Tracks in total"), shown.trackTotal, greatestNumber);
+    discNumber_ = makeField(tr("Disc number"), shown.discNumber, greatestNumber);
+    discTotal_ = makeField(tr("Discs in total"), shown.discTotal, greatestNumber);
+    addPair(form, tr("Track"), trackNumber_, trackTotal_);
+    addPair(form, tr("Disc"), discNumber_, discTotal_);
+}
+
+QLayout* SongInformationWindow::makeButtons()
+{
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Save | QDialogButtonBox::Cancel, this);
     for (QAbstractButton* button : buttons->buttons())
         button->setIcon({}); // the words say it
+    buttons->button(QDialogButtonBox::Save)->setToolTip(tr("Ctrl+Return"));
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    auto* layout = new QVBoxLayout(this);
-    layout->setSpacing(2 * Theme::between);
-    layout->addLayout(form);
-    layout->addWidget(buttons);
-    resize(comfortableWidth, sizeHint().height());
-    (one ? name_ : artist_)->selectAll();
+    for (const int key : {Qt::Key_Return, Qt::Key_Enter})
+        connect(new QShortcut(QKeySequence(int(Qt::CTRL) | key), this), &QShortcut::activated, this,
+                &QDialog::accept);
+    auto* row = new QHBoxLayout;
+    row->addWidget(buttons);
+    return row;
 }
 
 SongInformation SongInformationWindow::information() const
@@ -86,7 +114,8 @@ SongInformation SongInformationWindow::information() const
             .trackNumber = textOf(trackNumber_),
             .trackTotal = textOf(trackTotal_),
             .discNumber = textOf(discNumber_),
-            .discTotal = textOf(discTotal_)};
+            .discTotal = textOf(discTotal_),
+            .cover = cover_->newCover()};
 }
 
 /// greatest: of a number, else 0.

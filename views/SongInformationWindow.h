@@ -6,9 +6,12 @@
 #include <QDialog>
 
 class QFormLayout;
+class QLayout;
 class QLineEdit;
 
 namespace zib {
+
+class CoverField;
 
 /// Shows what is known of one song, or of several at once, and lets it be edited.
 class SongInformationWindow : public QDialog {
@@ -23,6 +26,8 @@ class SongInformationWindow : public QDialog {
 
   private:
     QLineEdit* makeField(const QString& name, const QString& text, int greatest = 0);
+    void addOneSongOnly(QFormLayout* form, const SongInformation& shown);
+    [[nodiscard]] QLayout* makeButtons();
     void addPair(QFormLayout* form, const QString& label, QLineEdit* first, QLineEdit* second);
 
     FileViewController& songs_;
@@ -36,6 +41,7 @@ class SongInformationWindow : public QDialog {
     QLineEdit* trackTotal_ = nullptr;
     QLineEdit* discNumber_ = nullptr;
     QLineEdit* discTotal_ = nullptr;
+    CoverField* cover_;
 };
 
 } // namespace zib

@@ -5,6 +5,7 @@
 #include "platform/UserDefaults.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QFile>
 #include <QPalette>
 #include <QStyle>
@@ -56,10 +57,10 @@ QString styleSheetOf(const Theme& theme)
         return {};
     QString sheet = QString::fromUtf8(file.readAll());
     const std::pair<const char*, QColor> colours[] = {
-        {"@window", theme.window},    {"@alternate", theme.alternate}, {"@bar", theme.bar},
-        {"@source", theme.source},    {"@border", theme.border},       {"@outline", theme.outline},
-        {"@text", theme.text},        {"@secondary", theme.secondary}, {"@accent", theme.accent},
-        {"@onAccent", theme.onAccent}};
+        {"@window", theme.window},     {"@alternate", theme.alternate}, {"@bar", theme.bar},
+        {"@source", theme.source},     {"@border", theme.border},       {"@outline", theme.outline},
+        {"@text", theme.text},         {"@secondary", theme.secondary}, {"@accent", theme.accent},
+        {"@onAccent", theme.onAccent}, {"@error", theme.error}};
     for (const auto& [name, colour] : colours)
         sheet.replace(QLatin1String(name) + QLatin1Char(';'), colour.name() + QLatin1Char(';'));
     const std::pair<const char*, int> measures[] = {{"@corner", Theme::corner},
@@ -70,6 +71,15 @@ QString styleSheetOf(const Theme& theme)
     for (const auto& [name, pixels] : measures)
         sheet.replace(QLatin1String(name) + QLatin1Char(';'), QString::number(pixels) + QLatin1String("px;"));
     return sheet;
+}
+
+/// What moves looks whether it may when its style changes.
+void useMotion(bool reduced)
+{
+    reduceMotion = reduced;
+    QEvent change(QEvent::StyleChange);
+    for (QWidget* widget : QApplication::allWidgets())
+        QCoreApplication::sendEvent(widget, &change);
 }
 
 void useTheme(QApplication& application, const Theme& theme)
@@ -106,7 +116,7 @@ void applyTheme(QApplication& application, UserDefaults& defaults)
         if (key == settings::Appearance)
             useTheme(application, themeFor(defaults.string(settings::Appearance), desktopIsDark));
         else if (key == settings::ReduceMotion)
-            reduceMotion = defaults.boolean(settings::ReduceMotion);
+            useMotion(defaults.boolean(settings::ReduceMotion));
     });
 }
 

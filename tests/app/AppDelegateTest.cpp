@@ -6,24 +6,32 @@
 #include "library/FileImporter.h"
 #include "library/ITunesImporter.h"
 #include "library/RVDataManager.h"
+#include "pages/RVWebViewController.h"
 #include "platform/SettingsKeys.h"
 #include "records/PropertyValue.h"
+#include "services/ShareUserName.h"
 #include "tests/fakes/FakeAlerts.h"
 #include "tests/fakes/FakeBusyPanel.h"
 #include "tests/fakes/FakeClock.h"
 #include "tests/fakes/FakeDesktop.h"
 #include "tests/fakes/FakeFileMetadata.h"
 #include "tests/fakes/FakeLibraryView.h"
+#include "tests/fakes/FakeUrlLoader.h"
 #include "tests/fakes/FakeUserDefaults.h"
+#include "tests/fakes/FakeWebView.h"
 #include "views/MainWindow.h"
+#include "views/PreferencesWindow.h"
+#include "views/WelcomePlace.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QDir>
 #include <QDropEvent>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QPushButton>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QUrl>
 
 #include <gtest/gtest.h>
@@ -38,13 +46,13 @@ class AppDelegateTest : public testing::Test {
     {
         qputenv("HOME", disk_.path().toUtf8());
         registerDefaultSettings(defaults_);
-        window_ = std::make_unique<MainWindow>(defaults_);
+        window_ = std::make_unique<MainWindow>(defaults_, PagePane{new QWidget, &web_});
         manager_ = std::make_unique<RVDataManager>(defaults_, alerts_, clock_, view_,
                                                    disk_.filePath(QStringLiteral("l.zib")));
         importer_ = std::make_unique<FileImporter>(*manager_, metadata_, defaults_);
         delegate_ = std::make_unique<AppDelegate>(
-            AppDelegate::Parts{*window_, *manager_, *importer_, sharedPanel_, defaults_, alerts_, desktop_,
-                               QStringLiteral("/doc/ReadMe.txt")});
+            AppDelegate::Parts{*window_, *manager_, *importer_, pages_, sharedPanel_, defaults_, alerts_,
+                               desktop_, services_, QStringLiteral("/doc/ReadMe.txt")});
     }
     ~AppDelegateTest() override { qputenv("HOME", home_); }
 
@@ -64,6 +72,10 @@ class AppDelegateTest : public testing::Test {
     FakeClock clock_;
     FakeDesktop desktop_;
     FakeLibraryView view_;
+    FakeWebView web_;
+    FakeUrlLoader loader_;
+    const WebServices services_{loader_, defaults_, clock_};
+    RVWebViewController pages_{web_, services_, defaults_, desktop_, QStringLiteral("file:///pages/")};
     std::unique_ptr<MainWindow> window_;
     FakeBusyPanel sharedPanel_;
     FakeFileMetadata metadata_;
@@ -87,6 +99,25 @@ TEST_F(AppDelegateTest, TheClosedWindowComesBackWhenAskedFor)
     EXPECT_FALSE(window_->isVisible());
     delegate_->openCloseMainWindow();
     EXPECT_TRUE(window_->isVisible());
+}
+
+TEST_F(AppDelegateTest, ANewcomerIsWelcomedOnceAndWheneverAsked)
+{
+    delegate_->applicationDidFinishLaunching();
+    const auto isShown = [this] {
+        const auto* welcome = window_->findChild<WelcomePlace*>();
+        return welcome != nullptr && welcome->isVisible();
+    };
+    EXPECT_TRUE(isShown());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    QTest::keyClick(window_.get(), Qt::Key_Escape);
+    EXPECT_FALSE(isShown());
+    delegate_->applicationDidFinishLaunching();
+    EXPECT_FALSE(isShown());
+    delegate_->openWelcome();
+    EXPECT_TRUE(isShown());
+    window_->setCurrentView(MainView::Songs); // whatever is chosen takes its place
+    EXPECT_FALSE(isShown());
 }
 
 TEST_F(AppDelegateTest, AFirstStartHasItsDefaultsAndQuittingLeavesNoStatusLine)
@@ -139,8 +170,22 @@ TEST_F(AppDelegateTest, PreferencesMoveTheMusicAndTheSongsFollow)
         if (button->text() == QLatin1String("Reset"))
             button->click();
 
-    preferences->findChild<QCheckBox*>()->click();
+    for (QCheckBox* box : preferences->findChildren<QCheckBox*>())
+        if (box->text().startsWith(QLatin1String("Copy files")))
+            box->click();
     EXPECT_FALSE(defaults_.boolean(settings::CopyImportedFilesToLibrary));
+
+    const QString before = makeShareUserName(QStringLiteral("Ann"));
+    manager_->setUserName(before);
+    for (QLineEdit* field : preferences->findChildren<QLineEdit*>()) {
+        if (field->accessibleName() != QLatin1String("Your name"))
+            continue;
+        field->setText(QStringLiteral("Ann B."));
+        Q_EMIT field->editingFinished();
+        EXPECT_EQ(field->text(), QStringLiteral("Ann B")); // what the service takes of it
+    }
+    EXPECT_EQ(manager_->userName(), QString(before).replace(QStringLiteral("Ann-"), QStringLiteral("Ann_B-")))
+        << "the secret must stay: by it the service knows its user";
 
     EXPECT_TRUE(QFile::exists(disk_.filePath(QStringLiteral("Music/Zib/Zib Music/Ann"))));
     const Record moved = manager_->library().find(QStringLiteral("0123456789abcdef"));
