@@ -344,8 +344,11 @@ OutlineView& MainWindow::outlineView()
 void MainWindow::setCurrentView(MainView view)
 {
     filter_->setVisible(view == MainView::Songs);
-    view_ = view;
-    showView();
+    // A view that is only shown anew, as when the program comes online, leaves the welcome where it is.
+    if (view != view_ || views_->currentWidget() != welcome_) {
+        view_ = view;
+        showView();
+    }
 }
 
 void MainWindow::showView()

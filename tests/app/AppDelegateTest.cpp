@@ -116,6 +116,8 @@ TEST_F(AppDelegateTest, ANewcomerIsWelcomedOnceAndWheneverAsked)
     EXPECT_FALSE(isShown());
     delegate_->openWelcome();
     EXPECT_TRUE(isShown());
+    window_->setCurrentView(MainView::NowPlaying); // as it was below, when the program comes online
+    EXPECT_TRUE(isShown());
     window_->setCurrentView(MainView::Songs); // whatever is chosen takes its place
     EXPECT_FALSE(isShown());
 }
