@@ -145,12 +145,21 @@ HttpReply PlaylistService::listed(const HttpRequest& request) const
     const auto text = [&request](QStringView name) {
         return request.parameter(name).value_or(QString()).simplified().left(longestQuery);
     };
-    const ListQuery query{.words = text(u"q"), .tag = text(u"tag"), .after = listPlace(text(u"before"))};
-    const auto playlists = store_.list(query);
+    const QStringList asked{base(request), text(u"q"), text(u"tag"), text(u"before")};
+    const QString key = asked.join(u'\n'); // none of them has a line end
+    const auto changes = store_.changes();
+    if (changes) {
+        if (auto page = listPages_->page(key, *changes))
+            return std::move(*page);
+    }
+    const ListQuery query{.words = asked.at(1), .tag = asked.at(2), .after = listPlace(asked.at(3))};
+    const auto playlists = changes ? store_.list(query) : tl::unexpected(changes.error());
     if (!playlists)
         return playlistMessagePage(MHD_HTTP_SERVICE_UNAVAILABLE, QStringLiteral("Not available now"),
                                    QStringLiteral("The playlists cannot be reached. Try again later."));
-    return playlistListPage(base(request), query, *playlists);
+    auto page = playlistListPage(base(request), query, *playlists);
+    listPages_->keep(key, *changes, page);
+    return page;
 }
 
 QString PlaylistService::base(const HttpRequest& request) const

@@ -3,6 +3,7 @@
 
 #include "catalogue/HttpMessage.h"
 #include "catalogue/ServiceMetrics.h"
+#include "catalogue/playlists/ListPages.h"
 #include "catalogue/playlists/PlaylistReading.h"
 #include "catalogue/playlists/PlaylistStore.h"
 
@@ -40,6 +41,7 @@ class PlaylistService {
     PlaylistStore store_;
     const PlaylistReading reading_;
     const QString publicUrl_;
+    std::unique_ptr<ListPages> listPages_ = std::make_unique<ListPages>();
 };
 
 } // namespace zib

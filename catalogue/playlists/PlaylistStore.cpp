@@ -158,6 +158,12 @@ bool setTerms(const QSqlDatabase& database, const PlaylistForm& form, int id)
     return addTerms(database, NameWord, termsOf(form.name), id) && addTerms(database, Tag, tags, id);
 }
 
+/// The last of a publication, since on a server others wait for who has changed this row.
+bool countChange(const QSqlDatabase& database)
+{
+    return Statement(database, QStringLiteral("UPDATE playlist_changes SET changes = changes + 1")).execute();
+}
+
 /// The columns that each publication sets, in the order of bindContent().
 const QStringList& contentColumns()
 {
@@ -241,17 +247,22 @@ const DatabaseSchema& PlaylistStore::schema()
     static const DatabaseSchema schema{
         QStringLiteral("playlists"),
         {{
-            QStringLiteral("CREATE TABLE playlists (id INTEGER PRIMARY KEY, owner {bytes} NOT NULL,"
-                           " author TEXT NOT NULL, name TEXT NOT NULL, description TEXT NOT NULL,"
-                           " artists TEXT NOT NULL, tags TEXT NOT NULL, hidden INTEGER NOT NULL,"
-                           " published BIGINT NOT NULL, updated BIGINT NOT NULL, song_count INTEGER NOT NULL,"
-                           " seconds INTEGER NOT NULL, songs {bytes} NOT NULL, archive {bytes} NOT NULL)"),
-            QStringLiteral("CREATE INDEX playlists_public ON playlists (published, id) WHERE hidden = 0"),
-            QStringLiteral("CREATE TABLE playlist_terms (kind INTEGER NOT NULL, term {bytes} NOT NULL,"
-                           " published BIGINT NOT NULL, playlist INTEGER NOT NULL REFERENCES playlists (id)"
-                           " ON DELETE CASCADE, PRIMARY KEY (kind, term, published, playlist))"),
-            QStringLiteral("CREATE INDEX playlist_terms_playlist ON playlist_terms (playlist, kind, term)"),
-        }},
+             QStringLiteral(
+                 "CREATE TABLE playlists (id INTEGER PRIMARY KEY, owner {bytes} NOT NULL,"
+                 " author TEXT NOT NULL, name TEXT NOT NULL, description TEXT NOT NULL,"
+                 " artists TEXT NOT NULL, tags TEXT NOT NULL, hidden INTEGER NOT NULL,"
+                 " published BIGINT NOT NULL, updated BIGINT NOT NULL, song_count INTEGER NOT NULL,"
+                 " seconds INTEGER NOT NULL, songs {bytes} NOT NULL, archive {bytes} NOT NULL)"),
+             QStringLiteral("CREATE INDEX playlists_public ON playlists (published, id) WHERE hidden = 0"),
+             QStringLiteral("CREATE TABLE playlist_terms (kind INTEGER NOT NULL, term {bytes} NOT NULL,"
+                            " published BIGINT NOT NULL, playlist INTEGER NOT NULL REFERENCES playlists (id)"
+                            " ON DELETE CASCADE, PRIMARY KEY (kind, term, published, playlist))"),
+             QStringLiteral("CREATE INDEX playlist_terms_playlist ON playlist_terms (playlist, kind, term)"),
+         },
+         {
+             QStringLiteral("CREATE TABLE playlist_changes (changes BIGINT NOT NULL)"),
+             QStringLiteral("INSERT INTO playlist_changes VALUES (0)"),
+         }},
         true};
     return schema;
 }
@@ -271,7 +282,7 @@ tl::expected<int, StoreError> PlaylistStore::publish(const PlaylistForm& form,
         id = inserted(connection, form, songs, now);
     if (!id)
         return id;
-    if (*id == 0 || !setTerms(connection, form, *id) || !transaction.commit()) {
+    if (*id == 0 || !setTerms(connection, form, *id) || !countChange(connection) || !transaction.commit()) {
         qCWarning(log).noquote() << "not published:" << connection.lastError().text().trimmed();
         return unavailable();
     }
@@ -335,6 +346,14 @@ tl::expected<QList<PublishedPlaylist>, StoreError> PlaylistStore::list(const Lis
     while (statement.next())
         playlists.append(playlistAt(statement));
     return playlists;
+}
+
+tl::expected<qint64, StoreError> PlaylistStore::changes() const
+{
+    Statement statement(database_.connection(), QStringLiteral("SELECT changes FROM playlist_changes"));
+    if (!statement.execute() || !statement.next())
+        return unavailable();
+    return statement.value(0).toLongLong();
 }
 
 bool PlaylistStore::isAvailable() const

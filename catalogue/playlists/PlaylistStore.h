@@ -65,6 +65,10 @@ class PlaylistStore {
     /// What is not hidden, newest first: up to listLength, and one more when the list goes on.
     tl::expected<QList<PublishedPlaylist>, StoreError> list(const ListQuery& query) const;
 
+    /// Another number after each publication, whichever process made it: what was read from the database
+    /// after this number stays true as long as it is the same.
+    tl::expected<qint64, StoreError> changes() const;
+
     /// Whether the database answers.
     [[nodiscard]] bool isAvailable() const;
 

@@ -120,6 +120,33 @@ TEST_F(PlaylistServiceTest, PublishesAndGivesBack)
     EXPECT_TRUE(get("/metrics").body.contains("zib_playlists_published_total 3\n"));
 }
 
+TEST_F(PlaylistServiceTest, ListsWhatAnotherServiceChanges)
+{
+    PlaylistStore other(*Database::open(folder_.filePath(u"playlists.sqlite"_s), PlaylistStore::schema()));
+    PlaylistForm change{.user = QString::fromLatin1(ann),
+                        .name = u"Amber"_s,
+                        .description = {},
+                        .artists = {},
+                        .tags = {u"jazz"_s}};
+    const auto listed = [this](const QByteArray& name) {
+        for (const char* query : {"", "?tag=jazz", "?q=a"})
+            if (!get(QByteArray("/playlists/") + query).body.contains(name))
+                return false;
+        return true;
+    };
+    EXPECT_FALSE(listed("Amber"));
+    change.id = other.publish(change, {}, 1).value_or(0);
+    EXPECT_TRUE(listed("Amber"));
+    change.name = u"Azure"_s;
+    EXPECT_TRUE(other.publish(change, {}, 2));
+    EXPECT_TRUE(listed("Azure"));
+    EXPECT_FALSE(idIn(post(form(ann, u"Aqua"_s, playlistOf(u"T"_s)))).isEmpty());
+    EXPECT_TRUE(listed("Aqua") && listed("Azure"));
+    change.hidden = true;
+    EXPECT_TRUE(other.publish(change, {}, 3));
+    EXPECT_FALSE(get("/playlists/").body.contains("Azure"));
+}
+
 TEST_F(PlaylistServiceTest, EscapesWhatPublishersWrite)
 {
     const auto id = idIn(post(form(ann, hostile, playlistOf(hostile, 1, u"http://h/\"><script>"_s))));

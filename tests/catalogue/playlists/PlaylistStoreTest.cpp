@@ -202,13 +202,15 @@ TEST_P(PlaylistStoreTest, SaysWhatIsWrongWithADatabase)
         EXPECT_FALSE(unreachable.error().contains(u"secret"));
     }
     auto newer = PlaylistStore::schema();
+    const auto versions = newer.versions.size();
     newer.versions.append({u"ALTER TABLE playlists ADD COLUMN later INTEGER"_s});
     EXPECT_TRUE(Database::open(location_, newer));
     EXPECT_FALSE(opened());
     QSqlQuery query(Database::open(location_, newer)->connection());
     EXPECT_TRUE(query.exec(u"ALTER TABLE playlists DROP COLUMN later"_s));
-    EXPECT_TRUE(query.exec(GetParam() == Kind::Sqlite ? u"PRAGMA user_version = 1"_s
-                                                      : u"UPDATE schema_versions SET version = 1"_s));
+    EXPECT_TRUE(query.exec(GetParam() == Kind::Sqlite
+                               ? u"PRAGMA user_version = %1"_s.arg(versions)
+                               : u"UPDATE schema_versions SET version = %1"_s.arg(versions)));
     EXPECT_TRUE(opened());
     newer.versions.append({u"CREATE TABLE half (n INTEGER)"_s, u"no statement"_s});
     EXPECT_FALSE(Database::open(location_, newer));
