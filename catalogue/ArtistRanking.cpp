@@ -7,6 +7,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <cmath>
 
 namespace zib {
 
@@ -73,6 +74,12 @@ double bestFit(const Artist& artist, const NameQuery& query, bool fuzzy)
         best = std::max(best, fit(query.match(tag, folded(tag)), fuzzy) * tagWeight(i));
     }
     return best;
+}
+
+/// Sums of the same numbers in another order are the same.
+double rounded(double sum)
+{
+    return std::round(sum * 1e9) / 1e9;
 }
 
 QHash<QString, double> weighedTags(const Artist& artist)
@@ -157,7 +164,7 @@ QList<Artist> artistsSimilar(const QList<Artist>& artists, const QList<BoostedNa
         for (auto tag = weights.cbegin(); tag != weights.cend(); ++tag)
             shared += tag.value() * wanted.value(tag.key());
         if (shared > 0 && !named.contains(artist.key))
-            alike.append({shared, 0, &artist});
+            alike.append({rounded(shared), artist.recentPlays, &artist});
     }
     return inOrder(alike);
 }

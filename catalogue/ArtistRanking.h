@@ -26,7 +26,8 @@ struct BoostedName {
     static BoostedName parsed(const QString& text);
 };
 
-/// Other artists that share tags with the named ones, the most alike first. Typing errors are forgiven.
+/// Other artists that share tags with the named ones, the most alike first, among equals the one played more
+/// lately. Typing errors are forgiven.
 QList<Artist> artistsSimilar(const QList<Artist>& artists, const QList<BoostedName>& names);
 
 /// All artists, the hottest first.

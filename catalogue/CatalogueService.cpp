@@ -50,9 +50,11 @@ void logRequest(const HttpHandler::Served& request)
 
 } // namespace
 
-CatalogueService::CatalogueService(DemoSongs& demo, Database database, CoverProcess pictures)
-    : index_(std::move(database))
-    , catalogue_(demo, index_)
+CatalogueService::CatalogueService(DemoSongs& demo, const Database& database, CoverProcess pictures,
+                                   PlayCounts::Clock clock)
+    : index_(database)
+    , plays_(database, std::move(clock))
+    , catalogue_(demo, index_, plays_)
     , albums_(catalogue_, index_)
     , pictures_(catalogue_, albums_, index_)
     , artists_(catalogue_)
@@ -63,7 +65,7 @@ CatalogueService::CatalogueService(DemoSongs& demo, Database database, CoverProc
     , lyrics_(catalogue_)
     , releases_(catalogue_, albums_)
     , covers_(std::move(pictures))
-    , files_(demo, catalogue_, index_, covers_)
+    , files_(demo, catalogue_, index_, covers_, plays_)
     , answering_(answeringThreads)
 {
 }

@@ -26,7 +26,9 @@ class CatalogueService final : public HttpHandler {
   public:
     /// @param demo must outlive the service, and is to be stopped before it goes: requests may wait for it
     /// @param pictures reads the covers within the user's own files
-    CatalogueService(DemoSongs& demo, Database database, CoverProcess pictures = CoverProcess({}));
+    /// @param clock tells when songs are played
+    CatalogueService(DemoSongs& demo, const Database& database, CoverProcess pictures = CoverProcess({}),
+                     PlayCounts::Clock clock = PlayCounts::systemClock());
 
     /// Indexes these folders in the background, now and again after each pause.
     /// @param makeReader called on the indexing thread
@@ -54,6 +56,7 @@ class CatalogueService final : public HttpHandler {
     [[nodiscard]] std::optional<HttpReply> answeredMonitor(const HttpRequest& request) const;
 
     SongIndex index_;
+    PlayCounts plays_;
     MusicCatalogue catalogue_;
     AlbumCatalogue albums_;
     ArtistPictures pictures_;

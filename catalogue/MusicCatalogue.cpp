@@ -8,6 +8,32 @@
 
 namespace zib {
 
+namespace {
+
+/// With so many recent plays they decide half of what they can decide.
+constexpr double tellingPlays = 10;
+/// The part of hotness that plays can decide: an artist whom nobody plays is still not as cold as can be.
+constexpr double playedPart = 0.75;
+
+/// Lets the plays tell how hot the artists are now, as far as there are enough to tell.
+void heat(QList<Artist>& artists, const RecentPlays& recent)
+{
+    double most = 0;
+    double total = 0;
+    for (auto& artist : artists) {
+        artist.recentPlays = recent.value(artist.key);
+        most = std::max(most, artist.recentPlays);
+        total += artist.recentPlays;
+    }
+    if (most <= 0)
+        return;
+    const double weight = playedPart * total / (total + tellingPlays);
+    for (auto& artist : artists)
+        artist.hotness += weight * (artist.recentPlays / most - artist.hotness);
+}
+
+} // namespace
+
 CatalogueSong announced(const IndexedSong& song)
 {
     const QString extension = songExtension(song.path);
@@ -24,9 +50,10 @@ CatalogueSong announced(const IndexedSong& song)
             song.tags.milliseconds};
 }
 
-MusicCatalogue::MusicCatalogue(const DemoSongs& demo, const SongIndex& index)
+MusicCatalogue::MusicCatalogue(const DemoSongs& demo, const SongIndex& index, const PlayCounts& plays)
     : demo_(demo)
     , index_(index)
+    , plays_(plays)
 {
     for (const auto& artist : demo.artists()) {
         const QString key = folded(artist.name);
@@ -48,9 +75,10 @@ MusicCatalogue::MusicCatalogue(const DemoSongs& demo, const SongIndex& index)
 Artists MusicCatalogue::artists() const
 {
     const auto own = index_.artists();
+    const auto recent = plays_.recent();
     {
         const std::lock_guard lock(mutex_);
-        if (own == own_)
+        if (own == own_ && recent == recent_)
             return artists_;
     }
     QHash<QString, qsizetype> places;
@@ -69,9 +97,11 @@ Artists MusicCatalogue::artists() const
         both.hotness = std::max(both.hotness, artist.hotness);
         both.familiarity = std::max(both.familiarity, artist.familiarity);
     }
+    heat(all, *recent);
     auto merged = std::make_shared<const QList<Artist>>(std::move(all));
     const std::lock_guard lock(mutex_);
     own_ = own;
+    recent_ = recent;
     artists_ = merged;
     return merged;
 }

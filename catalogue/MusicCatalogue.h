@@ -2,6 +2,7 @@
 #pragma once
 
 #include "catalogue/DemoCatalogue.h"
+#include "catalogue/PlayCounts.h"
 #include "catalogue/SongIndex.h"
 
 #include <QDateTime>
@@ -30,9 +31,10 @@ CatalogueSong announced(const IndexedSong& song);
 /// The demo songs and the user's own as one catalogue. Usable on any thread.
 class MusicCatalogue {
   public:
-    MusicCatalogue(const DemoSongs& demo, const SongIndex& index);
+    MusicCatalogue(const DemoSongs& demo, const SongIndex& index, const PlayCounts& plays);
 
-    /// Every artist once: who is in both has the tags of both.
+    /// Every artist once: who is in both has the tags of both. The more is played, the more an artist's
+    /// hotness follows the plays.
     [[nodiscard]] Artists artists() const;
     /// The artist's songs in the order of an artist page.
     [[nodiscard]] QList<CatalogueSong> songs(const QString& artistKey, int most) const;
@@ -55,6 +57,7 @@ class MusicCatalogue {
   private:
     const DemoSongs& demo_;
     const SongIndex& index_;
+    const PlayCounts& plays_;
     QHash<QString, qsizetype> demoPlaces_; ///< in the demo songs' artists, by artist key
     QHash<QString, QString> demoLyrics_;   ///< by song id
     QList<Artist> demoArtists_;
@@ -62,7 +65,8 @@ class MusicCatalogue {
     QHash<QString, QStringList> demoSongIds_; ///< by artist key
 
     mutable std::mutex mutex_; ///< guards what follows
-    mutable Artists own_;      ///< what artists_ was made from
+    mutable Artists own_;      ///< what artists_ was made from, with recent_
+    mutable std::shared_ptr<const RecentPlays> recent_;
     mutable Artists artists_;
 };
 

@@ -2,6 +2,7 @@
 #include "catalogue/SongFiles.h"
 
 #include "catalogue/SongPictures.h"
+#include "catalogue/TextMatching.h"
 
 #include <microhttpd.h>
 
@@ -33,11 +34,12 @@ HttpReply notRendered()
 } // namespace
 
 SongFiles::SongFiles(DemoSongs& demo, const MusicCatalogue& catalogue, const SongIndex& index,
-                     const SongCovers& covers)
+                     const SongCovers& covers, PlayCounts& plays)
     : demo_(demo)
     , catalogue_(catalogue)
     , index_(index)
     , covers_(covers)
+    , plays_(plays)
     , renderings_(mostRenderings)
 {
 }
@@ -52,13 +54,28 @@ void SongFiles::answerAudio(const QString& name, const HttpRequest& request,
     if (song->isDemo) {
         whenRendered(
             u'a' + song->id, [this, id = song->id] { return demo_.file(id); },
-            [request, respond, type = song->mediaType](const auto& path) {
-                respond(path ? openedReply(request, QFile::encodeName(*path), type) : notRendered());
+            [this, request, respond, song = *song](const auto& path) {
+                if (path)
+                    send(song, QFile::encodeName(*path), request, respond);
+                else
+                    respond(notRendered());
             });
     } else {
         const auto own = index_.song(song->id); // it may have gone in between
-        respond(own ? openedReply(request, own->path, song->mediaType) : plainReply(MHD_HTTP_NOT_FOUND));
+        if (own)
+            send(*song, own->path, request, respond);
+        else
+            respond(plainReply(MHD_HTTP_NOT_FOUND));
     }
+}
+
+void SongFiles::send(const CatalogueSong& song, const QByteArray& path, const HttpRequest& request,
+                     const HttpHandler::Respond& respond)
+{
+    auto reply = openedReply(request, path, song.mediaType);
+    if (request.method == "GET" && reply.file && reply.offset == 0)
+        plays_.count(request.peer, song.id, folded(song.artist));
+    respond(std::move(reply));
 }
 
 void SongFiles::answerCover(const QString& songId, const HttpRequest& request,

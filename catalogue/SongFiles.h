@@ -3,6 +3,7 @@
 
 #include "catalogue/HttpServer.h"
 #include "catalogue/MusicCatalogue.h"
+#include "catalogue/PlayCounts.h"
 #include "catalogue/SongCovers.h"
 #include "catalogue/WorkerPool.h"
 
@@ -18,7 +19,7 @@ class SongFiles {
   public:
     /// Its end waits for the requests at work: stop the demo songs first.
     SongFiles(DemoSongs& demo, const MusicCatalogue& catalogue, const SongIndex& index,
-              const SongCovers& covers);
+              const SongCovers& covers, PlayCounts& plays);
 
     /// @param name "ID.EXTENSION". Blocks for the index at most, so not for a server's thread.
     void answerAudio(const QString& name, const HttpRequest& request, const HttpHandler::Respond& respond);
@@ -27,6 +28,10 @@ class SongFiles {
     void answerPicture(const QString& name, const HttpRequest& request, const HttpHandler::Respond& respond);
 
   private:
+    /// Answers with the song's file; from its beginning on, that is a play.
+    void send(const CatalogueSong& song, const QByteArray& path, const HttpRequest& request,
+              const HttpHandler::Respond& respond);
+
     /// Called with the path, or with nothing when the file cannot be made.
     using Ready = std::function<void(const std::optional<QString>&)>;
 
@@ -39,6 +44,7 @@ class SongFiles {
     const MusicCatalogue& catalogue_;
     const SongIndex& index_;
     const SongCovers& covers_;
+    PlayCounts& plays_;
 
     std::mutex mutex_;                     ///< guards what follows
     QHash<QString, QList<Ready>> waiting_; ///< one thread renders for all who wait for the same file

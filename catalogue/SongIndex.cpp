@@ -90,7 +90,8 @@ struct Gathered {
 
 Artist madeArtist(const QString& key, const Gathered& gathered)
 {
-    // Nobody counts plays here: an artist whom the user has much music of is one whom the user likes.
+    // Before anybody has played anything: an artist whom the user has much music of is one whom the user
+    // likes.
     const double share = double(gathered.songs) / (gathered.songs + 5.0);
     return {key, mostFrequent(gathered.names).value(0), mostFrequent(gathered.genres), share, share};
 }
@@ -124,6 +125,10 @@ const DatabaseSchema& SongIndex::schema()
                 // Files of another size than before are read again, and these hold more than was kept of
                 // them.
                 QStringLiteral("UPDATE songs SET size = -1"),
+            },
+            {
+                QStringLiteral("CREATE TABLE plays (artist_key TEXT PRIMARY KEY, plays REAL NOT NULL,"
+                               " time INTEGER NOT NULL)"),
             },
         }};
     return schema;

@@ -21,9 +21,10 @@ namespace zib {
 struct Artist {
     QString key; ///< folded(name): what tells artists apart
     QString name;
-    QStringList tags; ///< most fitting first
-    double hotness = 0;
+    QStringList tags;   ///< most fitting first
+    double hotness = 0; ///< 0 to 1
     double familiarity = 0;
+    double recentPlays = 0; ///< see RecentPlays
 };
 
 using Artists = std::shared_ptr<const QList<Artist>>;
@@ -48,7 +49,8 @@ class SongIndex {
     /// Called on the updating thread now and then.
     using Progress = std::function<void(int done, int total)>;
 
-    /// Its tables, which are always in a file: paths mean something on one machine only.
+    /// Its tables and those of the plays, which are always in a file: paths mean something on one machine
+    /// only.
     static const DatabaseSchema& schema();
 
     explicit SongIndex(Database database);

@@ -192,8 +192,7 @@ int serve(const ServeOptions& options, int signals)
     const QString url = socket->url();
 
     DemoCatalogue demo(options.dataFolder + QStringLiteral("/demo"));
-    CatalogueService service(demo, std::move(*database),
-                             CoverProcess(QCoreApplication::applicationFilePath()));
+    CatalogueService service(demo, *database, CoverProcess(QCoreApplication::applicationFilePath()));
     service.offerPlaylists(PlaylistService(PlaylistStore(std::move(*playlists)),
                                            PlaylistReading(QCoreApplication::applicationFilePath()),
                                            options.publicUrl),

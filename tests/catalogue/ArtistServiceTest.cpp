@@ -33,9 +33,11 @@ class ArtistServiceTest : public testing::Test {
                         {track('b', u"Vor"_s), track('c', u"Bad\u0001\uFFFF\U0001F3B5Text"_s)});
         demo_.addArtist(u"Tide"_s, {u"indie rock"_s, u"electronic"_s}, 0.7, {track('d', u"Ebb"_s)});
         demo_.addArtist(u"Circuit"_s, {u"electronic"_s, u"ambient"_s}, 0.6, {track('e', u"Loop"_s)});
-        index_.emplace(
-            *Database::open(folder_.filePath(QStringLiteral("index.sqlite")), SongIndex::schema()));
-        catalogue_.emplace(demo_, *index_);
+        const auto database =
+            *Database::open(folder_.filePath(QStringLiteral("index.sqlite")), SongIndex::schema());
+        index_.emplace(database);
+        plays_.emplace(database);
+        catalogue_.emplace(demo_, *index_, *plays_);
     }
 
     HttpReply ask(const QString& method, const QByteArray& query)
@@ -67,6 +69,7 @@ class ArtistServiceTest : public testing::Test {
     QTemporaryDir folder_;
     FakeDemoSongs demo_{folder_.path()};
     std::optional<SongIndex> index_;
+    std::optional<PlayCounts> plays_;
     std::optional<MusicCatalogue> catalogue_;
 };
 

@@ -250,7 +250,8 @@ TEST_F(SongIndexTest, JoinsTheDemoSongs)
     FakeDemoSongs demo(folder_.path());
     demo.addArtist(u"Amber Tide"_s, {u"ambient"_s}, 0.4,
                    {{QString(32, u'a'), u"Demo"_s, 60, u"mp3"_s, u"audio/mpeg"_s}});
-    const MusicCatalogue catalogue(demo, index_);
+    const PlayCounts plays(*Database::open(folder_.filePath(u"index.sqlite"_s), SongIndex::schema()));
+    const MusicCatalogue catalogue(demo, index_, plays);
     EXPECT_EQ(catalogue.artists()->size(), 1);
     write(u"AMBER TIDE/own.wav"_s);
     write(u"Other/own.wav"_s);

@@ -36,7 +36,7 @@ class TrackInfoServiceTest : public testing::Test {
                         {{QString(32, u'a'), u"Low & <High>"_s, 61, u"mp3"_s, u"audio/mpeg"_s,
                           u"They met by the sea & stayed."_s}});
         demo_.addArtist(u"Björn"_s, {u"post-rock"_s}, 0.5);
-        catalogue_.emplace(demo_, index_);
+        catalogue_.emplace(demo_, index_, plays_);
         QDir(folder_.path()).mkpath(u"music/Own/Album"_s);
         write(u"music/Own/Album/Song.wav"_s, wavFile(1));
         update();
@@ -72,6 +72,7 @@ class TrackInfoServiceTest : public testing::Test {
     FakeDemoSongs demo_{folder_.path()};
     TagFileReader reader_;
     SongIndex index_{*Database::open(folder_.filePath(u"index.sqlite"_s), SongIndex::schema())};
+    PlayCounts plays_{*Database::open(folder_.filePath(u"index.sqlite"_s), SongIndex::schema())};
     std::optional<MusicCatalogue> catalogue_;
 };
 
