@@ -41,7 +41,6 @@ QLabel* makeLabel(const QString& text, const QString& objectName)
 {
     auto* label = new QLabel(text);
     label->setObjectName(objectName);
-    label->setWordWrap(true);
     return label;
 }
 
@@ -94,9 +93,12 @@ QWidget* AboutWindow::makeLibraries()
     auto* layout = new QVBoxLayout(part);
     layout->setContentsMargins(3 * Theme::between, Theme::groups, 3 * Theme::between, 3 * Theme::between);
     layout->setSpacing(Theme::between);
-    layout->addWidget(makeLabel(tr("Free software: use, study, share and improve it under the GNU General "
-                                   "Public License, version 3 or later. It comes without any warranty."),
-                                QString()));
+    auto* licence =
+        makeLabel(tr("Free software: use, study, share and improve it under the GNU General Public License, "
+                     "version 3 or later. It comes without any warranty."),
+                  QString());
+    licence->setWordWrap(true);
+    layout->addWidget(licence);
     layout->addSpacing(Theme::between);
     layout->addWidget(makeLabel(tr("Built on"), QStringLiteral("heading")));
     auto* table = new QGridLayout;
@@ -115,7 +117,10 @@ QWidget* AboutWindow::makeLibraries()
 
 void AboutWindow::showCentred()
 {
-    adjustSize();
+    // The style sheet's fonts, which come with polishing, decide how high the rows are.
+    for (QWidget* part : findChildren<QWidget*>())
+        part->ensurePolished();
+    resize(windowWidth, heightForWidth(windowWidth));
     move(screen()->availableGeometry().center() - rect().center());
     show();
     setFocus(); // nothing waits to be pressed
