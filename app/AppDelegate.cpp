@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/AppDelegate.h"
 
+#include "app/ListExchange.h"
 #include "library/FileImporter.h"
 #include "library/ITunesImporter.h"
 #include "library/MusicFolder.h"
@@ -58,6 +59,7 @@ bool AppDelegate::applicationShouldHandleReopen(bool hasVisibleWindows)
 // The library needs nothing else: every change was written when it was made.
 void AppDelegate::applicationWillTerminate()
 {
+    parts_.lists.stopNow();
     parts_.importer.stopNow();
     parts_.dataManager.iTunesImporter().stopNow();
     parts_.defaults.remove(settings::BriefStatusMessage);
@@ -71,9 +73,18 @@ void AppDelegate::openFiles(const QStringList& paths)
         parts_.desktop.bringToFront();
         return;
     }
-    if (!parts_.importer.isRunning())
-        parts_.sharedPanel.open(tr("Adding songs to your library"), [this] { parts_.importer.stop(); });
-    addFiles(paths);
+    QStringList playlists;
+    QStringList songs;
+    for (const QString& path : paths) {
+        const bool isPlaylist = playlistFormatOf(path) && !QFileInfo(path).isDir();
+        (isPlaylist ? playlists : songs).append(path);
+    }
+    if (!songs.isEmpty()) {
+        if (!parts_.importer.isRunning())
+            parts_.sharedPanel.open(tr("Adding songs to your library"), [this] { parts_.importer.stop(); });
+        addFiles(songs);
+    }
+    parts_.lists.importPlaylists(playlists);
 }
 
 void AppDelegate::openAddress(const QString& address)

@@ -13,6 +13,7 @@ namespace zib {
 class AboutWindow;
 class Desktop;
 class FileImporter;
+class ListExchange;
 class MainWindow;
 class PreferencesWindow;
 class RVBusyPanel;
@@ -30,6 +31,7 @@ class AppDelegate : public QObject, private PreferencesActions {
         MainWindow& mainWindow;
         RVDataManager& dataManager;
         FileImporter& importer;
+        ListExchange& lists;
         RVWebViewController& pages;
         RVBusyPanel& sharedPanel;
         UserDefaults& defaults;
@@ -50,8 +52,9 @@ class AppDelegate : public QObject, private PreferencesActions {
     bool applicationShouldHandleReopen(bool hasVisibleWindows);
     void applicationWillTerminate();
 
-    /// Opens documents: sound files and folders come into the library, while the busy panel tells of it. When
-    /// the first is a library file, nothing is imported and the main window comes to the front.
+    /// Opens documents: sound files and folders come into the library, while the busy panel tells of it, and
+    /// playlist files become playlists. When the first is a library file, nothing is imported and the main
+    /// window comes to the front.
     void openFiles(const QStringList& paths);
     /// Opens an address of the program's own scheme, zib://, as if it were a link in a page, in front of the
     /// user.

@@ -3,6 +3,7 @@
 
 #include "app/AppDelegate.h"
 #include "app/CatalogueProcess.h"
+#include "app/ListExchange.h"
 #include "app/Mpris.h"
 #include "controller/DefaultSettings.h"
 #include "controller/PlayingOnDesktop.h"
@@ -113,9 +114,11 @@ struct Application::Parts {
         , network(reachability, powerEvents, defaults, &controller)
         , metadata(places.metadata)
         , importer(dataManager, metadata, defaults)
+        , lists({dataManager, importer, sharedPanel, defaults, alerts, places.library})
         , delegate({window,
                     dataManager,
                     importer,
+                    lists,
                     controller.webController(),
                     sharedPanel,
                     defaults,
@@ -173,6 +176,7 @@ struct Application::Parts {
     PKNetwork network;
     DesktopFileMetadata metadata;
     FileImporter importer;
+    ListExchange lists;
     AppDelegate delegate;
     PlayingOnDesktop playingOnDesktop;
     Mpris mpris;
@@ -257,6 +261,18 @@ Application::Application(Places places, LibraryLoading library, const QVariantMa
     QObject::connect(qApp, &QApplication::aboutToQuit, &parts.delegate,
                      &AppDelegate::applicationWillTerminate);
     QObject::connect(&parts.window, &MainWindow::filesGiven, &parts.delegate, &AppDelegate::openFiles);
+    QObject::connect(&parts.window, &MainWindow::libraryGiven, &parts.lists, &ListExchange::importLibrary);
+    QObject::connect(&parts.window, &MainWindow::libraryWanted, &parts.lists, &ListExchange::exportLibrary);
+    SourceList& sources = parts.controller.sources();
+    QObject::connect(&parts.lists, &ListExchange::playlistRead, &parts.lists,
+                     [&sources](const QString& title, const QList<Record>& tracks) {
+                         sources.addPlaylist(title, tracks);
+                     });
+    QObject::connect(
+        &parts.lists, &ListExchange::playlistAdded, &parts.lists, [&sources, &parts](const QString& name) {
+            sources.insertNode(SourceType::Playlists, int(parts.dataManager.playlists().size()) - 1, name,
+                               QStringLiteral("playlist"));
+        });
     QObject::connect(&parts.notifications, &Notifications::activated, &parts.delegate,
                      [&parts](const QString& token) { parts.desktop.bringToFront(token); });
     parts.desktop.setMainWindow(&parts.window);
@@ -308,6 +324,11 @@ void Application::Parts::fillApplicationMenu()
     add(text("Add to library…"), QKeySequence(QKeySequence::Open), [this] { window.addToLibrary(); });
     add(text("Import iTunes library…"), {}, [this] { controller.importITunesLibrary(); });
     add(text("Remove iTunes items"), {}, [this] { controller.removeITunesItems(); });
+    menu.addSeparator();
+    add(text("Import playlist…"), {}, [this] { window.importPlaylist(); });
+    add(text("Import library…"), {}, [this] { window.importLibrary(); });
+    add(text("Export library…"), {}, [this] { window.exportLibrary(); });
+    menu.addSeparator();
     add(text("Clean up broken links…"), {}, [this] { controller.cleanUpBrokenLinks(); });
     menu.addSeparator();
     add(text("Preferences…"), QKeySequence(Qt::CTRL | Qt::Key_Comma), [this] { delegate.openPreferences(); });

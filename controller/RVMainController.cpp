@@ -3,6 +3,7 @@
 
 #include "controller/MainWindowView.h"
 #include "library/RVDataManager.h"
+#include "library/playlists/PlaylistExport.h"
 #include "platform/SettingsKeys.h"
 #include "platform/TableView.h"
 #include "services/utilities/StringUtilities.h"
@@ -98,6 +99,15 @@ void RVMainController::importITunesLibrary()
 void RVMainController::removeITunesItems()
 {
     context_.dataManager.removeITunesItemsFromLibrary();
+}
+
+void RVMainController::exportPlaylist(const Record& playlist, const QString& path)
+{
+    const auto exported = zib::exportPlaylist(context_.dataManager, context_.defaults, playlist, path);
+    if (!exported)
+        notices_.runErrorAlert(
+            QCoreApplication::translate("RVMainController", "The playlist could not be exported."),
+            exported.error());
 }
 
 void RVMainController::editInformation()

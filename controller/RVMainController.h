@@ -63,6 +63,9 @@ class RVMainController : public RVDataManagerDelegate,
     /// Takes the songs that came from it out again.
     void removeITunesItems();
 
+    /// Writes a playlist to a file; its extension tells the format.
+    void exportPlaylist(const Record& playlist, const QString& path);
+
     /// Lets the user edit what is known of the selected songs.
     void editInformation();
     /// Makes a playlist of the selected songs.

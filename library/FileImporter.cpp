@@ -161,6 +161,7 @@ void FileImporter::store(const ImportThread::Songs& songs, int total)
         Q_EMIT adding(song.path);
         dataManager_.library().insert(song.record.utf8(keys::Id), song.record);
         ++added_;
+        Q_EMIT stored(song.path, song.record);
     }
     done_ += int(songs.size());
     Q_EMIT progressed(done_, total);

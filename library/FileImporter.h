@@ -34,6 +34,8 @@ class FileImporter : public QObject {
   Q_SIGNALS:
     /// That file's song is stored next.
     void adding(const QString& path);
+    /// That file's song is in the library now.
+    void stored(const QString& path, const zib::Record& track);
     /// @param done files dealt with, of those that there are.
     void progressed(int done, int total);
     /// No more files come in. The caller shows and saves the library. @param added songs

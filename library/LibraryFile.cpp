@@ -4,7 +4,6 @@
 #include "library/AtomicFile.h"
 #include "library/LibraryEnvelope.h"
 #include "library/PieceThread.h"
-#include "records/PropertyList.h"
 #include "records/PropertyListWriter.h"
 
 #include <QDir>
@@ -51,10 +50,18 @@ EnvelopeReader::ReadAt readerOf(QFile& file, const std::stop_token& stop)
 
 tl::expected<LibraryContents, QString> contentsOf(EnvelopeReader& envelope)
 {
-    auto document = readPropertyListWithTable(
-        [&envelope](std::span<char> target) { return envelope.read(target); }, keys::Library);
+    auto contents =
+        LibraryFile::parsePlain([&envelope](std::span<char> target) { return envelope.read(target); });
     if (envelope.hasFailed())
         return tl::unexpected(undecipherable);
+    return contents;
+}
+
+} // namespace
+
+tl::expected<LibraryContents, QString> LibraryFile::parsePlain(const ByteSource& source)
+{
+    auto document = readPropertyListWithTable(source, keys::Library);
     if (!document)
         return tl::unexpected(document.error());
     LibraryContents contents;
@@ -69,8 +76,6 @@ tl::expected<LibraryContents, QString> contentsOf(EnvelopeReader& envelope)
         return tl::unexpected(QStringLiteral("the user information is no dictionary"));
     return contents;
 }
-
-} // namespace
 
 QString LibraryFile::standardPath()
 {

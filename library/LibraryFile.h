@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "records/PropertyList.h"
 #include "records/Record.h"
 #include "records/RecordTable.h"
 
@@ -57,6 +58,8 @@ class LibraryFile {
     [[nodiscard]] tl::expected<QByteArray, QString> readPlain() const;
     /// The contents of such a file's bytes.
     static tl::expected<LibraryContents, QString> parse(std::span<const char> bytes);
+    /// The contents of such a property list.
+    static tl::expected<LibraryContents, QString> parsePlain(const ByteSource& source);
 
   private:
     QString path_;

@@ -9,6 +9,7 @@
 #include "views/ControlBar.h"
 #include "views/FilterField.h"
 #include "views/LibraryPlace.h"
+#include "views/ListPanels.h"
 #include "views/NowPlayingPanel.h"
 #include "views/SearchBar.h"
 #include "views/SongInformationWindow.h"
@@ -188,6 +189,24 @@ void MainWindow::addToLibrary()
     AddToLibraryPanel panel(this);
     if (panel.exec() == QDialog::Accepted)
         Q_EMIT filesGiven(panel.pickedPaths());
+}
+
+void MainWindow::importPlaylist()
+{
+    if (const QStringList paths = playlistImportPaths(this); !paths.isEmpty())
+        Q_EMIT filesGiven(paths);
+}
+
+void MainWindow::importLibrary()
+{
+    if (const QString path = libraryImportPath(this); !path.isEmpty())
+        Q_EMIT libraryGiven(path);
+}
+
+void MainWindow::exportLibrary()
+{
+    if (const QString path = libraryExportPath(this); !path.isEmpty())
+        Q_EMIT libraryWanted(path);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)

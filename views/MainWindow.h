@@ -51,6 +51,12 @@ class MainWindow : public QMainWindow, public MainWindowView {
     void addToLibrary();
     /// Shows what the program says of itself to a newcomer, until something else is chosen or it is closed.
     void showWelcome();
+    /// Asks for playlist files to import.
+    void importPlaylist();
+    /// Asks for an exported library to merge into the library.
+    void importLibrary();
+    /// Asks where to write the library.
+    void exportLibrary();
 
     // From the controller
     void setPlaying(bool playing) override;
@@ -80,6 +86,10 @@ class MainWindow : public QMainWindow, public MainWindowView {
   Q_SIGNALS:
     /// The user has picked files or folders, or dropped them on the window.
     void filesGiven(const QStringList& paths);
+    /// The user has picked an exported library to import.
+    void libraryGiven(const QString& path);
+    /// The user wants the library in that file.
+    void libraryWanted(const QString& path);
 
   protected:
     void dragEnterEvent(QDragEnterEvent* event) override;

@@ -2,7 +2,9 @@
 #include "views/SourcePane.h"
 
 #include "controller/RVMainController.h"
+#include "library/RVDataManager.h"
 #include "views/Icons.h"
+#include "views/ListPanels.h"
 #include "views/SourceListView.h"
 #include "views/Theme.h"
 
@@ -133,6 +135,16 @@ void SourcePane::addSharing(QMenu& menu, bool enabled)
     add(tr("Share…"), ShareWindowController::Plain);
     add(tr("Share on Facebook…"), ShareWindowController::Facebook);
     add(tr("Share on Twitter…"), ShareWindowController::Twitter);
+    QAction* entry = menu.addAction(tr("Export playlist…"), this, &SourcePane::exportPlaylist);
+    entry->setEnabled(enabled);
+}
+
+void SourcePane::exportPlaylist()
+{
+    const Record playlist = controller_->dataManager().currentPlaylist();
+    const QString path = playlistExportPath(window(), playlist.string(keys::Name));
+    if (!path.isEmpty())
+        controller_->exportPlaylist(playlist, path);
 }
 
 void SourcePane::showMenu(const QPoint& at, bool ofRows)

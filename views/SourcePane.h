@@ -25,6 +25,7 @@ class SourcePane : public QWidget {
     QWidget* makeButtons();
     void addPlaylist();
     void fillActions(QMenu& menu);
+    void exportPlaylist();
     void addSharing(QMenu& menu, bool enabled);
     void showMenu(const QPoint& at, bool ofRows);
 

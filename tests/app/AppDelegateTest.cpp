@@ -2,6 +2,7 @@
 // Hunts: a window that cannot be found again, a status line that outlives its run, songs that stay behind
 // when their folder moves.
 #include "app/AppDelegate.h"
+#include "app/ListExchange.h"
 #include "controller/DefaultSettings.h"
 #include "library/FileImporter.h"
 #include "library/ITunesImporter.h"
@@ -50,9 +51,12 @@ class AppDelegateTest : public testing::Test {
         manager_ = std::make_unique<RVDataManager>(defaults_, alerts_, clock_, view_,
                                                    disk_.filePath(QStringLiteral("l.zib")));
         importer_ = std::make_unique<FileImporter>(*manager_, metadata_, defaults_);
+        lists_ = std::make_unique<ListExchange>(ListExchange::Parts{*manager_, *importer_, sharedPanel_,
+                                                                    defaults_, alerts_,
+                                                                    disk_.filePath(QStringLiteral("l.zib"))});
         delegate_ = std::make_unique<AppDelegate>(
-            AppDelegate::Parts{*window_, *manager_, *importer_, pages_, sharedPanel_, defaults_, alerts_,
-                               desktop_, services_, QStringLiteral("/doc/ReadMe.txt")});
+            AppDelegate::Parts{*window_, *manager_, *importer_, *lists_, pages_, sharedPanel_, defaults_,
+                               alerts_, desktop_, services_, QStringLiteral("/doc/ReadMe.txt")});
     }
     ~AppDelegateTest() override { qputenv("HOME", home_); }
 
@@ -81,6 +85,7 @@ class AppDelegateTest : public testing::Test {
     FakeFileMetadata metadata_;
     std::unique_ptr<RVDataManager> manager_;
     std::unique_ptr<FileImporter> importer_;
+    std::unique_ptr<ListExchange> lists_;
     std::unique_ptr<AppDelegate> delegate_;
 };
 
@@ -222,6 +227,32 @@ TEST_F(AppDelegateTest, OpenedFilesComeInWhileThePanelTells)
     EXPECT_EQ(defaults_.string(settings::BriefStatusMessage), QStringLiteral("1 song added"));
     manager_->waitForSaves();
     EXPECT_EQ(LibraryFile(disk_.filePath(QStringLiteral("l.zib"))).load()->library.size(), 1);
+}
+
+TEST_F(AppDelegateTest, AnOpenedPlaylistBringsItsSongsAndTellsWhatIsMissing)
+{
+    defaults_.setValue(settings::CopyImportedFilesToLibrary, false);
+    metadata_.addSound(QStringLiteral("a.mp3"), QStringLiteral("A"));
+    QFile song(disk_.filePath(QStringLiteral("a.mp3")));
+    QFile list(disk_.filePath(QStringLiteral("Mine.m3u8")));
+    ASSERT_TRUE(song.open(QIODevice::WriteOnly) && list.open(QIODevice::WriteOnly));
+    QByteArray lines("a.mp3\n");
+    for (int number = 0; number < 12; ++number)
+        lines += "gone" + QByteArray::number(number) + ".mp3\n";
+    list.write(lines);
+    list.close();
+    QStringList read;
+    QObject::connect(lists_.get(), &ListExchange::playlistRead, lists_.get(),
+                     [&read](const QString& title, const QList<Record>& tracks) {
+                         read.append(title + QString::number(tracks.size()));
+                     });
+    delegate_->openFiles({list.fileName()});
+    while (alerts_.shown.isEmpty())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    EXPECT_EQ(read, QStringList(QStringLiteral("Mine1")));
+    EXPECT_TRUE(alerts_.shown[0].messageText.startsWith(QLatin1String("12 songs")));
+    EXPECT_TRUE(alerts_.shown[0].informativeText.endsWith(QLatin1String("\nand 2 more")));
+    EXPECT_FALSE(sharedPanel_.isOpen);
 }
 
 TEST_F(AppDelegateTest, FilesDroppedOnTheWindowAreHandedOn)

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "views/ListPanels.h"
+
+#include "library/playlists/PlaylistFile.h"
+#include "services/utilities/PathUtilities.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QStandardPaths>
+
+namespace zib {
+namespace {
+
+QString translated(const char* text)
+{
+    return QCoreApplication::translate("ListPanels", text);
+}
+
+QString startFolder()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
+}
+
+QString libraryFilter()
+{
+    return translated("XML property list (*.xml)");
+}
+
+/// Asks for a file to write; a name without an extension gets the chosen format's.
+QString exportPath(QWidget* parent, const QString& title, const QString& name, const QStringList& filters,
+                   const QStringList& suffixes)
+{
+    QFileDialog panel(parent, title, startFolder());
+    panel.setAcceptMode(QFileDialog::AcceptSave);
+    panel.setNameFilters(filters);
+    panel.setDefaultSuffix(suffixes.first());
+    QObject::connect(&panel, &QFileDialog::filterSelected, &panel, [&](const QString& filter) {
+        const QString suffix = suffixes.value(filters.indexOf(filter));
+        panel.setDefaultSuffix(suffix);
+        const QString typed = panel.selectedFiles().value(0);
+        if (suffixes.contains(pathExtension(typed)))
+            panel.selectFile(lastPathComponent(stringByDeletingPathExtension(typed)) + QLatin1Char('.') +
+                             suffix);
+    });
+    QString fileName = name;
+    fileName.replace(QLatin1Char('/'), QLatin1Char('-'));
+    panel.selectFile(fileName + QLatin1Char('.') + suffixes.first());
+    return panel.exec() == QDialog::Accepted ? panel.selectedFiles().value(0) : QString();
+}
+
+} // namespace
+
+QString playlistExportPath(QWidget* parent, const QString& name)
+{
+    return exportPath(parent, translated("Export playlist"), name,
+                      {translated("M3U8 playlist (*.m3u8)"), translated("XSPF playlist (*.xspf)"),
+                       translated("JSPF playlist (*.jspf)")},
+                      {QStringLiteral("m3u8"), QStringLiteral("xspf"), QStringLiteral("jspf")});
+}
+
+QStringList playlistImportPaths(QWidget* parent)
+{
+    return QFileDialog::getOpenFileNames(parent, translated("Import playlist"), startFolder(),
+                                         translated("Playlists (*.m3u8 *.m3u *.xspf *.jspf)"));
+}
+
+QString libraryExportPath(QWidget* parent)
+{
+    return exportPath(parent, translated("Export library"), translated("Zib Music Library"),
+                      {libraryFilter()}, {QStringLiteral("xml")});
+}
+
+QString libraryImportPath(QWidget* parent)
+{
+    return QFileDialog::getOpenFileName(parent, translated("Import library"), startFolder(), libraryFilter());
+}
+
+} // namespace zib
