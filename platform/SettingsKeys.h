@@ -62,7 +62,20 @@ inline const QString NotifiesOfSongs = QStringLiteral("NotifiesOfSongs");
 inline const QString KeepsAwakeWhilePlaying = QStringLiteral("KeepsAwakeWhilePlaying");
 // The newcomer has seen what the program says of itself at its first start.
 inline const QString WelcomeShown = QStringLiteral("WelcomeShown");
+
+// How the window was left.
 inline const QString WindowGeometry = QStringLiteral("WindowGeometry");
+inline const QString SourceListWidth = QStringLiteral("SourceListWidth"); // pixels
+inline const QString ArtistsWidth = QStringLiteral("ArtistsWidth");       // pixels
+inline const QString AlbumsWidth = QStringLiteral("AlbumsWidth");         // pixels
+inline const QString SelectedSource = QStringLiteral("SelectedSource");
+inline const QString SelectedArtist = QStringLiteral("SelectedArtist"); // empty for all
+inline const QString SelectedAlbum = QStringLiteral("SelectedAlbum");   // empty for all
+inline const QString SelectedSong = QStringLiteral("SelectedSong");     // its ID
+inline const QString SongsScrolled = QStringLiteral("SongsScrolled");   // pixels
+// Begins the key of what was searched for, one term a line, the newest first; the search type follows.
+inline const QString RecentTerms = QStringLiteral("RecentTerms ");
+
 // Begins the key of a saved song-table layout; its name follows.
 inline const QString SongTableLayout = QStringLiteral("SongTableLayout ");
 

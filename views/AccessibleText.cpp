@@ -3,6 +3,8 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QCoreApplication>
+#include <QSplitter>
 #include <QWidget>
 
 namespace zib {
@@ -62,6 +64,9 @@ class AccessibleText : public QAccessibleWidget, public QAccessibleTextInterface
 QAccessibleInterface* makeInterface(const QString&, QObject* object)
 {
     auto* widget = qobject_cast<QWidget*>(object);
+    if (qobject_cast<QSplitterHandle*>(object)) // the toolkit's own role for it is unknown on the bus
+        return new QAccessibleWidget(widget, QAccessible::Separator,
+                                     QCoreApplication::translate("AccessibleText", "Edge of a pane"));
     return widget && dynamic_cast<ShowsText*>(widget) ? new AccessibleText(widget) : nullptr;
 }
 

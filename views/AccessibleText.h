@@ -18,7 +18,8 @@ class ShowsText {
     static void textChanged(QWidget& widget, const QString& text);
 };
 
-/// Makes the accessible interfaces of all widgets that show text. Once, before the first window.
+/// Makes the accessible interfaces of all widgets that show text, and of what parts two panes. Once, before
+/// the first window.
 void installAccessibleTexts();
 
 } // namespace zib

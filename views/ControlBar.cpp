@@ -56,6 +56,7 @@ ControlBar::ControlBar(UserDefaults& defaults, QWidget* parent)
     makeButtons();
     volume_->setFixedWidth(volumeWidth);
     search_->setMaximumWidth(widestSearch);
+    search_->keepTermsIn(defaults_);
 
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(Theme::between, Theme::between, Theme::between, Theme::between);

@@ -17,7 +17,7 @@ FilterField::FilterField(QWidget* parent)
     setPlaceholderText(tr("Filter"));
     setToolTip(tr("Show only the songs that hold these words (Ctrl+Shift+F)"));
     setClearButtonEnabled(true);
-    addAction(icon(QStringLiteral("filter"), Tint::Secondary), LeadingPosition);
+    addAction(icon(QStringLiteral("filter"), Tint::Secondary), LeadingPosition)->setText(tr("Filter songs"));
     useOwnClearIcon(*this);
 }
 

@@ -4,6 +4,7 @@
 #include "views/Theme.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QFile>
 #include <QIconEngine>
 #include <QLineEdit>
@@ -106,8 +107,10 @@ QIcon icon(const QString& name, Tint tint)
 
 void useOwnClearIcon(QLineEdit& field)
 {
-    if (auto* clear = field.findChild<QAction*>(QStringLiteral("_q_qlineeditclearaction")))
+    if (auto* clear = field.findChild<QAction*>(QStringLiteral("_q_qlineeditclearaction"))) {
         clear->setIcon(icon(QStringLiteral("clear"), Tint::Secondary));
+        clear->setText(QCoreApplication::translate("Icons", "Clear"));
+    }
 }
 
 } // namespace zib

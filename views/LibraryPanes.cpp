@@ -8,30 +8,39 @@
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QSplitter>
 
 namespace zib {
 namespace {
 
 constexpr int browserWidth = 178;
+constexpr int narrowestBrowser = 90;
+constexpr int songsWidth = 800; // beside them they take what is left
 
 } // namespace
 
 LibraryPanes::LibraryPanes(UserDefaults& defaults, QWidget* parent)
     : QWidget(parent)
-    , artists_(new BrowserTable(tr("Artists"), this))
-    , albums_(new BrowserTable(tr("Albums"), this))
-    , songs_(new SongTable(defaults, this))
+    , panes_(new QSplitter(this))
+    , artists_(new BrowserTable(tr("Artists"), panes_))
+    , albums_(new BrowserTable(tr("Albums"), panes_))
+    , songs_(new SongTable(defaults, panes_))
 {
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     for (BrowserTable* browser : {artists_, albums_}) {
-        browser->setFixedWidth(browserWidth);
-        layout->addWidget(browser);
+        browser->setMinimumWidth(narrowestBrowser);
         browser->installEventFilter(this);
     }
     songs_->installEventFilter(this);
-    layout->addWidget(songs_, 1);
+    panes_->setHandleWidth(1);
+    panes_->setChildrenCollapsible(false);
+    panes_->setStretchFactor(0, 0);
+    panes_->setStretchFactor(1, 0);
+    panes_->setStretchFactor(2, 1);
+    panes_->setSizes({browserWidth, browserWidth, songsWidth});
+    layout->addWidget(panes_);
     setBrowsersShown(false);
 }
 

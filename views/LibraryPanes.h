@@ -5,6 +5,8 @@
 
 #include <QWidget>
 
+class QSplitter;
+
 namespace zib {
 
 class BrowserTable;
@@ -23,6 +25,8 @@ class LibraryPanes : public QWidget, public LibraryView {
     /// Whose songs it shows.
     void setLibrary(RVDataManager& library);
     [[nodiscard]] SongTable& songTable() { return *songs_; }
+    /// The artists, the albums, the songs.
+    [[nodiscard]] QSplitter& panes() { return *panes_; }
 
     // From the library manager
     [[nodiscard]] TableView& artistsTableView() override;
@@ -36,6 +40,7 @@ class LibraryPanes : public QWidget, public LibraryView {
   private:
     bool moveFocus(const QObject* from, int key);
 
+    QSplitter* panes_;
     BrowserTable* artists_;
     BrowserTable* albums_;
     SongTable* songs_;

@@ -27,6 +27,7 @@ class LibraryPlace : public QWidget {
 
     void attach(RVMainController& controller);
     [[nodiscard]] LibraryView& libraryView();
+    [[nodiscard]] LibraryPanes& panes() { return *panes_; }
     /// Presses that button of the selected song, if the song table has the keyboard and a selected row.
     bool pressInRow(SongColumn button);
     /// Gives the song table the keyboard, with a song selected.

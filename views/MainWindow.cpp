@@ -18,6 +18,7 @@
 #include "views/TextLabel.h"
 #include "views/Theme.h"
 #include "views/WelcomePlace.h"
+#include "views/WindowSession.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -66,9 +67,12 @@ MainWindow::MainWindow(UserDefaults& defaults, PagePane pages)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(bar_);
-    layout->addWidget(makeMainArea(), 1);
+    QSplitter* panes = makeMainArea();
+    layout->addWidget(panes, 1);
     layout->addWidget(makeStatusLine());
     setCentralWidget(content);
+    session_ = std::make_unique<WindowSession>(
+        defaults_, WindowSession::Parts{*this, *panes, sources_->list(), place_->panes()});
     restorePlace();
     status_->setShownText(defaults_.string(settings::BriefStatusMessage));
     connect(&defaults_, &UserDefaults::changed, this, [this](const QString& key) {
@@ -87,7 +91,7 @@ LibraryView& MainWindow::libraryView()
 
 // The parts
 
-QWidget* MainWindow::makeMainArea()
+QSplitter* MainWindow::makeMainArea()
 {
     auto* splitter = new QSplitter(this);
     splitter->setHandleWidth(1);
@@ -130,8 +134,7 @@ QWidget* MainWindow::makeStatusLine()
 
 void MainWindow::restorePlace()
 {
-    const auto geometry = QByteArray::fromBase64(defaults_.string(settings::WindowGeometry).toLatin1());
-    if (!geometry.isEmpty() && restoreGeometry(geometry))
+    if (session_->restoreGeometry())
         return;
     // The frame that the desktop draws around the window has to find room too.
     const QSize room = screen()->availableSize() - QSize(0, titleBarHeight);
@@ -150,6 +153,7 @@ void MainWindow::attach(RVMainController& controller)
     connect(filter_, &FilterField::left, this, [this] { place_->focusSongs(); });
     makeShortcuts();
     controller.windowDidLoad();
+    session_->attach(controller);
     bar_->search().focusField();
 }
 
@@ -243,7 +247,7 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
 
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    defaults_.setValue(settings::WindowGeometry, QString::fromLatin1(saveGeometry().toBase64()));
+    session_->save();
     QMainWindow::closeEvent(event);
 }
 

@@ -5,7 +5,10 @@
 
 #include <QMainWindow>
 
+#include <memory>
+
 class QMenu;
+class QSplitter;
 class QStackedWidget;
 
 namespace zib {
@@ -20,6 +23,7 @@ class SourcePane;
 class TextLabel;
 class UserDefaults;
 class WelcomePlace;
+class WindowSession;
 
 /// The widget that shows pages, and itself as what the controller speaks to: which engine draws them is not
 /// known here.
@@ -98,7 +102,7 @@ class MainWindow : public QMainWindow, public MainWindowView {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    QWidget* makeMainArea();
+    QSplitter* makeMainArea();
     QWidget* makeStatusLine();
     [[nodiscard]] PlaybackQueue& playback();
     void makeShortcuts();
@@ -119,6 +123,7 @@ class MainWindow : public QMainWindow, public MainWindowView {
     TextLabel* status_ = nullptr;
     FilterField* filter_ = nullptr;
     TextLabel* urlField_ = nullptr;
+    std::unique_ptr<WindowSession> session_;
 };
 
 } // namespace zib

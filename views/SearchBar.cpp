@@ -5,10 +5,16 @@
 #include "views/Icons.h"
 #include "views/Theme.h"
 
+#include <QAbstractItemView>
 #include <QButtonGroup>
+#include <QCompleter>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStringListModel>
+
+#include <algorithm>
 
 namespace zib {
 
@@ -27,11 +33,14 @@ SearchBar::SearchBar(QWidget* parent)
     field_->setObjectName(QStringLiteral("searchField"));
     field_->setAccessibleName(tr("Search"));
     field_->setClearButtonEnabled(true);
-    field_->addAction(icon(QStringLiteral("search"), Tint::Secondary), QLineEdit::LeadingPosition);
+    QAction* glass =
+        field_->addAction(icon(QStringLiteral("search"), Tint::Secondary), QLineEdit::LeadingPosition);
+    glass->setText(tr("Recent searches"));
+    connect(glass, &QAction::triggered, this, &SearchBar::showTerms);
     useOwnClearIcon(*field_);
     field_->setMinimumWidth(140);
     busy_->move(busyPlace); // over the magnifying glass
-    connect(field_, &QLineEdit::returnPressed, this, [this] { Q_EMIT searchRequested(field_->text()); });
+    connect(field_, &QLineEdit::returnPressed, this, [this] { search(field_->text()); });
 
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -65,7 +74,94 @@ QWidget* SearchBar::makeSegments()
     }
     types_->button(0)->setChecked(true);
     connect(types_, &QButtonGroup::idClicked, this, &SearchBar::searchTypeChosen);
+    connect(types_, &QButtonGroup::idToggled, this, &SearchBar::offerTerms);
     return group;
+}
+
+// What was searched for before
+
+void SearchBar::keepTermsIn(UserDefaults& defaults)
+{
+    terms_.emplace(defaults);
+    offered_ = new QStringListModel(this);
+    completer_ = new QCompleter(offered_, this);
+    completer_->setCaseSensitivity(Qt::CaseInsensitive);
+    completer_->setFilterMode(Qt::MatchContains);
+    completer_->setMaxVisibleItems(RecentTerms::termsKept);
+    field_->setCompleter(completer_);
+    QAbstractItemView* list = completer_->popup();
+    list->setAccessibleName(tr("Recent terms"));
+    // The Return key is the field's own, into which the arrows have put the term.
+    connect(list, &QAbstractItemView::clicked, this, [this](const QModelIndex& term) {
+        const QString text = term.data().toString();
+        field_->setText(text);
+        search(text);
+    });
+    list->installEventFilter(this);
+    field_->installEventFilter(this);
+    offerTerms();
+}
+
+void SearchBar::search(const QString& text)
+{
+    if (terms_) {
+        completer_->popup()->hide();
+        terms_->add(text, types_->checkedId());
+        offerTerms();
+    }
+    Q_EMIT searchRequested(text);
+}
+
+void SearchBar::offerTerms()
+{
+    if (terms_)
+        offered_->setStringList(terms_->terms(types_->checkedId()));
+}
+
+void SearchBar::showTerms()
+{
+    if (!terms_)
+        return;
+    field_->setFocus();
+    completer_->setCompletionPrefix(field_->text());
+    if (completer_->completionCount() == 0)
+        completer_->setCompletionPrefix({}); // what stands there was searched for with another type
+    completer_->complete();
+}
+
+void SearchBar::removeOfferedTerm()
+{
+    const QModelIndex chosen = completer_->popup()->currentIndex();
+    const int row = chosen.row();
+    terms_->remove(chosen.data().toString(), types_->checkedId());
+    offerTerms();
+    field_->clear();
+    completer_->setCompletionPrefix({});
+    if (completer_->completionCount() == 0) {
+        completer_->popup()->hide();
+        return;
+    }
+    completer_->complete();
+    const int next = std::min(row, completer_->completionCount() - 1);
+    completer_->popup()->setCurrentIndex(completer_->completionModel()->index(next, 0));
+}
+
+bool SearchBar::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        const bool isOffering = completer_->popup()->isVisible();
+        if (watched == completer_->popup() && key == Qt::Key_Delete &&
+            completer_->popup()->currentIndex().isValid()) {
+            removeOfferedTerm();
+            return true;
+        }
+        if (watched == field_ && key == Qt::Key_Down && !isOffering) {
+            showTerms();
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void SearchBar::setSearchType(int type)

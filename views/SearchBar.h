@@ -1,14 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "views/RecentTerms.h"
+
 #include <QWidget>
 
+#include <optional>
+
 class QButtonGroup;
+class QCompleter;
 class QLineEdit;
+class QStringListModel;
 
 namespace zib {
 
 class BusyIndicator;
+class UserDefaults;
 
 /// The search-type control with the search field beside it.
 class SearchBar : public QWidget {
@@ -16,6 +23,10 @@ class SearchBar : public QWidget {
 
   public:
     explicit SearchBar(QWidget* parent = nullptr);
+
+    /// Keeps there what is searched for, and offers it while something is typed and at the down arrow; the
+    /// Delete key takes an offered term away. The settings outlive the bar.
+    void keepTermsIn(UserDefaults& defaults);
 
     /// @param type 0 artist, 1 tags, 2 similar artists.
     void setSearchType(int type);
@@ -28,12 +39,22 @@ class SearchBar : public QWidget {
     void searchTypeChosen(int type);
     void searchRequested(const QString& text);
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     QWidget* makeSegments();
+    void search(const QString& text);
+    void offerTerms();
+    void showTerms();
+    void removeOfferedTerm();
 
     QButtonGroup* types_;
     QLineEdit* field_;
     BusyIndicator* busy_;
+    std::optional<RecentTerms> terms_;
+    QStringListModel* offered_ = nullptr;
+    QCompleter* completer_ = nullptr;
 };
 
 } // namespace zib

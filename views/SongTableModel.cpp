@@ -193,10 +193,22 @@ QString SongTableModel::spokenText(SongColumn column, int row) const
     }
 }
 
+/// 3:20 would be read as the time of day.
+QString SongTableModel::spokenDuration(int seconds)
+{
+    constexpr int inMinute = 60;
+    const QString rest = tr("%n seconds", nullptr, seconds % inMinute);
+    return seconds < inMinute ? rest
+                              : tr("%n minutes", nullptr, seconds / inMinute) + QLatin1Char(' ') + rest;
+}
+
 QString SongTableModel::sentence(int row) const
 {
-    QStringList parts{tr("by %1").arg(text(SongColumn::Artist, row)),
-                      tr("from %1").arg(text(SongColumn::Album, row)), text(SongColumn::Duration, row)};
+    QStringList parts{
+        tr("%1 by %2 from %3")
+            .arg(text(SongColumn::Name, row), text(SongColumn::Artist, row), text(SongColumn::Album, row))};
+    if (const auto seconds = int(track(row).integer(keys::Duration)); seconds > 0)
+        parts.append(spokenDuration(seconds));
     if (cells_->willDisplayCell(SongColumn::Love, row).heartActive)
         parts.append(tr("loved"));
     if (cells_->willDisplayCell(SongColumn::Speaker, row).speaker)

@@ -51,7 +51,8 @@ class SongTableModel : public RowsModel {
     [[nodiscard]] Record track(int row) const;
     [[nodiscard]] QString text(SongColumn column, int row) const;
     [[nodiscard]] QString spokenText(SongColumn column, int row) const;
-    /// The whole row after the song's name, as one would say it.
+    [[nodiscard]] static QString spokenDuration(int seconds);
+    /// The whole row as one would say it.
     [[nodiscard]] QString sentence(int row) const;
     [[nodiscard]] QString toolTip(SongColumn column, int row) const;
 

@@ -34,6 +34,20 @@ class DesktopUser:
                 return application
         return None
 
+    def windows(self):
+        """The showing windows of the program."""
+        application = self._application()
+        all_windows = [application.get_child_at_index(i) for i in range(application.get_child_count())]
+        return [one for one in all_windows if one is not None and one.get_state_set().contains(Atspi.StateType.SHOWING)]
+
+    def active_window(self):
+        return wait_until(lambda: next((one for one in self.windows()
+                                        if one.get_state_set().contains(Atspi.StateType.ACTIVE)), None), 10, "an active window")
+
+    @staticmethod
+    def extents(control):
+        return _extents(control)
+
     def find(self, name, role=None):
         """The showing control of that name, or none."""
         application = self._application()
@@ -128,6 +142,16 @@ class DesktopUser:
             cells = [rows.get_child_at_index(i) for i in range(rows.get_child_count())]
         return [cell.get_name() for cell in cells if cell is not None]
 
+    def selected(self, name, column="Name"):
+        """What the first selected row of a table says in that column; none when no row is selected."""
+        rows = self.wait_for(name)
+        chosen = Atspi.Table.get_selected_rows(rows)
+        return self.cell(name, chosen[0], column).get_name() if chosen else None
+
+    def box(self, name):
+        """Where the control is on the screen."""
+        return _extents(self.wait_for(name))
+
     def choose(self, name, text):
         """Clicks the row of that text in a table or list."""
         row = wait_until(lambda: text in self.texts(name) and self.texts(name).index(text) + 1, 10,
@@ -142,6 +166,13 @@ class DesktopUser:
     def drag_row(self, table_name, row, below):
         """Drags a row to the lower half of another one."""
         self.drag(self.cell(table_name, row), self.cell(table_name, below), down=0.75)
+
+    def pull(self, x, y, by):
+        """Drags what is there to the right by so many pixels."""
+        self._xdotool("mousemove", str(x), str(y), "mousedown", "1")
+        for part in range(1, 5):
+            self._xdotool("mousemove", str(x + by * part // 4), str(y))
+        self._xdotool("mouseup", "1")
 
     def drag(self, control, target, down=0.5):
         """Drags one control onto another, to that fraction of its height."""

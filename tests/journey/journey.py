@@ -1,10 +1,10 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""journey.py BIN_FOLDER OUTPUT_FOLDER: does the main job as a person would, with the real programs, unattended.
+"""journey.py BIN_FOLDER OUTPUT_FOLDER [STEP…]: does the main job as a person would, with the real programs, unattended.
 
 Prints "step NAME ok|FAILED MS DETAIL" for each step and ends with "journey: N steps passed, N failed". Leaves a
 screenshot of each step and all that was heard in OUTPUT_FOLDER. A step that fails does not end the journey: the
-later ones show how far the fault reaches.
+later ones show how far the fault reaches. With steps named, as start and search, only those are done.
 """
 
 import pathlib
@@ -15,6 +15,7 @@ import time
 import traceback
 import urllib.request
 
+from accessibility_steps import AccessibilitySteps
 from desktop_steps import DesktopSteps
 from desktop_user import DesktopUser
 from discovery_steps import DiscoverySteps
@@ -22,13 +23,15 @@ from environment import Environment, wait_until
 from library_steps import LibrarySteps
 from page_steps import PageSteps
 from recorder import AUDIBLE, SILENT, Recorder
+from session_steps import SessionSteps
 from sharing_steps import SharingSteps
 from source_steps import SourceSteps
 
 ARTIST = "Kestrel Motorway"  # of the songs that come with the program
 
 
-class Journey(DesktopSteps, LibrarySteps, SourceSteps, SharingSteps, PageSteps, DiscoverySteps):
+class Journey(DesktopSteps, LibrarySteps, SourceSteps, SharingSteps, PageSteps, DiscoverySteps, SessionSteps,
+              AccessibilitySteps):
     def __init__(self, bin_folder, output):
         self.bin = bin_folder
         self.output = output
@@ -153,7 +156,7 @@ class Journey(DesktopSteps, LibrarySteps, SourceSteps, SharingSteps, PageSteps, 
 
     STEPS = ("start", "search", "play", "pause", "resume", "seek", *DesktopSteps.STEPS, "love", "download", "quit",
              "restart", "play_downloaded", *LibrarySteps.STEPS, *SourceSteps.STEPS, *SharingSteps.STEPS,
-             *PageSteps.STEPS, *DiscoverySteps.STEPS)
+             *PageSteps.STEPS, *DiscoverySteps.STEPS, *SessionSteps.STEPS, *AccessibilitySteps.STEPS)
 
     # What the steps are made of.
 
@@ -194,8 +197,8 @@ class Journey(DesktopSteps, LibrarySteps, SourceSteps, SharingSteps, PageSteps, 
                 continue
         return found
 
-    def run(self):
-        for step in self.STEPS:
+    def run(self, steps):
+        for step in steps or self.STEPS:
             name = step.rstrip("_").replace("_", "-")
             begin = time.monotonic()
             try:
@@ -227,7 +230,7 @@ def main():
     output.mkdir(parents=True, exist_ok=True)
     journey = Journey(bin_folder, output)
     try:
-        return 0 if journey.run() else 1
+        return 0 if journey.run(sys.argv[3:]) else 1
     finally:
         journey.close()
 

@@ -9,8 +9,10 @@
 #include "views/Ticker.h"
 #include "views/ValueSlider.h"
 
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QApplication>
+#include <QCompleter>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -117,6 +119,48 @@ TEST(AccessibleTexts, HaveALastingNameAndTheTextOfTheMoment)
         ASSERT_NE(interface->textInterface(), nullptr);
         EXPECT_EQ(interface->textInterface()->text(0, interface->textInterface()->characterCount()), text);
     }
+}
+
+TEST(SearchBar, OffersTheRecentTermsOfItsTypeAndForgetsThem)
+{
+    FakeUserDefaults defaults;
+    SearchBar bar;
+    bar.keepTermsIn(defaults);
+    bar.show();
+    bar.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&bar));
+    bar.focusField();
+    QStringList searches;
+    QObject::connect(&bar, &SearchBar::searchRequested, [&](const QString& text) { searches.append(text); });
+    auto* field = bar.findChild<QLineEdit*>();
+    const auto search = [&](const QString& text) {
+        field->setText(text);
+        QTest::keyClick(field, Qt::Key_Return);
+    };
+    for (int n = 0; n < RecentTerms::termsKept + 2; ++n)
+        search(QStringLiteral("Term %1").arg(n));
+    search(QStringLiteral("term 5")); // known: comes to the front
+    EXPECT_EQ(RecentTerms(defaults).terms(0).size(), RecentTerms::termsKept);
+    field->clear();
+    QTest::keyClick(field, Qt::Key_Down);
+    QAbstractItemView* offered = field->completer()->popup();
+    ASSERT_TRUE(offered->isVisible());
+    EXPECT_EQ(offered->model()->rowCount(), RecentTerms::termsKept);
+    QTest::keyClick(offered, Qt::Key_Down);
+    EXPECT_EQ(field->text(), QStringLiteral("term 5"));
+    QTest::keyClick(offered, Qt::Key_Delete);
+    EXPECT_FALSE(RecentTerms(defaults).terms(0).contains(QStringLiteral("term 5")));
+    ASSERT_TRUE(offered->isVisible());
+    QTest::keyClick(offered, Qt::Key_Down);
+    searches.clear();
+    QTest::keyClick(offered, Qt::Key_Return);
+    EXPECT_EQ(searches, QStringList{field->text()}) << "once";
+    EXPECT_TRUE(field->text().startsWith(QLatin1String("Term ")));
+    EXPECT_FALSE(offered->isVisible());
+
+    bar.setSearchType(1);
+    EXPECT_TRUE(RecentTerms(defaults).terms(1).isEmpty());
+    EXPECT_EQ(field->completer()->model()->rowCount(), 0);
 }
 
 TEST(SearchBar, ReportsTypesAndSearchesOfTheUserAlone)

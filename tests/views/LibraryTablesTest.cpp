@@ -95,7 +95,7 @@ TEST_F(LibraryTablesTest, ArtistsAndAlbumsChooseTheSongsByMouseAndByKey)
     BrowserTable& artists = browser("Artists");
     BrowserTable& albums = browser("Albums");
     EXPECT_EQ(text(artists, 0), QStringLiteral("All (2 Artists)"));
-    EXPECT_EQ(artists.mapTo(window.get(), QPoint()).x() + 178, albums.mapTo(window.get(), QPoint()).x());
+    EXPECT_EQ(artists.mapTo(window.get(), QPoint()).x() + 179, albums.mapTo(window.get(), QPoint()).x());
     clickRow(artists, 1);
     EXPECT_EQ(text(albums, 0), QStringLiteral("All (2 Albums)"));
     EXPECT_EQ(table().model()->rowCount(), 2);
