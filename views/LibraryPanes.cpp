@@ -39,9 +39,14 @@ LibraryPanes::LibraryPanes(UserDefaults& defaults, QWidget* parent)
     panes_->setStretchFactor(0, 0);
     panes_->setStretchFactor(1, 0);
     panes_->setStretchFactor(2, 1);
-    panes_->setSizes({browserWidth, browserWidth, songsWidth});
+    setBrowserWidths(browserWidth, browserWidth);
     layout->addWidget(panes_);
     setBrowsersShown(false);
+}
+
+void LibraryPanes::setBrowserWidths(int artists, int albums)
+{
+    panes_->setSizes({artists, albums, songsWidth});
 }
 
 void LibraryPanes::setLibrary(RVDataManager& library)

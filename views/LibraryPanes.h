@@ -27,6 +27,8 @@ class LibraryPanes : public QWidget, public LibraryView {
     [[nodiscard]] SongTable& songTable() { return *songs_; }
     /// The artists, the albums, the songs.
     [[nodiscard]] QSplitter& panes() { return *panes_; }
+    /// In pixels; the songs take what is left.
+    void setBrowserWidths(int artists, int albums);
 
     // From the library manager
     [[nodiscard]] TableView& artistsTableView() override;

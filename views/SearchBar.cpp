@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStringListModel>
+#include <QStyledItemDelegate>
 
 #include <algorithm>
 
@@ -90,6 +91,8 @@ void SearchBar::keepTermsIn(UserDefaults& defaults)
     completer_->setMaxVisibleItems(RecentTerms::termsKept);
     field_->setCompleter(completer_);
     QAbstractItemView* list = completer_->popup();
+    list->setObjectName(QStringLiteral("recentTerms"));
+    list->setItemDelegate(new QStyledItemDelegate(list)); // which the style sheet gives its measures
     list->setAccessibleName(tr("Recent terms"));
     // The Return key is the field's own, into which the arrows have put the term.
     connect(list, &QAbstractItemView::clicked, this, [this](const QModelIndex& term) {
@@ -107,7 +110,8 @@ void SearchBar::search(const QString& text)
     if (terms_) {
         completer_->popup()->hide();
         terms_->add(text, types_->checkedId());
-        offerTerms();
+        // Later: the completer has not yet done with the key and the row that led here.
+        QMetaObject::invokeMethod(this, &SearchBar::offerTerms, Qt::QueuedConnection);
     }
     Q_EMIT searchRequested(text);
 }

@@ -36,17 +36,13 @@ WindowSession::WindowSession(UserDefaults& defaults, const Parts& parts)
 {
     saveSoon_.setSingleShot(true);
     connect(&saveSoon_, &QTimer::timeout, this, &WindowSession::save);
-    const auto restoreWidth = [this](QSplitter& panes, int pane, const QString& key, int widest) {
-        const int width = defaults_.integer(key);
-        QList<int> sizes = panes.sizes();
-        if (width <= 0 || pane >= sizes.size())
-            return;
-        sizes[pane] = std::min(width, widest);
-        panes.setSizes(sizes);
-    };
-    restoreWidth(parts_.panes, 0, settings::SourceListWidth, widestSources);
-    restoreWidth(parts_.library.panes(), 0, settings::ArtistsWidth, widestBrowser);
-    restoreWidth(parts_.library.panes(), 1, settings::AlbumsWidth, widestBrowser);
+    const int sources = std::min(defaults_.integer(settings::SourceListWidth), widestSources);
+    if (sources > 0)
+        parts_.panes.setSizes({sources, parts_.panes.sizes().value(1)});
+    const int artists = std::min(defaults_.integer(settings::ArtistsWidth), widestBrowser);
+    const int albums = std::min(defaults_.integer(settings::AlbumsWidth), widestBrowser);
+    if (artists > 0 && albums > 0)
+        parts_.library.setBrowserWidths(artists, albums);
 }
 
 bool WindowSession::restoreGeometry()
@@ -175,9 +171,9 @@ void WindowSession::savePanes()
     if (!parts_.window.isVisible())
         return;
     keep(settings::SourceListWidth, parts_.panes.sizes().value(0));
-    const QList<int> widths = parts_.library.panes().sizes();
-    if (widths.value(0) <= 0 || widths.value(1) <= 0)
+    if (!parts_.library.panes().widget(0)->isVisible())
         return; // the songs fill the place
+    const QList<int> widths = parts_.library.panes().sizes();
     keep(settings::ArtistsWidth, widths[0]);
     keep(settings::AlbumsWidth, widths[1]);
 }

@@ -34,13 +34,14 @@ class AccessibilitySteps:
         self.check_sentence()
         windows = {"song information": lambda: self.user.press("ctrl+i"), "preferences": lambda: self.user.press("ctrl+comma"),
                    "about": self.open_about,
-                   "an alert": lambda: self.user.press("Delete"), "add to library": lambda: self.user.press("ctrl+o")}
+                   "an alert": self.ask_to_remove, "add to library": lambda: self.user.press("ctrl+o")}
         for name, opens in windows.items():
             before = len(self.user.windows())
             opens()
             wait_until(lambda count=before: len(self.user.windows()) > count, 10, f"the window “{name}”")
-            seen += self.check_names(name)
-            if name != "add to library":  # whose files and folders are the toolkit's own
+            own = name != "add to library"  # which is the toolkit's
+            seen += self.check_names(name, own)
+            if own:
                 self.check_keyboard(name)
             self.user.press("Escape")
             wait_until(lambda count=before: len(self.user.windows()) <= count, 10, f"“{name}” to close")
@@ -52,13 +53,17 @@ class AccessibilitySteps:
         self.user.click(self.user.wait_for("Menu"))
         self.user.press("Up", "Up", "Up", "Return")  # over "Quit" and "Close window"
 
-    def check_names(self, where):
+    def ask_to_remove(self):
+        self.user.click(self.user.cell("Songs", 0))
+        self.user.press("Delete")
+
+    def check_names(self, where, own=True):
         """No control without a name and a role; returns how many were seen."""
         faults, seen = [], 0
         for window in self.user.windows():
             for control, above in shown_controls(window):
                 role = control.get_role()
-                if role in (ROLE.INVALID, ROLE.UNKNOWN):
+                if own and role in (ROLE.INVALID, ROLE.UNKNOWN):
                     faults.append(f"no role: “{control.get_name()}” in {above}")
                 if role in CONTROLS:
                     seen += 1

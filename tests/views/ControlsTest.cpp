@@ -140,6 +140,7 @@ TEST(SearchBar, OffersTheRecentTermsOfItsTypeAndForgetsThem)
     for (int n = 0; n < RecentTerms::termsKept + 2; ++n)
         search(QStringLiteral("Term %1").arg(n));
     search(QStringLiteral("term 5")); // known: comes to the front
+    QCoreApplication::processEvents();
     EXPECT_EQ(RecentTerms(defaults).terms(0).size(), RecentTerms::termsKept);
     field->clear();
     QTest::keyClick(field, Qt::Key_Down);
