@@ -28,6 +28,19 @@ constexpr auto saveDelay = 400ms;
 constexpr int widestSources = 600;
 constexpr int widestBrowser = 1000;
 
+/// The setting that silences what is said when that source is chosen; empty where nothing is.
+QString noticeOf(SourceType source)
+{
+    switch (source) {
+    case SourceType::TopHot:
+        return settings::SupressDialogTopHot;
+    case SourceType::Recommended:
+        return settings::SupressDialogRecommended;
+    default:
+        return {};
+    }
+}
+
 } // namespace
 
 WindowSession::WindowSession(UserDefaults& defaults, const Parts& parts)
@@ -75,6 +88,10 @@ void WindowSession::restorePlace()
                       .scrolled = defaults_.integer(settings::SongsScrolled)};
     watch();
     if (place.source.isEmpty() || !isAtStart()) // something else was asked for at the start
+        return;
+    // Their notice would stand in the way of whoever has just started the program.
+    const QString notice = noticeOf(SourceType(place.source.first()));
+    if (!notice.isEmpty() && !defaults_.boolean(notice))
         return;
     if (controller_->sources().shouldSelectItem(place.source))
         show(place);
