@@ -106,7 +106,10 @@ QString addressOfFirstThere(const QStringList& readings, const PlaylistPlace& pl
     for (const QString& reading : readings) {
         if (reading.isEmpty() || reading.contains(QChar(u'\0')))
             continue;
-        const QString path = QDir::cleanPath(QDir(place.folder).absoluteFilePath(reading));
+        // Not by the toolkit's rules, to which a name that begins with a colon is its own resource.
+        const bool isAbsolute = reading.startsWith(QLatin1Char('/'));
+        const QString path =
+            QDir::cleanPath(isAbsolute ? reading : place.folder + QLatin1Char('/') + reading);
         if (first.isEmpty())
             first = path;
         if (place.fileExists(path))
