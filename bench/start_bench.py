@@ -2,7 +2,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """How long the program takes to a painted window with a large library, beside the same start with an empty one.
 
-Painted is what the library fills: the place of what plays, which needs no song, is there before.
+Painted is the list of sources, which comes with the library and is what one works with first; the page about what
+plays comes later, from an engine of its own.
 
 --list names the benchmark; its name runs it and prints "bench NAME RATIO BAR YARDSTICK". Over the bar it fails.
 """
@@ -24,9 +25,8 @@ from library_file import write_library  # noqa: E402
 
 NAME, BAR, SONGS, ROUNDS = "start-100k", 1.6, 100_000, 7
 LIBRARY = pathlib.Path("Music/Zib/Zib Music Library.zib")
-# Below the rows of the lists that fill themselves when a service answers; what is left and right of there is
-# whole once the library is: the source list comes with it.
-TOP_EDGE, BOTTOM_EDGE = 275, 60
+# Below the rows of the lists that fill themselves when a service answers.
+TOP_EDGE, BOTTOM_EDGE, LIST_WIDTH = 275, 60, 200
 
 
 def song(number):
@@ -55,7 +55,7 @@ class Screen:
         return self._pixels[top:bottom, 4 * left:4 * right]
 
     def library_place(self):
-        return self._pixels[TOP_EDGE:self._height - BOTTOM_EDGE, :4 * self._width]
+        return self._pixels[TOP_EDGE:self._height - BOTTOM_EDGE, :4 * LIST_WIDTH]
 
 
 class Start:
