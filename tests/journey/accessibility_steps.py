@@ -85,6 +85,8 @@ class AccessibilitySteps:
         window = self.user.active_window()
         wanted = {key_of(control): control for control, _ in shown_controls(window) if wants_keyboard(control)}
         reached, unseen, before = {}, [], None
+        if focused_in(window) is None:  # where nothing waits to be pressed, the key leads in
+            self.user.press("Tab")
         for _ in range(MOST_CONTROLS):
             focused = wait_until(lambda: focused_in(window), 5, f"the keyboard in {where}")
             key, box = key_of(focused), self.user.extents(focused)
