@@ -32,12 +32,10 @@ TEST(SessionSleepInhibitorTest, WithoutOneThePortalIsAsked)
 {
     PrivateBus bus;
     PortalStandIn portal(bus);
-    {
-        SessionSleepInhibitor inhibitor(bus.address());
-        inhibitor.setAwake(true);
-        EXPECT_TRUE(
-            eventually([&] { return portal.request.held == 4; })); // suspend, and not idle: the screen
-    }
+    SessionSleepInhibitor inhibitor(bus.address());
+    inhibitor.setAwake(true);
+    EXPECT_TRUE(eventually([&] { return portal.request.held == 4; })); // suspend, and not idle: the screen
+    inhibitor.setAwake(false);                                         // perhaps before its answer is here
     EXPECT_TRUE(eventually([&] { return portal.request.held == 0; }));
 }
 
