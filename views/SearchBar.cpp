@@ -73,6 +73,12 @@ QWidget* SearchBar::makeSegments()
         types_->addButton(button, layout->count());
         layout->addWidget(button);
     }
+    // The Tab key leads to the chosen one, however it was chosen, and the arrows on from there.
+    connect(types_, &QButtonGroup::idToggled, this, [this](int id, bool checked) {
+        types_->button(id)->setFocusPolicy(checked ? Qt::StrongFocus : Qt::ClickFocus);
+    });
+    for (QAbstractButton* button : types_->buttons())
+        button->setFocusPolicy(Qt::ClickFocus);
     types_->button(0)->setChecked(true);
     connect(types_, &QButtonGroup::idClicked, this, &SearchBar::searchTypeChosen);
     connect(types_, &QButtonGroup::idToggled, this, &SearchBar::offerTerms);

@@ -34,7 +34,7 @@ class DesktopSteps:
     def second_start(self):
         self.user.minimize()
         wait_until(lambda: not self.user.sees_window("Zib"), 5, "the window to be gone")
-        self.environment.run([str(self.bin / "zib"), "zib://search/tag/jazz"])
+        self.environment.run([str(self.bin / "zib")])
         wait_until(lambda: self.user.sees_window("Zib"), 5, "the window")
         assert self.zib.poll() is None, "the first program has ended"
         return "the window came back"

@@ -40,6 +40,7 @@ class DiscoverySteps:
             self.user.choose("Sources", name)
             self.user.click(self.user.wait_for("OK", seconds=10))  # the notice of what the list is
             wait_until(lambda: self.user.rows("Songs"), 10, f"songs in {name}")
+            self.user.click(self.user.cell("Artists", 0))  # whichever artist was chosen before
             self.environment.screenshot(self.output / f"{name.split()[0].lower()}.png")
             songs.append(self.user.rows("Songs"))
         assert songs[0] > songs[1], songs  # all there are, and what resembles the loved ones

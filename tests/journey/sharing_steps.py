@@ -9,13 +9,13 @@ TITLE = "Songs for the road"
 
 
 class SharingSteps:
-    """Steps over `self.user`, `self.artist`, `self.library()` and `self.tracks_of()`. The program runs with its song service,
-    and a playlist of the artist's songs, which are all of that service, stands last in its source list."""
+    """Steps over `self.user`, `self.artist`, `self.library()`, `self.playlist()` and `self.tracks_of()`. The program runs with
+    its song service and has a playlist of the artist's songs, which are all of that service."""
 
     STEPS = ("share_playlist",)
 
     def share_playlist(self):
-        self.user.click(self.last_source())
+        self.user.click(self.playlist(self.artist))
         wait_until(lambda: self.user.rows("Songs") == len(self.tracks_of(self.artist)), 10, "the songs of the playlist")
         self.user.click(self.user.wait_for("Playlist actions"))
         self.user.press("Down", "Down", "Down", "Return")  # no song is selected: from "Rename" to "Share…"

@@ -88,6 +88,11 @@ class SourceSteps:
         assert text in texts, f"no {text} in {texts}"
         return self.user.wait_for("Sources").get_child_at_index(texts.index(text))
 
+    def playlist(self, name):
+        """The row of the playlist of that name, which stand last."""
+        texts = self.user.texts("Sources")
+        return self.user.wait_for("Sources").get_child_at_index(len(texts) - 1 - texts[::-1].index(name))
+
     def last_source(self):
         sources = self.user.wait_for("Sources")
         return sources.get_child_at_index(sources.get_child_count() - 1)
