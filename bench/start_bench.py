@@ -2,8 +2,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """How long the program takes to a painted window with a large library, beside the same start with an empty one.
 
-Painted is the list of sources, which comes with the library and is what one works with first; the page about what
-plays comes later, from an engine of its own.
+Painted is the whole window: the list of sources, which comes with the library, and the page beside it, which comes last, from
+an engine of its own. How long the list alone takes is told as well.
 
 --list names the benchmark; its name runs it and prints "bench NAME RATIO BAR YARDSTICK". Over the bar it fails.
 """
@@ -26,7 +26,7 @@ from library_file import write_library  # noqa: E402
 NAME, BAR, SONGS, ROUNDS = "start-100k", 1.6, 100_000, 7
 LIBRARY = pathlib.Path("Music/Zib/Zib Music Library.zib")
 # Below the rows of the lists that fill themselves when a service answers.
-TOP_EDGE, BOTTOM_EDGE, LIST_WIDTH = 275, 60, 200
+TOP_EDGE, BOTTOM_EDGE, LIST_WIDTH = 275, 60, 200  # of 1280
 
 
 def song(number):
@@ -55,7 +55,7 @@ class Screen:
         return self._pixels[top:bottom, 4 * left:4 * right]
 
     def library_place(self):
-        return self._pixels[TOP_EDGE:self._height - BOTTOM_EDGE, :4 * LIST_WIDTH]
+        return self._pixels[TOP_EDGE:self._height - BOTTOM_EDGE, :4 * self._width]
 
 
 class Start:
@@ -65,6 +65,12 @@ class Start:
         self._environment, self._screen, self._library = environment, screen, library
         self._painted = None
         self.seconds = []
+        self.list_seconds = []
+
+    def greet(self):
+        """The first start of all is another: it welcomes."""
+        self.open()
+        self._end()
 
     def look(self):
         """Learns what the place of the library looks like once nothing changes any more."""
@@ -93,10 +99,15 @@ class Start:
         self._lay_library()
         begin = time.monotonic()
         self._start()
+        listed = None
         while not numpy.array_equal(self._screen.library_place(), self._painted):
+            if listed is None and numpy.array_equal(self._screen.library_place()[:, :4 * LIST_WIDTH],
+                                                    self._painted[:, :4 * LIST_WIDTH]):
+                listed = time.monotonic() - begin
             assert time.monotonic() - begin < 60, "the library was not painted"
             time.sleep(0.004)
         self.seconds.append(time.monotonic() - begin)
+        self.list_seconds.append(listed or self.seconds[-1])
         self._end()
 
     def _lay_library(self):
@@ -133,6 +144,7 @@ def bench():
         write_library(libraries["large"], dict(song(number) for number in range(SONGS)))
         screen = Screen(environment)
         starts = {name: Start(environment, screen, path) for name, path in libraries.items()}
+        starts["empty"].greet()
         for start in starts.values():
             start.look()
         for _ in range(ROUNDS):
@@ -143,7 +155,8 @@ def bench():
     medians = {name: statistics.median(start.seconds) for name, start in starts.items()}
     for name, start in starts.items():
         print(f"{NAME}: {name} {1000 * medians[name]:.0f} ms ({1000 * min(start.seconds):.0f} to "
-              f"{1000 * max(start.seconds):.0f})", file=sys.stderr)
+              f"{1000 * max(start.seconds):.0f}), its list of sources "
+              f"{1000 * statistics.median(start.list_seconds):.0f} ms", file=sys.stderr)
     ratio = medians["large"] / medians["empty"]
     print(f"bench {NAME} {ratio:.3f} {BAR:.1f} the same start with an empty library", flush=True)
     return ratio <= BAR
