@@ -57,13 +57,14 @@ def program_cpu(name):
     with SoundLab() as lab:
         program = Program(lab, 320, seconds + 30)
         program.search_and_play()
+        program.show_page()
         time.sleep(3)  # what the search has stirred up settles
         begin, before = program.ear.heard(), program.cpu_seconds()
         time.sleep(seconds)
         taken = (program.cpu_seconds() - before) * 60 / seconds
         sounding = (program.ear.samples(begin) != 0).mean()
         assert sounding > 0.9, f"the program was heard {sounding:.0%} of the time"
-    return report(name, taken / 1.5, 1.0, "1.5 s of CPU time a minute, the companion service not counted",
+    return report(name, taken / 1.5, 1.0, "1.5 s of CPU time a minute, the page included, the companion service not",
                   f"{taken:.3f} s a minute")
 
 

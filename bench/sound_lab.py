@@ -6,6 +6,7 @@ What is measured of one is measured of the other in the same way.
 
 import contextlib
 import json
+import os
 import pathlib
 import socket
 import subprocess
@@ -128,6 +129,7 @@ class Program(Player):
 
     ARTIST = "Broadband"
     FIRST_ROW = ("600", "125")  # of the songs, in the window as it first opens
+    NOW_PLAYING = ("88", "113")
 
     def __init__(self, lab, kilobits, seconds):
         super().__init__(lab, "zib")
@@ -147,6 +149,30 @@ class Program(Player):
         self._xdotool("windowfocus", "--sync", window)
         begin = self.ear.heard()
         wait_until(lambda: self._try(begin, window), 40, "a song in the program")
+
+    def show_page(self):
+        """The page about the artist that plays, until it stands."""
+        window = self._xdotool("search", "--onlyvisible", "--name", "^Zib$").split()[0]
+        self._xdotool("mousemove", "--window", window, *self.NOW_PLAYING, "click", "1")
+        wait_until(self._engine_processes, 20, "the page's engine")
+        time.sleep(5)
+
+    def cpu_seconds(self):
+        """With the processes that draw the page."""
+        ticks = 0
+        for process in self._engine_processes():
+            fields = (process / "stat").read_text().rsplit(")", 1)[1].split()
+            ticks += int(fields[11]) + int(fields[12])
+        return super().cpu_seconds() + ticks / os.sysconf("SC_CLK_TCK")
+
+    def _engine_processes(self):
+        found = []
+        for process in pathlib.Path("/proc").glob("[0-9]*"):
+            with contextlib.suppress(OSError):
+                if (b"QtWebEngineProcess" in (process / "cmdline").read_bytes()
+                        and str(self._lab.home).encode() in (process / "environ").read_bytes()):
+                    found.append(process)
+        return found
 
     def _try(self, begin, window):
         self._xdotool("key", "ctrl+f", "ctrl+a")
