@@ -166,12 +166,16 @@ class Program(Player):
         return super().cpu_seconds() + ticks / os.sysconf("SC_CLK_TCK")
 
     def _engine_processes(self):
-        found = []
-        for process in pathlib.Path("/proc").glob("[0-9]*"):
-            with contextlib.suppress(OSError):
-                if (b"QtWebEngineProcess" in (process / "cmdline").read_bytes()
-                        and str(self._lab.home).encode() in (process / "environ").read_bytes()):
-                    found.append(process)
+        """Those of this program: its children, and theirs."""
+        family, found, before = {str(self.process.pid)}, set(), -1
+        while len(family) > before:
+            before = len(family)
+            for process in pathlib.Path("/proc").glob("[0-9]*"):
+                with contextlib.suppress(OSError):
+                    parent = (process / "stat").read_text().rsplit(")", 1)[1].split()[1]
+                    if parent in family and b"QtWebEngineProcess" in (process / "cmdline").read_bytes():
+                        family.add(process.name)
+                        found.add(process)
         return found
 
     def _try(self, begin, window):
