@@ -69,6 +69,10 @@ bool everyHostIsConfigured(const UserDefaults& defaults)
                                [&defaults](const QString& key) { return !defaults.string(key).isEmpty(); });
 }
 
+struct MenuTexts {
+    Q_DECLARE_TR_FUNCTIONS(ApplicationMenu)
+};
+
 QString loopbackBase(int port)
 {
     return QStringLiteral("http://127.0.0.1:%1").arg(port);
@@ -318,30 +322,32 @@ void Application::Parts::fillApplicationMenu()
         item->setShortcut(keys);
         return item;
     };
-    const auto text = [](const char* english) {
-        return QCoreApplication::translate("ApplicationMenu", english);
-    };
-    add(text("Add to library…"), QKeySequence(QKeySequence::Open), [this] { window.addToLibrary(); });
-    add(text("Import iTunes library…"), {}, [this] { controller.importITunesLibrary(); });
-    add(text("Remove iTunes items"), {}, [this] { controller.removeITunesItems(); });
+    add(MenuTexts::tr("Add to library…"), QKeySequence(QKeySequence::Open),
+        [this] { window.addToLibrary(); });
+    add(MenuTexts::tr("Import iTunes library…"), {}, [this] { controller.importITunesLibrary(); });
+    add(MenuTexts::tr("Remove iTunes items"), {}, [this] { controller.removeITunesItems(); });
     menu.addSeparator();
-    add(text("Import playlist…"), {}, [this] { window.importPlaylist(); });
-    add(text("Import library…"), {}, [this] { window.importLibrary(); });
-    add(text("Export library…"), {}, [this] { window.exportLibrary(); });
+    add(MenuTexts::tr("Import playlist…"), {}, [this] { window.importPlaylist(); });
+    add(MenuTexts::tr("Import library…"), {}, [this] { window.importLibrary(); });
+    add(MenuTexts::tr("Export library…"), {}, [this] { window.exportLibrary(); });
     menu.addSeparator();
-    add(text("Clean up broken links…"), {}, [this] { controller.cleanUpBrokenLinks(); });
+    add(MenuTexts::tr("Clean up broken links…"), {}, [this] { controller.cleanUpBrokenLinks(); });
     menu.addSeparator();
-    add(text("Preferences…"), QKeySequence(Qt::CTRL | Qt::Key_Comma), [this] { delegate.openPreferences(); });
+    add(MenuTexts::tr("Preferences…"), QKeySequence(Qt::CTRL | Qt::Key_Comma),
+        [this] { delegate.openPreferences(); });
     menu.addSeparator();
-    add(text("Welcome"), {}, [this] { delegate.openWelcome(); });
-    add(text("Read me"), QKeySequence(QKeySequence::HelpContents), [this] { delegate.openReadMe(); });
-    add(text("Website"), {}, [this] { delegate.goToWebsite(0); });
-    add(text("Support"), {}, [this] { delegate.goToWebsite(AppDelegate::Support); });
-    add(text("Shared playlists"), {}, [this] { delegate.goToWebsite(AppDelegate::SharedPlaylists); });
-    add(text("About Zib"), {}, [this] { delegate.openAboutWindow(); });
+    add(MenuTexts::tr("Welcome"), {}, [this] { delegate.openWelcome(); });
+    add(MenuTexts::tr("Read me"), QKeySequence(QKeySequence::HelpContents),
+        [this] { delegate.openReadMe(); });
+    add(MenuTexts::tr("Website"), {}, [this] { delegate.goToWebsite(0); });
+    add(MenuTexts::tr("Support"), {}, [this] { delegate.goToWebsite(AppDelegate::Support); });
+    add(MenuTexts::tr("Shared playlists"), {},
+        [this] { delegate.goToWebsite(AppDelegate::SharedPlaylists); });
+    add(MenuTexts::tr("About Zib"), {}, [this] { delegate.openAboutWindow(); });
     menu.addSeparator();
-    add(text("Close window"), QKeySequence(QKeySequence::Close), [this] { delegate.openCloseMainWindow(); });
-    add(text("Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), [] { QCoreApplication::quit(); });
+    add(MenuTexts::tr("Close window"), QKeySequence(QKeySequence::Close),
+        [this] { delegate.openCloseMainWindow(); });
+    add(MenuTexts::tr("Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), [] { QCoreApplication::quit(); });
 }
 
 } // namespace zib

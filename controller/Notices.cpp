@@ -11,10 +11,9 @@ namespace zib {
 
 namespace {
 
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("Notices", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(Notices)
+};
 
 } // namespace
 
@@ -27,12 +26,12 @@ Notices::Notices(UserDefaults& defaults, Alerts& alerts, Desktop& desktop)
 
 int Notices::runSuppressibleNotice(const QString& text, const QString& defaultsKey)
 {
-    return runSuppressible(text, defaultsKey, {translated("OK")});
+    return runSuppressible(text, defaultsKey, {Texts::tr("OK")});
 }
 
 int Notices::runSuppressibleConfirmation(const QString& text, const QString& defaultsKey)
 {
-    return runSuppressible(text, defaultsKey, {translated("OK"), translated("Cancel")});
+    return runSuppressible(text, defaultsKey, {Texts::tr("OK"), Texts::tr("Cancel")});
 }
 
 void Notices::runErrorAlert(const QString& message, const QString& informativeText)
@@ -42,7 +41,7 @@ void Notices::runErrorAlert(const QString& message, const QString& informativeTe
     alerts_.runModal({.style = Alert::Style::Warning,
                       .messageText = message,
                       .informativeText = informativeText,
-                      .buttons = {translated("OK")}});
+                      .buttons = {Texts::tr("OK")}});
 }
 
 bool Notices::runConfirmation(const QString& message, const QString& informativeText,
@@ -55,7 +54,7 @@ bool Notices::runConfirmation(const QString& message, const QString& informative
     const AlertResult result = alerts_.runModal({.style = Alert::Style::Warning,
                                                  .messageText = message,
                                                  .informativeText = informativeText,
-                                                 .buttons = {firstButton, translated("Cancel")},
+                                                 .buttons = {firstButton, Texts::tr("Cancel")},
                                                  .showsSuppressionButton = !defaultsKey.isEmpty()});
     if (result.suppressed)
         defaults_.setValue(defaultsKey, true);
@@ -67,7 +66,7 @@ int Notices::runChoice(const QString& text, const QStringList& buttons)
     desktop_.bringToFront();
     return alerts_
         .runModal({.style = Alert::Style::Informational,
-                   .messageText = translated("Zib!"),
+                   .messageText = Texts::tr("Zib!"),
                    .informativeText = text,
                    .buttons = buttons})
         .button;
@@ -79,7 +78,7 @@ int Notices::runSuppressible(const QString& text, const QString& defaultsKey, co
         return 0;
     desktop_.bringToFront();
     const AlertResult result = alerts_.runModal({.style = Alert::Style::Warning,
-                                                 .messageText = translated("Zib!"),
+                                                 .messageText = Texts::tr("Zib!"),
                                                  .informativeText = text,
                                                  .buttons = buttons,
                                                  .showsSuppressionButton = true});

@@ -26,10 +26,9 @@ Q_LOGGING_CATEGORY(log, "zib.controller")
 constexpr int secondsThatGoBack = 4;
 constexpr float volumeStep = 0.1F;
 
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("PlaybackQueue", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(PlaybackQueue)
+};
 
 } // namespace
 
@@ -60,8 +59,8 @@ void PlaybackQueue::songSelected()
         return;
     if (!context_.connectedToInternet && !isLocalFile(track) && !track.boolean(keys::Downloaded)) {
         context_.notices.runErrorAlert(
-            translated("You are not connected to the Internet"),
-            translated("This computer’s Internet connection appears to be offline."));
+            Texts::tr("You are not connected to the Internet"),
+            Texts::tr("This computer’s Internet connection appears to be offline."));
         return;
     }
     updateSnapshot();
@@ -333,8 +332,8 @@ void PlaybackQueue::addFavorite(int row)
 void PlaybackQueue::noticeLove()
 {
     context_.notices.runSuppressibleNotice(
-        translated("You just loved a song. This is a good thing! The more songs you love, the better "
-                   "recommendations you get."),
+        Texts::tr("You just loved a song. This is a good thing! The more songs you love, the better "
+                  "recommendations you get."),
         settings::SupressDialogFavorites);
 }
 
@@ -364,7 +363,7 @@ void PlaybackQueue::playbackStateChanged(AudioStreamer& streamer)
         window.setStreamingMarkVisible(false);
         window.setLoaderAnimating(context_.connectedToInternet);
         if (context_.connectedToInternet)
-            setStatus(translated("Buffering..."));
+            setStatus(Texts::tr("Buffering..."));
         else
             endOfSong();
     } else if (streamer.isPlaying()) {
@@ -378,7 +377,7 @@ void PlaybackQueue::playbackStateChanged(AudioStreamer& streamer)
             reloadTracks();
         }
     } else if (streamer.isIdle()) {
-        setStatus(translated("Idle"));
+        setStatus(Texts::tr("Idle"));
         window.setStreamingMarkVisible(false);
         window.setLoaderAnimating(false);
         endOfSong();
@@ -407,9 +406,9 @@ void PlaybackQueue::setArtworkForCurrentTrack()
 {
     display_.showSong(nowplayingTrack());
     if (!player_.isStreaming())
-        setStatus(translated("Playing from disk"));
+        setStatus(Texts::tr("Playing from disk"));
     else if (player_.isPlaying()) // and not while it waits for the web
-        setStatus(translated("Streaming..."));
+        setStatus(Texts::tr("Streaming..."));
 }
 
 void PlaybackQueue::setNowplayingTrack(const Record& track)

@@ -22,10 +22,9 @@ namespace zib {
 
 namespace {
 
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("SharingFlow", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(SharingFlow)
+};
 
 bool canBePlayedByOthers(const Record& track)
 {
@@ -64,15 +63,15 @@ void SharingFlow::sharePlaylistAction(int tag)
     if (uploading_)
         return;
     if (sources_.categoryOfSelectedNode() != int(SourceType::Playlists)) {
-        context_.notices.runErrorAlert(translated("You can only share regular playlists."));
+        context_.notices.runErrorAlert(Texts::tr("You can only share regular playlists."));
         return;
     }
     playlist_ = context_.dataManager.currentPlaylist();
     const auto count = songsOfPlaylist().size();
     if (count == 0 || count > mostSongs) {
         context_.notices.runErrorAlert(
-            count == 0 ? translated("A shared playlist must contain at least 1 song")
-                       : translated("A shared playlist cannot contain more than 50 songs"));
+            count == 0 ? Texts::tr("A shared playlist must contain at least 1 song")
+                       : Texts::tr("A shared playlist cannot contain more than 50 songs"));
         return;
     }
     shareWindow_ = std::make_unique<ShareWindowController>(ports_.window, *this, tag);
@@ -110,13 +109,13 @@ void SharingFlow::performShare(ShareWindowController& window)
     const bool someAreLeftOut = songs.size() < songsOfPlaylist().size();
     if (someAreLeftOut &&
         !context_.notices.runConfirmation(
-            translated("Warning"),
-            translated("The selected playlist contains one or more songs that cannot be played remotely. "
-                       "These songs will be removed from your shared playlist. Do you want to continue?"),
-            translated("Continue")))
+            Texts::tr("Warning"),
+            Texts::tr("The selected playlist contains one or more songs that cannot be played remotely. "
+                      "These songs will be removed from your shared playlist. Do you want to continue?"),
+            Texts::tr("Continue")))
         return;
     if (songs.isEmpty()) {
-        context_.notices.runErrorAlert(translated("No streamable songs in this playlist"));
+        context_.notices.runErrorAlert(Texts::tr("No streamable songs in this playlist"));
         return;
     }
     keepUserName(window);
@@ -163,7 +162,7 @@ void SharingFlow::upload(const Record& record, int tag)
     uploading_ = true;
     uploader_ = std::make_unique<RVPlaylistUploader>(services_, record, *this, tag);
     if (uploading_)
-        ports_.busyPanel.open(translated("Sharing your playlist"));
+        ports_.busyPanel.open(Texts::tr("Sharing your playlist"));
     else
         uploader_.reset(); // it has failed before it was here
 }
@@ -179,7 +178,7 @@ void SharingFlow::uploadCompletedWithResult(const QString& result, RVPlaylistUpl
     const qint64 identifier = words.value(1).toLongLong(&isNumber);
     if (!isNumber) {
         qCWarning(servicesLog) << "no identifier in the service's answer:" << result;
-        context_.notices.runErrorAlert(translated("The server's answer was not understood."));
+        context_.notices.runErrorAlert(Texts::tr("The server's answer was not understood."));
         return;
     }
     playlist_.set(keys::ShareId, identifier);
@@ -202,10 +201,10 @@ void SharingFlow::passOn(const QString& link, int tag)
     if (tag != ShareWindowController::Facebook && tag != ShareWindowController::Twitter) {
         ports_.pasteboard.setString(link);
         const int button = context_.notices.runChoice(
-            translated("You just shared a playlist. The public link to this playlist is:\n\n%1\n\n"
-                       "The link has been copied to the clipboard.")
+            Texts::tr("You just shared a playlist. The public link to this playlist is:\n\n%1\n\n"
+                      "The link has been copied to the clipboard.")
                 .arg(link),
-            {translated("Share on Twitter"), translated("Share on Facebook"), translated("Close")});
+            {Texts::tr("Share on Twitter"), Texts::tr("Share on Facebook"), Texts::tr("Close")});
         constexpr int choices[] = {ShareWindowController::Twitter, ShareWindowController::Facebook,
                                    ShareWindowController::Plain};
         tag = choices[button];
@@ -233,7 +232,7 @@ void SharingFlow::openSharedPlaylist(const QString& identifier)
     const auto playlist = readSharedPlaylist(reply->body);
     if (!playlist) {
         qCWarning(servicesLog).noquote() << playlist.error();
-        context_.notices.runErrorAlert(translated("This shared playlist could not be opened."));
+        context_.notices.runErrorAlert(Texts::tr("This shared playlist could not be opened."));
         return;
     }
     sources_.addPlaylist(playlist->name, playlist->tracks);

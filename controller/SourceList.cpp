@@ -27,10 +27,9 @@ constexpr int groupHeight = 25;
 constexpr int rowHeight = 20;
 constexpr int fixedRows = 3; // above the separator
 
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("SourceList", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(SourceList)
+};
 
 } // namespace
 
@@ -49,13 +48,13 @@ void SourceList::populateOutlineContents()
 {
     view_.setHidden(true);
     tree_.removeAll();
-    tree_.addChild(QStringLiteral("nowplaying"), translated("Now Playing"), false);
-    tree_.addChild(QStringLiteral("tophot"), translated("What's Hot?"), false);
-    tree_.addChild(QStringLiteral("recommended"), translated("Recommended"), false);
+    tree_.addChild(QStringLiteral("nowplaying"), Texts::tr("Now Playing"), false);
+    tree_.addChild(QStringLiteral("tophot"), Texts::tr("What's Hot?"), false);
+    tree_.addChild(QStringLiteral("recommended"), Texts::tr("Recommended"), false);
     tree_.nodeAt({int(SourceType::TopHot)})
-        ->setDescription(translated("Songs that are talked about now. They come from the web."));
+        ->setDescription(Texts::tr("Songs that are talked about now. They come from the web."));
     tree_.nodeAt({int(SourceType::Recommended)})
-        ->setDescription(translated("Songs like those that you love. They come from the web."));
+        ->setDescription(Texts::tr("Songs like those that you love. They come from the web."));
     setNodeEnabled(SourceType::Recommended, false);
     setNodeEnabled(SourceType::TopHot, false);
     tree_.addSeparatorItem();
@@ -77,10 +76,10 @@ void SourceList::addLibrarySection()
 {
     tree_.performAddFolder(SourceTree::libraryTitle());
     // Their places in the group are the filters.
-    tree_.addChild(QStringLiteral("music"), translated("Music"), true);
-    tree_.addChild(QStringLiteral("downloads"), translated("Downloads"), true);
-    tree_.addChild(QStringLiteral("imports"), translated("Imported"), true);
-    tree_.addChild(QStringLiteral("favorites"), translated("Favorites"), true);
+    tree_.addChild(QStringLiteral("music"), Texts::tr("Music"), true);
+    tree_.addChild(QStringLiteral("downloads"), Texts::tr("Downloads"), true);
+    tree_.addChild(QStringLiteral("imports"), Texts::tr("Imported"), true);
+    tree_.addChild(QStringLiteral("favorites"), Texts::tr("Favorites"), true);
 }
 
 void SourceList::addPlaylistsSection()
@@ -206,7 +205,7 @@ void SourceList::showRow(const NodePath& path)
             context_.pages.loadDataForTrack(playback_.nowplayingTrack());
         else
             context_.pages.loadErrorPage(
-                translated("This computer’s Internet connection appears to be offline."));
+                Texts::tr("This computer’s Internet connection appears to be offline."));
         break;
     case SourceType::TopHot:
     case SourceType::Recommended:
@@ -246,14 +245,14 @@ void SourceList::noticeFixedList(SourceType source)
 {
     if (source == SourceType::TopHot)
         context_.notices.runSuppressibleNotice(
-            translated("This playlist contains songs currently hyped on social networks like Facebook and "
-                       "Twitter."),
+            Texts::tr("This playlist contains songs currently hyped on social networks like Facebook and "
+                      "Twitter."),
             settings::SupressDialogTopHot);
     else
         context_.notices.runSuppressibleNotice(
-            translated("This playlist contains songs we think you may like. To start getting personal "
-                       "recommendations you must first mark a few songs as favorites. You do this by "
-                       "clicking the Love button next to the song's title."),
+            Texts::tr("This playlist contains songs we think you may like. To start getting personal "
+                      "recommendations you must first mark a few songs as favorites. You do this by "
+                      "clicking the Love button next to the song's title."),
             settings::SupressDialogRecommended);
 }
 

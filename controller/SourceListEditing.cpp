@@ -20,10 +20,9 @@ namespace {
 
 constexpr int playlistsPosition = int(SourceType::Playlists);
 
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("SourceList", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(SourceList)
+};
 
 } // namespace
 
@@ -117,8 +116,8 @@ void SourceList::controlTextDidEndEditing(const NodePath& path, const QString& t
 bool SourceList::confirmRemoval()
 {
     return context_.notices.runConfirmation(
-        translated("Are you sure you want to remove the selected playlist?"),
-        translated("This action cannot be undone."), translated("Remove"),
+        Texts::tr("Are you sure you want to remove the selected playlist?"),
+        Texts::tr("This action cannot be undone."), Texts::tr("Remove"),
         settings::SupressDialogRemovePlaylist);
 }
 

@@ -37,31 +37,30 @@ NodePath parentOf(const NodePath& path)
     return path.first(path.size() - 1);
 }
 
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("SourceList", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(SourceList)
+};
 
 } // namespace
 
 QString SourceTree::recentSearchesTitle()
 {
-    return translated("Recent Searches");
+    return Texts::tr("Recent Searches");
 }
 
 QString SourceTree::libraryTitle()
 {
-    return translated("Library");
+    return Texts::tr("Library");
 }
 
 QString SourceTree::playlistsTitle()
 {
-    return translated("Playlists");
+    return Texts::tr("Playlists");
 }
 
 QString SourceTree::untitledPlaylist()
 {
-    return translated("Untitled playlist");
+    return Texts::tr("Untitled playlist");
 }
 
 bool SourceTree::isSeparator(const ChildNode& node)

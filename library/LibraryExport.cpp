@@ -21,14 +21,13 @@ bool isSameFile(const QString& a, const QString& b)
                                        error);
 }
 
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("LibraryExport", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(LibraryExport)
+};
 
 QString writingFailed(const QString& destination, const QString& reason)
 {
-    return translated("Writing %1 failed: %2.").arg(destination, reason);
+    return Texts::tr("Writing %1 failed: %2.").arg(destination, reason);
 }
 
 } // namespace
@@ -37,11 +36,11 @@ tl::expected<void, QString> exportLibrary(const QString& libraryPath, const QStr
 {
     const LibraryFile library(libraryPath);
     if (!library.exists())
-        return tl::unexpected(translated("There is no music library at %1.").arg(libraryPath));
+        return tl::unexpected(Texts::tr("There is no music library at %1.").arg(libraryPath));
     const auto plain = library.readPlain();
     if (!plain)
         return tl::unexpected(
-            translated("The music library at %1 cannot be read: %2.").arg(libraryPath, plain.error()));
+            Texts::tr("The music library at %1 cannot be read: %2.").arg(libraryPath, plain.error()));
     if (destination == QLatin1String("-")) {
         QFile output;
         const bool written = output.open(stdout, QIODevice::WriteOnly) &&
@@ -52,7 +51,7 @@ tl::expected<void, QString> exportLibrary(const QString& libraryPath, const QStr
     }
     if (isSameFile(libraryPath, destination))
         return tl::unexpected(
-            translated("%1 is the music library itself; choose another file.").arg(destination));
+            Texts::tr("%1 is the music library itself; choose another file.").arg(destination));
     AtomicFile file(destination);
     file.write({plain->constData(), static_cast<std::size_t>(plain->size())});
     if (!file.commit())

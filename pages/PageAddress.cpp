@@ -64,10 +64,9 @@ std::optional<PageAddress> readCurrent(QStringView rest)
     return std::nullopt;
 }
 
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("RVWebViewController", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(RVWebViewController)
+};
 
 } // namespace
 
@@ -110,17 +109,17 @@ std::optional<QString> hoverHint(const QString& link, bool imagesShown)
     if (link.isEmpty())
         return QString();
     if (link == similarArtists)
-        return translated("Search for songs by artists like these");
+        return Texts::tr("Search for songs by artists like these");
     if (link.endsWith(QLatin1String("/alltags")))
-        return translated("Search for songs with all of these tags");
+        return Texts::tr("Search for songs with all of these tags");
     if (link.startsWith(artistPrefix))
-        return translated("Search for songs by %@")
+        return Texts::tr("Search for songs by %@")
             .replace(QLatin1String("%@"), withBlanks(unescaped(component(link, artistPrefix))));
     if (link.startsWith(tagPrefix))
-        return translated("Search for songs tagged %@")
+        return Texts::tr("Search for songs tagged %@")
             .replace(QLatin1String("%@"), withBlanks(unescaped(component(link, tagPrefix))));
     if (isWebAddress(link))
-        return imagesShown ? translated("Click to enlarge") : link;
+        return imagesShown ? Texts::tr("Click to enlarge") : link;
     return std::nullopt;
 }
 

@@ -22,10 +22,9 @@ constexpr QLatin1String lyricsLabel("Chart Lyrics");
 
 constexpr QLatin1String placeholderInTexts("%@");
 
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("RVWebViewController", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(RVWebViewController)
+};
 
 /// A score from 0 to 1 as a whole percentage.
 QString percentage(const QString& score)
@@ -37,13 +36,13 @@ QString feedLabel(Page page)
 {
     switch (page) {
     case Page::Videos:
-        return translated("Videos");
+        return Texts::tr("Videos");
     case Page::Blogs:
-        return translated("Blogs");
+        return Texts::tr("Blogs");
     case Page::News:
-        return translated("News");
+        return Texts::tr("News");
     default:
-        return translated("Reviews");
+        return Texts::tr("Reviews");
     }
 }
 
@@ -64,7 +63,7 @@ QString feedItems(const PageFields& fields, Page page)
 /// Links to searches for newcomers.
 QString suggestions()
 {
-    QString pills = translated("Or try a tag:");
+    QString pills = Texts::tr("Or try a tag:");
     for (const char* const tag : suggestedTags)
         pills += QStringLiteral(" <a href=\"zib://search/tag/%1\">%1</a>").arg(QLatin1String(tag));
     return pills;
@@ -124,7 +123,7 @@ QString PageComposer::trackPage() const
     if (!fields_.lyrics().isEmpty())
         lyrics = lyricsBlock(fields_.track(), fields_.lyrics());
     else if (content.isEmpty())
-        content = sorryBlock(translated("We couldn't find any wiki, video or lyrics for this song."));
+        content = sorryBlock(Texts::tr("We couldn't find any wiki, video or lyrics for this song."));
     else // the tag ends with that of the empty element that follows in the template
         content = QLatin1String("<div id=\"album-content\">") + content + QLatin1String("</div");
     return gray(WebSnippets::trackPage())
@@ -149,9 +148,9 @@ QString PageComposer::imagesPage() const
     QString content;
     if (images.isEmpty()) {
         content = sorryBlock(
-            translated("We couldn't find any images for %@.").replace(placeholderInTexts, fields_.artist()));
+            Texts::tr("We couldn't find any images for %@.").replace(placeholderInTexts, fields_.artist()));
     } else {
-        subtitle = translated("Showing 1 - %1 of %2 images").arg(shown).arg(images.size());
+        subtitle = Texts::tr("Showing 1 - %1 of %2 images").arg(shown).arg(images.size());
         content = imageTiles(images, shown);
     }
     return gray(WebSnippets::imagesPage())
@@ -165,10 +164,10 @@ QString PageComposer::imagesPage() const
 QString PageComposer::feedPage(Page page) const
 {
     const QString header =
-        feedLabel(page) + translated(" for %@").replace(placeholderInTexts, fields_.artist());
+        feedLabel(page) + Texts::tr(" for %@").replace(placeholderInTexts, fields_.artist());
     QString content = feedItems(fields_, page);
     if (content.isEmpty())
-        content = sorryBlock(translated("We couldn't find any %@.").replace(placeholderInTexts, header));
+        content = sorryBlock(Texts::tr("We couldn't find any %@.").replace(placeholderInTexts, header));
     QStringList menu;
     for (const Page entry : feedPages)
         menu += entry == page ? selectedMenuCell(entry) : emptyMenuLink(entry);
@@ -184,7 +183,7 @@ QString PageComposer::startPage() const
 {
     return blue(WebSnippets::startPage())
         .replace(QLatin1String("%notice"), QStringLiteral("<br>"))
-        .replace(QLatin1String("%input"), translated("What artist do you want to play next?"))
+        .replace(QLatin1String("%input"), Texts::tr("What artist do you want to play next?"))
         .replace(QLatin1String("%suggestions"), suggestions())
         .text();
 }

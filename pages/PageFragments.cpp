@@ -26,10 +26,9 @@ constexpr qsizetype mostPills = 10;
 constexpr qsizetype mostPillCharacters = 65;
 constexpr qsizetype mostSimilarArtists = 8;
 
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("RVWebViewController", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(RVWebViewController)
+};
 
 /// Where the text has that first, or its end.
 qsizetype placeOf(QLatin1String wanted, QStringView text)
@@ -46,7 +45,7 @@ QString sorryBlock(const QString& message)
                "\n\t\t\t\t<div id=\"feed\">\n\t\t\t\t<p>\n\t\t\t\t<div class=\"title\">\n\t\t\t\t\t%1\n"
                "\t\t\t\t</div>\n\t\t\t\t<div class=\"summary\">\n\t\t\t\t\t%2\n\t\t\t\t</div>\n"
                "\t\t\t\t<p>\n\t\t\t\t</div>")
-        .arg(translated("Sorry!"), message);
+        .arg(Texts::tr("Sorry!"), message);
 }
 
 QString tagPills(const QStringList& tags, const QString& comboPill)

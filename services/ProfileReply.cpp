@@ -12,10 +12,9 @@ namespace {
 
 constexpr qsizetype mostTags = 11;
 
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("RVDataDownloader", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(RVDataDownloader)
+};
 
 /// The calendar date of a time stamp.
 QString dateIn(const QString& timeStamp)
@@ -47,10 +46,10 @@ std::optional<WebArticle> articleIn(pugi::xml_node element, const char* dateName
     const auto url = childText(element, "url");
     if (!url)
         return std::nullopt;
-    return WebArticle{childText(element, "name").value_or(translated("No title")),
+    return WebArticle{childText(element, "name").value_or(Texts::tr("No title")),
                       *url,
-                      childText(element, "summary").value_or(translated("No summary available")),
-                      dateIn(element, dateName, translated("No date")),
+                      childText(element, "summary").value_or(Texts::tr("No summary available")),
+                      dateIn(element, dateName, Texts::tr("No date")),
                       {}};
 }
 
@@ -61,7 +60,7 @@ void readNewsAndReviews(const pugi::xml_document& document, ArtistProfile& profi
             profile.news.append(*article);
     for (const pugi::xml_node review : elementsAt(document, "response/artist/reviews/review")) {
         if (auto article = articleIn(review, "date_found")) {
-            article->release = childText(review, "release").value_or(translated("No title"));
+            article->release = childText(review, "release").value_or(Texts::tr("No title"));
             profile.reviews.append(*std::move(article));
         }
     }
@@ -104,7 +103,7 @@ tl::expected<ArtistProfile, ServiceError> artistProfileOfReply(const QByteArray&
         return tl::unexpected(ServiceError{ServiceError::Kind::Reported, status});
     const auto artists = elementsAt(document, "response/artist");
     if (artists.empty())
-        return tl::unexpected(ServiceError{ServiceError::Kind::Reported, translated("No data found")});
+        return tl::unexpected(ServiceError{ServiceError::Kind::Reported, Texts::tr("No data found")});
 
     ArtistProfile profile;
     for (const pugi::xml_node artist : artists) {

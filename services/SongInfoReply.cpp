@@ -29,10 +29,9 @@ void readArtwork(const pugi::xml_document& document, SongInfo& info)
         info.artworkLarge = noCoverBig;
 }
 
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("RVSongInfoDownloader", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(RVSongInfoDownloader)
+};
 
 } // namespace
 
@@ -54,9 +53,9 @@ void readSongInfoReply(const QByteArray& reply, const QString& webSite, SongInfo
     for (const pugi::xml_node name : elementsAt(document, "lfm/track/toptags/tag/name"))
         info.tags.append(textOf(name));
 
-    info.artist = info.artist.value_or(translated("Unknown Artist"));
-    info.album = info.album.value_or(translated("Unknown Album"));
-    info.name = info.name.value_or(translated("Unknown Song"));
+    info.artist = info.artist.value_or(Texts::tr("Unknown Artist"));
+    info.album = info.album.value_or(Texts::tr("Unknown Album"));
+    info.name = info.name.value_or(Texts::tr("Unknown Song"));
     info.mbid = info.mbid.value_or(QString());
 }
 

@@ -12,10 +12,9 @@
 namespace zib {
 namespace {
 
-QString translated(const char* text)
-{
-    return QCoreApplication::translate("ListPanels", text);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(ListPanels)
+};
 
 QString startFolder()
 {
@@ -24,7 +23,7 @@ QString startFolder()
 
 QString libraryFilter()
 {
-    return translated("XML property list (*.xml)");
+    return Texts::tr("XML property list (*.xml)");
 }
 
 /// Asks for a file to write; a name without an extension gets the chosen format's.
@@ -53,27 +52,27 @@ QString exportPath(QWidget* parent, const QString& title, const QString& name, c
 
 QString playlistExportPath(QWidget* parent, const QString& name)
 {
-    return exportPath(parent, translated("Export playlist"), name,
-                      {translated("M3U8 playlist (*.m3u8)"), translated("XSPF playlist (*.xspf)"),
-                       translated("JSPF playlist (*.jspf)")},
+    return exportPath(parent, Texts::tr("Export playlist"), name,
+                      {Texts::tr("M3U8 playlist (*.m3u8)"), Texts::tr("XSPF playlist (*.xspf)"),
+                       Texts::tr("JSPF playlist (*.jspf)")},
                       {QStringLiteral("m3u8"), QStringLiteral("xspf"), QStringLiteral("jspf")});
 }
 
 QStringList playlistImportPaths(QWidget* parent)
 {
-    return QFileDialog::getOpenFileNames(parent, translated("Import playlist"), startFolder(),
-                                         translated("Playlists (*.m3u8 *.m3u *.xspf *.jspf)"));
+    return QFileDialog::getOpenFileNames(parent, Texts::tr("Import playlist"), startFolder(),
+                                         Texts::tr("Playlists (*.m3u8 *.m3u *.xspf *.jspf)"));
 }
 
 QString libraryExportPath(QWidget* parent)
 {
-    return exportPath(parent, translated("Export library"), translated("Zib Music Library"),
-                      {libraryFilter()}, {QStringLiteral("xml")});
+    return exportPath(parent, Texts::tr("Export library"), Texts::tr("Zib Music Library"), {libraryFilter()},
+                      {QStringLiteral("xml")});
 }
 
 QString libraryImportPath(QWidget* parent)
 {
-    return QFileDialog::getOpenFileName(parent, translated("Import library"), startFolder(), libraryFilter());
+    return QFileDialog::getOpenFileName(parent, Texts::tr("Import library"), startFolder(), libraryFilter());
 }
 
 } // namespace zib

@@ -28,10 +28,9 @@ constexpr const char* kContainers =
     "matroska,webm,mov,mp4,m4a,3gp,3g2,mj2,mp3,mpc,mpc8,mpeg,mpegts,nut,ogg,oma,"
     "rm,sox,tak,tta,voc,w64,wav,wv,xwma";
 
-QString text(const char* english)
-{
-    return QCoreApplication::translate("MovieFile", english);
-}
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(MovieFile)
+};
 
 int interruptedBy(void* flag)
 {
@@ -59,10 +58,10 @@ QString MovieFile::openFile(const QString& path)
     const QFileInfo info(path);
     const QString name = info.fileName();
     if (!info.isFile()) // a pipe would never answer
-        return text("“%1” is not a file.").arg(name);
+        return Texts::tr("“%1” is not a file.").arg(name);
     QFile readable(path);
     if (!readable.open(QIODevice::ReadOnly))
-        return text("“%1” could not be opened: %2").arg(name, readable.errorString());
+        return Texts::tr("“%1” could not be opened: %2").arg(name, readable.errorString());
     readable.close();
 
     container_ = avformat_alloc_context();
@@ -75,7 +74,7 @@ QString MovieFile::openFile(const QString& path)
     const QByteArray url = "file:" + QFile::encodeName(info.absoluteFilePath());
     const int status = avformat_open_input(&container_, url.constData(), nullptr, &options);
     av_dict_free(&options);
-    QString notSound = text("“%1” holds no sound that can be played.").arg(name);
+    QString notSound = Texts::tr("“%1” holds no sound that can be played.").arg(name);
     if (status < 0 || avformat_find_stream_info(container_, nullptr) < 0)
         return notSound;
     const int best = av_find_best_stream(container_, AVMEDIA_TYPE_AUDIO, -1, -1, nullptr, 0);
