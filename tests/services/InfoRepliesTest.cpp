@@ -91,10 +91,11 @@ TEST(ReleaseReply, IsTakenAsFarAsItGoes)
         const ReleaseInfo info = releaseInfoOfReply(reply);
         std::string fields = info.type.toStdString();
         for (const ReleaseEvent& event : info.releases)
-            fields +=
-                "|" + orNone(event.date) + "," + orNone(event.country) + "," + event.label.toStdString();
+            fields.append("|")
+                .append(orNone(event.date) + "," + orNone(event.country) + ",")
+                .append(event.label.toStdString());
         for (const ReleaseTrack& track : info.tracks)
-            fields += "|" + track.name.toStdString() + "=" + track.duration.toStdString();
+            fields.append("|").append(track.name.toStdString() + "=").append(track.duration.toStdString());
         return fields;
     };
     const std::pair<QByteArray, std::string> cases[] = {

@@ -5,6 +5,9 @@
 
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QOffscreenSurface>
+#include <QOpenGLContext>
+#include <QOpenGLFunctions>
 #include <QWebEngineContextMenuRequest>
 #include <QWebEngineCookieStore>
 #include <QWebEngineDownloadRequest>
@@ -25,9 +28,26 @@ constexpr int kCacheBytes = 32 * 1024 * 1024;
 constexpr int kRevealMs = 250;
 constexpr int kRepeatedLoads = 3;
 
+/// Whether the processor does a graphics card's work, or nobody does.
+bool isWithoutGraphicsCard()
+{
+    QOpenGLContext* context = QOpenGLContext::globalShareContext();
+    QOffscreenSurface surface;
+    surface.create();
+    if (!context || !context->makeCurrent(&surface))
+        return true;
+    const auto* name = reinterpret_cast<const char*>(context->functions()->glGetString(GL_RENDERER));
+    const QByteArray renderer = QByteArray(name).toLower();
+    context->doneCurrent();
+    return renderer.contains("llvmpipe") || renderer.contains("softpipe") || renderer.contains("swiftshader");
+}
+
 /// Before the first profile, which starts the engine.
 void prepareEngine(bool motionReduced)
 {
+    // An imitated graphics card would put the whole window together anew whenever a corner of it changes.
+    if (!qEnvironmentVariableIsSet("QT_QUICK_BACKEND") && isWithoutGraphicsCard())
+        qputenv("QT_QUICK_BACKEND", "software");
     // The engine's sandbox refuses to run as root; everybody else has it.
     if (geteuid() == 0)
         qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
