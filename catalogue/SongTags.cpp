@@ -58,7 +58,8 @@ QString lyricsOf(const TagLib::PropertyMap& properties)
                                           QRegularExpression::MultilineOption);
     static const QRegularExpression lineEnds(QStringLiteral("\r\n?"));
     for (const auto& [key, values] : properties) {
-        // Some formats append a description to the key, and some programs make a text of the frame's own name.
+        // Some formats append a description to the key, and some programs make a text of the frame's own
+        // name.
         if (!key.startsWith("LYRICS") && !key.startsWith("UNSYNCEDLYRICS") && key != "USLT")
             continue;
         for (const auto& value : values) {

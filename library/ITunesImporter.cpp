@@ -9,7 +9,6 @@
 
 #include <QFile>
 #include <QLoggingCategory>
-#include <QUrl>
 
 #include <array>
 #include <utility>
@@ -46,9 +45,7 @@ QString recentDatabase()
         return {};
     const QStringList addresses = dictionary->strings(databases);
     for (const QString& address : addresses) {
-        QUrl url(address);
-        url.setHost({}); // "localhost", as iTunes writes it
-        if (const QString path = url.toLocalFile(); !path.isEmpty() && QFile::exists(path))
+        if (const QString path = pathOfFileUrl(address); !path.isEmpty() && QFile::exists(path))
             return path;
     }
     return {};

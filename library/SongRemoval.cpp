@@ -10,11 +10,11 @@
 #include "platform/Trash.h"
 #include "platform/UserDefaults.h"
 #include "records/PropertyValue.h"
+#include "services/utilities/PathUtilities.h"
 
 #include <QFileInfo>
 #include <QHash>
 #include <QLoggingCategory>
-#include <QUrl>
 
 #include <algorithm>
 
@@ -101,7 +101,7 @@ QStringList SongRemoval::filesOf(const QList<Record>& songs) const
         });
     QStringList paths;
     for (const QString& location : std::as_const(locations)) {
-        const QString path = QUrl(location).toLocalFile();
+        const QString path = pathOfFileUrl(location);
         // A record from the web may name anything: a folder, and all that is in it, is no song.
         if (QFileInfo(path).isFile())
             paths.append(path);

@@ -7,10 +7,10 @@
 #include "platform/UserDefaults.h"
 #include "playback/detail/AudioStreamerInternals.h"
 #include "services/utilities/DownloadedCopy.h"
+#include "services/utilities/PathUtilities.h"
 #include "services/utilities/SongPaths.h"
 
 #include <QFileInfo>
-#include <QUrl>
 
 #include <chrono>
 #include <limits>
@@ -63,7 +63,7 @@ void RVPlayer::playTrack(const Record& track)
     QString path;
     const QString location = track.string(keys::Location);
     if (location.startsWith(QLatin1String("file://"))) {
-        path = QUrl(location).path(QUrl::FullyDecoded);
+        path = pathOfFileUrl(location);
     } else {
         const SongPaths paths(ports_.defaults);
         if (paths.musicFolder().isEmpty()) {

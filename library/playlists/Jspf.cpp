@@ -79,8 +79,8 @@ QByteArray writeJspf(const PlaylistDocument& playlist)
     QJsonArray tracks;
     for (const PlaylistEntry& entry : playlist.entries) {
         QJsonObject track;
-        if (!entry.location.isEmpty())
-            track.insert(locationKey, QJsonArray{entry.location});
+        if (const QString location = writtenLocation(entry.location); !location.isEmpty())
+            track.insert(locationKey, QJsonArray{location});
         if (!entry.id.isEmpty())
             track.insert(identifierKey, QJsonArray{identifierOf(entry.id)});
         add(track, titleKey, entry.name);

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A line a song, each a path or an address, and lines about it before it that begin with "#".
 #include "library/playlists/PlaylistFormats.h"
+#include "services/utilities/PathUtilities.h"
 #include "services/utilities/StringUtilities.h"
 
 #include <QCoreApplication>
 #include <QStringDecoder>
-#include <QUrl>
 
 #include <algorithm>
 
@@ -115,11 +115,8 @@ class Reader {
 /// A path as it stands where every reader takes it for that, else an address.
 QString lineOf(const QString& location, const QString& folder)
 {
-    const QUrl url(location);
-    if (!url.isLocalFile())
-        return location;
     const QString below = folder + QLatin1Char('/');
-    QString path = url.toLocalFile();
+    QString path = pathOfFileUrl(location);
     if (path.startsWith(below))
         path = path.mid(below.size());
     const bool isPlain = !path.isEmpty() && path.size() == path.trimmed().size() && plainText(path) == path &&
@@ -155,7 +152,8 @@ QByteArray writeM3u8(const PlaylistDocument& playlist, const QString& folder)
     };
     line("#PLAYLIST:", plainText(playlist.title));
     for (const PlaylistEntry& entry : playlist.entries) {
-        if (entry.location.isEmpty())
+        const QString location = writtenLocation(entry.location);
+        if (location.isEmpty())
             continue;
         const QString artist = plainText(entry.artist);
         const QString title =
@@ -164,7 +162,7 @@ QByteArray writeM3u8(const PlaylistDocument& playlist, const QString& folder)
         line("#EXTINF:", QString::number(seconds) + QLatin1Char(',') + title);
         line("#EXTART:", artist);
         line("#EXTALB:", plainText(entry.album));
-        line("", lineOf(entry.location, folder));
+        line("", lineOf(location, folder));
     }
     return file;
 }

@@ -88,12 +88,12 @@ QString addressOfFile(const QString& path)
 
 QString addressOfUrl(const QString& text, const QString& scheme)
 {
-    QUrl url(text);
+    const QUrl url(text);
     if (scheme == QLatin1String("file")) {
-        if (url.host() == QLatin1String("localhost"))
-            url.setHost({});
-        const bool isOurs = url.isValid() && url.host().isEmpty() && url.path().startsWith(QLatin1Char('/'));
-        return isOurs ? addressOfFile(QDir::cleanPath(url.path(QUrl::FullyDecoded))) : QString();
+        const bool isOurs =
+            url.isValid() && (url.host().isEmpty() || url.host() == QLatin1String("localhost"));
+        const QString path = isOurs ? pathOfFileUrl(text) : QString();
+        return path.isEmpty() ? QString() : addressOfFile(QDir::cleanPath(path));
     }
     const bool isWeb = scheme == QLatin1String("http") || scheme == QLatin1String("https");
     return isWeb && url.isValid() && !url.host().isEmpty() ? QString::fromLatin1(url.toEncoded()) : QString();
@@ -160,6 +160,11 @@ QString addressOfPath(const QString& pathOrUrl, const PlaylistPlace& place)
     QString slashes = pathOrUrl; // as other systems write them
     slashes.replace(QLatin1Char('\\'), QLatin1Char('/'));
     return addressOfFirstThere({pathOrUrl, URLDecodedString(pathOrUrl).value_or(QString()), slashes}, place);
+}
+
+QString writtenLocation(const QString& location)
+{
+    return isUsable(location) ? location : QString();
 }
 
 QString identifierOf(const QString& id)

@@ -26,6 +26,9 @@ QString addressOfUri(const QString& uri, const PlaylistPlace& place);
 QString addressOfPath(const QString& pathOrUrl, const PlaylistPlace& place);
 /// @}
 
+/// A location as it is written; empty for what no reader takes, such as one of several lines.
+QString writtenLocation(const QString& location);
+
 /// Identifiers of our own songs, as XSPF and JSPF hold them.
 /// @{
 QString identifierOf(const QString& id);

@@ -62,8 +62,8 @@ class WantedSongs {
 /// A location in the one form that files have here.
 std::string placeKey(const QString& location)
 {
-    const QUrl url(location);
-    return url.isLocalFile() ? fileUrlString(url.toLocalFile()).toStdString() : location.toStdString();
+    const QString path = pathOfFileUrl(location);
+    return path.isEmpty() ? location.toStdString() : fileUrlString(path).toStdString();
 }
 
 /// The song of a web address that the library does not know.
@@ -87,8 +87,8 @@ QString labelOf(const PlaylistEntry& entry)
 {
     if (!entry.name.isEmpty())
         return entry.artist.isEmpty() ? entry.name : entry.artist + QStringLiteral(" – ") + entry.name;
-    const QUrl url(entry.location);
-    return url.isLocalFile() ? url.toLocalFile() : entry.location;
+    const QString path = pathOfFileUrl(entry.location);
+    return path.isEmpty() ? entry.location : path;
 }
 
 } // namespace
@@ -121,10 +121,10 @@ QList<PlaylistMatch> matchedPlaylist(const QList<PlaylistEntry>& entries,
             match.song = ids.find(entry.id.toStdString());
         if (!match.song)
             match.song = names.find(namesOf(entry));
-        const QUrl url(entry.location);
-        if (!match.song && url.isLocalFile() && QFileInfo(url.toLocalFile()).isFile())
-            match.file = url.toLocalFile();
-        else if (!match.song && !entry.location.isEmpty() && !url.isLocalFile())
+        const QString path = pathOfFileUrl(entry.location);
+        if (!match.song && !path.isEmpty() && QFileInfo(path).isFile())
+            match.file = path;
+        else if (!match.song && !entry.location.isEmpty() && path.isEmpty())
             match.song = webSong(entry);
         matches.append(match);
     }

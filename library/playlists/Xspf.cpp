@@ -38,8 +38,8 @@ PlaylistEntry entryOf(pugi::xml_node track, const PlaylistPlace& place)
 
 void add(pugi::xml_node element, const char* name, const QString& text)
 {
-    if (const QString plain = plainText(text); !plain.isEmpty())
-        element.append_child(name).text().set(plain.toUtf8().constData());
+    if (!text.isEmpty())
+        element.append_child(name).text().set(text.toUtf8().constData());
 }
 
 } // namespace
@@ -71,16 +71,16 @@ QByteArray writeXspf(const PlaylistDocument& playlist)
     pugi::xml_node root = document.append_child("playlist");
     root.append_attribute("version") = "1";
     root.append_attribute("xmlns") = "http://xspf.org/ns/0/";
-    add(root, "title", playlist.title);
+    add(root, "title", plainText(playlist.title));
     pugi::xml_node list = root.append_child("trackList");
     for (const PlaylistEntry& entry : playlist.entries) {
         pugi::xml_node track = list.append_child("track");
-        add(track, "location", entry.location);
+        add(track, "location", writtenLocation(entry.location));
         if (!entry.id.isEmpty())
             add(track, "identifier", identifierOf(entry.id));
-        add(track, "title", entry.name);
-        add(track, "creator", entry.artist);
-        add(track, "album", entry.album);
+        add(track, "title", plainText(entry.name));
+        add(track, "creator", plainText(entry.artist));
+        add(track, "album", plainText(entry.album));
         if (entry.durationSeconds > 0)
             add(track, "duration", QString::number(entry.durationSeconds * 1000));
     }

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "services/utilities/PathUtilities.h"
 
+#include "services/utilities/StringUtilities.h"
+
 #include <QDir>
 #include <QUrl>
+
+#include <algorithm>
 
 namespace zib {
 namespace {
@@ -25,6 +29,12 @@ qsizetype extensionStop(QStringView path)
 {
     const qsizetype stop = path.lastIndexOf(u'.');
     return stop > lastComponentBegin(path) && stop < path.size() - 1 ? stop : -1;
+}
+
+qsizetype endOfPath(QStringView url, QChar mark)
+{
+    const qsizetype end = url.indexOf(mark);
+    return end < 0 ? url.size() : end;
 }
 
 } // namespace
@@ -72,6 +82,21 @@ QString stringByExpandingTildeInPath(const QString& path)
 QString fileUrlString(const QString& path)
 {
     return QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded());
+}
+
+QString pathOfFileUrl(QStringView url)
+{
+    static const QLatin1String scheme("file:");
+    if (!url.startsWith(scheme, Qt::CaseInsensitive))
+        return {};
+    QStringView path = url.mid(scheme.size());
+    if (path.startsWith(u"//")) {
+        const qsizetype hostEnd = path.indexOf(u'/', 2);
+        path = hostEnd < 0 ? QStringView() : path.mid(hostEnd);
+    }
+    path = path.left(std::min(endOfPath(path, u'?'), endOfPath(path, u'#')));
+    const QString decoded = URLDecodedString(path).value_or(path.toString());
+    return decoded.startsWith(QLatin1Char('/')) && !decoded.contains(QChar(u'\0')) ? decoded : QString();
 }
 
 } // namespace zib

@@ -20,5 +20,9 @@ QString stringByAppendingPathComponent(QStringView path, QStringView component);
 QString stringByExpandingTildeInPath(const QString& path);
 /// The address of the file, escaped: the form in which a track's location names a local file.
 QString fileUrlString(const QString& path);
+/// The path of a file's address, whatever machine it names; the way back from fileUrlString(). Empty for any
+/// other address and for what no path can be. QUrl's own way back loses characters that are noncharacters to
+/// it.
+QString pathOfFileUrl(QStringView url);
 
 } // namespace zib

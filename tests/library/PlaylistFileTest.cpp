@@ -34,11 +34,14 @@ TEST(PlaylistFile, GoesOutAndComesBackTheSame)
           text("http://a.example/x%20y?b=1&c=2")},
          {text("i/d&"), text("</title>"), text("\" onclick="), {}, 0, text("file:///lists/there/a.mp3")},
          {text("1"), text("Name"), {}, {}, 5, text("file:///elsewhere/%23%25%20:ö%0A.mp3")},
+         {{}, {}, {}, {}, 0, text("file:///\xEF\xB7\xAB/ö.mp3")},
+         {{}, {}, {}, {}, 0, text("https://a.example/") + QString(8000, QLatin1Char('x'))},
          {text("2"), text("#EXTINF:3,x"), text("Ann"), text("#"), 7, text("file:///lists/%23b.mp3")}}};
     for (const auto format : {PlaylistFormat::M3u8, PlaylistFormat::Xspf, PlaylistFormat::Jspf}) {
         PlaylistDocument expected = all;
         for (PlaylistEntry& entry : expected.entries) {
             entry.location.replace(text("ö"), text("%C3%B6"));
+            entry.location.replace(text("\xEF\xB7\xAB"), text("%EF%B7%AB"));
             if (format == PlaylistFormat::M3u8)
                 entry.id.clear(); // has no room for it
         }
@@ -57,11 +60,14 @@ TEST(PlaylistFile, GoesOutAndComesBackTheSame)
 
     // A line of a name is no line of the file.
     const PlaylistDocument hostile{text("a\n/etc/passwd"),
-                                   {{{}, text("b\r\n/c\x01"), {}, {}, 0, text("http://d.example/")}}};
+                                   {{{}, text("b\r\n/c\x01"), {}, {}, 0, text("http://d.example/")},
+                                    {{}, {}, {}, {}, 0, text("http://e.example/\n/etc/passwd")}}};
     for (const auto format : {PlaylistFormat::M3u8, PlaylistFormat::Xspf, PlaylistFormat::Jspf}) {
         const auto back = read(writePlaylist(hostile, format, {}), format);
-        ASSERT_TRUE(back && back->entries.size() == 1);
+        ASSERT_TRUE(back && !back->entries.isEmpty());
         EXPECT_EQ(back->title, text("a /etc/passwd"));
+        EXPECT_EQ(back->entries.last().location,
+                  format == PlaylistFormat::M3u8 ? text("http://d.example/") : QString());
         EXPECT_EQ(back->entries[0].name, text("b  /c"));
     }
 }

@@ -58,6 +58,30 @@ TEST(PathUtilities, JoinsWithOneSlash)
                   joined);
 }
 
+TEST(PathUtilities, FindsTheFileOfAnAddress)
+{
+    // The third is no character to the toolkit, and a name to the file system all the same.
+    for (const char* const path : {"/a b/c#d?e%41;f\\g:h.mp3", "/歌/ö.mp3", "/\xEF\xB7\xAB.mp3"})
+        EXPECT_EQ(pathOfFileUrl(fileUrlString(QString::fromUtf8(path))).toStdString(), path);
+    const std::pair<const char*, const char*> cases[] = {
+        {"file:///a", "/a"},
+        {"FILE:/a%20b", "/a b"},
+        {"file://localhost/a", "/a"},
+        {"file:///a%b", "/a%b"},
+        {"file:///a?b", "/a"},
+        {"file:///a#b", "/a"},
+        {"file:///ö", "/ö"},
+        {"file:///a%00b", ""},
+        {"file:a", ""},
+        {"file://localhost", ""},
+        {"http://h/a", ""},
+        {"/a", ""},
+        {"", ""},
+    };
+    for (const auto& [address, path] : cases)
+        EXPECT_EQ(pathOfFileUrl(QString::fromUtf8(address)).toStdString(), path) << address;
+}
+
 TEST(SongPaths, LayTracksOutByArtistAndAlbum)
 {
     struct Case {
