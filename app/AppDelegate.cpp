@@ -19,7 +19,6 @@
 #include "views/PreferencesWindow.h"
 
 #include <QFileInfo>
-#include <QLocale>
 #include <QLoggingCategory>
 #include <QUrl>
 
@@ -142,10 +141,8 @@ void AppDelegate::importEnded(int added, const QString& nothingText)
 {
     if (!parts_.importer.isRunning() && !parts_.dataManager.iTunesImporter().isRunning())
         parts_.sharedPanel.close();
-    const QString text = added == 0   ? nothingText
-                         : added == 1 ? tr("1 song added")
-                                      : tr("%1 songs added").arg(QLocale().toString(added));
-    parts_.defaults.setValue(settings::BriefStatusMessage, text);
+    parts_.defaults.setValue(settings::BriefStatusMessage,
+                             added == 0 ? nothingText : tr("%Ln songs added", nullptr, added));
 }
 
 void AppDelegate::openCloseMainWindow()

@@ -11,7 +11,6 @@
 #include "platform/UserDefaults.h"
 
 #include <QFileInfo>
-#include <QLocale>
 
 #include <utility>
 
@@ -72,12 +71,10 @@ void ListExchange::followPlaylists()
                     return;
                 QStringList names = notFound.mid(0, mostNamesShown);
                 if (const qsizetype more = notFound.size() - names.size(); more > 0)
-                    names.append(tr("and %1 more").arg(QLocale().toString(more)));
-                const QString message = notFound.size() == 1
-                                            ? tr("1 song of the playlist “%1” was not found.").arg(title)
-                                            : tr("%2 songs of the playlist “%1” were not found.")
-                                                  .arg(title, QLocale().toString(notFound.size()));
-                warn(message, names.join(QLatin1Char('\n')));
+                    names.append(tr("and %Ln more", nullptr, int(more)));
+                warn(tr("%Ln songs of the playlist “%1” were not found.", nullptr, int(notFound.size()))
+                         .arg(title),
+                     names.join(QLatin1Char('\n')));
             });
 }
 
@@ -93,11 +90,11 @@ void ListExchange::followLibrary()
     connect(&library_, &LibraryImporter::finished, this, [this](int songs, int playlists) {
         if (!isBusy())
             parts_.sharedPanel.close();
-        const QString songsText = songs == 1 ? tr("1 song") : tr("%1 songs").arg(QLocale().toString(songs));
-        const QString listsText =
-            playlists == 1 ? tr("1 playlist") : tr("%1 playlists").arg(QLocale().toString(playlists));
-        parts_.defaults.setValue(settings::BriefStatusMessage,
-                                 tr("%1 and %2 added").arg(songsText, listsText));
+        //: Two counts: “2 songs”, “1 playlist”.
+        parts_.defaults.setValue(
+            settings::BriefStatusMessage,
+            tr("%1 and %2 added")
+                .arg(tr("%Ln songs", nullptr, songs), tr("%Ln playlists", nullptr, playlists)));
     });
 }
 

@@ -7,11 +7,13 @@
 #include "library/LibraryFile.h"
 #include "library/LibraryLoading.h"
 #include "services/ServiceHosts.h"
+#include "translations/Translations.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
 #include <QIcon>
+#include <QLocale>
 #include <QTextStream>
 #include <QThread>
 #include <QUrl>
@@ -32,10 +34,11 @@ int fail(const QString& message, int code)
     return code;
 }
 
-void nameApplication()
+void introduceApplication()
 {
     QCoreApplication::setApplicationName(QStringLiteral("zib"));
     QCoreApplication::setApplicationVersion(QStringLiteral(ZIB_VERSION));
+    zib::installTranslations(QLocale::system().uiLanguages());
 }
 
 struct Options {
@@ -102,7 +105,7 @@ QString pathOf(const QString& argument)
 int exportLibrary(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    nameApplication();
+    introduceApplication();
     const Options options;
     QCommandLineParser parser;
     if (const auto ended = parse(parser, options))
@@ -121,7 +124,7 @@ int runProgram(int argc, char** argv)
     zib::StartRequest request;
     request.activationToken = qEnvironmentVariable("XDG_ACTIVATION_TOKEN"); // before the window takes it
     QApplication application(argc, argv);
-    nameApplication();
+    introduceApplication();
     QGuiApplication::setDesktopFileName(QStringLiteral("zib"));
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/zib/zib.svg")));
     QApplication::setApplicationDisplayName(QStringLiteral("Zib"));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/Database.h"
 
+#include <QCoreApplication>
 #include <QHash>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -145,7 +146,7 @@ QString migrate(const QSqlDatabase& database, bool onServer, const DatabaseSchem
     if (version < 0)
         return known.error();
     if (version > schema.versions.size())
-        return QStringLiteral("made by a newer version of this program");
+        return QCoreApplication::translate("Database", "made by a newer version of this program");
     for (int next = version; next < schema.versions.size(); ++next) {
         for (const auto& statement : schema.versions.at(next)) {
             if (!known.execute(statement))

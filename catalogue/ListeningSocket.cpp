@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/HttpServer.h"
 
+#include <QCoreApplication>
+
 #include <cerrno>
 #include <cstring>
 #include <utility>
@@ -16,6 +18,10 @@ namespace zib {
 namespace {
 
 constexpr int longestQueue = 512;
+
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(ListeningSocket)
+};
 
 QString lastError()
 {
@@ -35,7 +41,7 @@ tl::expected<ListeningSocket, QString> ListeningSocket::open(const QString& addr
     ipv6.sin6_port = htons(port);
     const bool isIpv4 = ::inet_pton(AF_INET, text.constData(), &ipv4.sin_addr) == 1;
     if (!isIpv4 && ::inet_pton(AF_INET6, text.constData(), &ipv6.sin6_addr) != 1)
-        return tl::unexpected(QStringLiteral("%1 is no numeric address").arg(address));
+        return tl::unexpected(Texts::tr("%1 is no numeric address").arg(address));
 
     ListeningSocket socket(::socket(isIpv4 ? AF_INET : AF_INET6, SOCK_STREAM | SOCK_CLOEXEC, 0));
     const int yes = 1;
@@ -47,7 +53,7 @@ tl::expected<ListeningSocket, QString> ListeningSocket::open(const QString& addr
         ::listen(socket.descriptor_, longestQueue) == 0;
     if (!bound)
         return tl::unexpected(
-            QStringLiteral("cannot listen on %1 port %2: %3").arg(address).arg(port).arg(lastError()));
+            Texts::tr("cannot listen on %1 port %2: %3").arg(address).arg(port).arg(lastError()));
     return adopt(std::exchange(socket.descriptor_, -1));
 }
 
@@ -56,7 +62,7 @@ tl::expected<ListeningSocket, QString> ListeningSocket::adopt(int descriptor)
     int listening = 0;
     socklen_t length = sizeof listening;
     if (::getsockopt(descriptor, SOL_SOCKET, SO_ACCEPTCONN, &listening, &length) != 0 || listening == 0)
-        return tl::unexpected(QStringLiteral("descriptor %1 is no listening socket").arg(descriptor));
+        return tl::unexpected(Texts::tr("descriptor %1 is no listening socket").arg(descriptor));
     ListeningSocket socket(descriptor);
     sockaddr_storage address = {};
     length = sizeof address;
@@ -78,7 +84,7 @@ tl::expected<ListeningSocket, QString> ListeningSocket::adopt(int descriptor)
         socket.loopback_ = IN6_IS_ADDR_LOOPBACK(&ipv6.sin6_addr);
         socket.host_ = u'[' + QLatin1String(::inet_ntop(AF_INET6, &ipv6.sin6_addr, text, sizeof text)) + u']';
     } else {
-        return tl::unexpected(QStringLiteral("descriptor %1 is no TCP socket").arg(descriptor));
+        return tl::unexpected(Texts::tr("descriptor %1 is no TCP socket").arg(descriptor));
     }
     return socket;
 }

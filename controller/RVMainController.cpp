@@ -148,9 +148,7 @@ void RVMainController::updateURLField()
     qint64 seconds = 0;
     for (const Record& song : songs)
         seconds += song.integer(keys::Duration);
-    QString text = songs.size() == 1 ? QCoreApplication::translate("RVMainController", "1 song")
-                                     : QCoreApplication::translate("RVMainController", "%Ln songs", nullptr,
-                                                                   int(songs.size()));
+    QString text = QCoreApplication::translate("RVMainController", "%Ln songs", nullptr, int(songs.size()));
     if (seconds > 0)
         text += QStringLiteral(", ") + timeString(seconds);
     context_.window.setUrlFieldText(text);

@@ -6,6 +6,7 @@
 #include "library/PieceThread.h"
 #include "records/PropertyListWriter.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -19,7 +20,9 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "zib.library")
 
-const QString undecipherable = QStringLiteral("the file cannot be deciphered");
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(LibraryFile)
+};
 constexpr qsizetype envelopeRoom = 16; // what EnvelopeReader wants beyond the content
 const QString applicationVersion = QStringLiteral("1.0");
 
@@ -53,7 +56,7 @@ tl::expected<LibraryContents, QString> contentsOf(EnvelopeReader& envelope)
     auto contents =
         LibraryFile::parsePlain([&envelope](std::span<char> target) { return envelope.read(target); });
     if (envelope.hasFailed())
-        return tl::unexpected(undecipherable);
+        return tl::unexpected(Texts::tr("the file cannot be deciphered"));
     return contents;
 }
 
@@ -108,7 +111,7 @@ tl::expected<QByteArray, QString> LibraryFile::readPlain() const
     while (const std::size_t count = envelope.read(room.subspan(done)))
         done += count;
     if (envelope.hasFailed())
-        return tl::unexpected(undecipherable);
+        return tl::unexpected(Texts::tr("the file cannot be deciphered"));
     plain.truncate(static_cast<qsizetype>(done));
     return plain;
 }

@@ -27,7 +27,8 @@ QString albumOr(const QString& name)
 
 QVariant percent(const Record& track, RecordKey key)
 {
-    return track.contains(key) ? QString::number(track.integer(key)) + QLatin1Char('%') : QVariant();
+    return track.contains(key) ? QCoreApplication::translate("SongCells", "%1%").arg(track.integer(key))
+                               : QVariant();
 }
 
 QVariant variant(const PropertyValue& value)

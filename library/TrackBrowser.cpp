@@ -254,14 +254,16 @@ void TrackBrowser::updateTracksBrowser()
 void TrackBrowser::fillArtists()
 {
     allArtists_ = index().artists(filter_);
-    allArtists_.prepend(tr("All (%1 %2)").arg(allArtists_.size()).arg(tr("Artists")));
+    allArtists_.prepend(
+        tr("All (%1 %2)").arg(allArtists_.size()).arg(tr("Artists", nullptr, int(allArtists_.size()))));
     reloadBrowser(artistsTableView_);
 }
 
 void TrackBrowser::fillAlbums()
 {
     allAlbums_ = index().albums(filter_, chosenArtist());
-    allAlbums_.prepend(tr("All (%1 %2)").arg(allAlbums_.size()).arg(tr("Albums")));
+    allAlbums_.prepend(
+        tr("All (%1 %2)").arg(allAlbums_.size()).arg(tr("Albums", nullptr, int(allAlbums_.size()))));
     reloadBrowser(albumsTableView_);
 }
 

@@ -32,17 +32,18 @@ QString percentage(const QString& score)
     return QString::number(std::lround(std::clamp(doubleValue(score), 0.0, 1.0) * 100));
 }
 
-QString feedLabel(Page page)
+/// A feed's title, and what is said when it is empty. Both hold the place of the artist.
+std::pair<QString, QString> feedTexts(Page page)
 {
     switch (page) {
     case Page::Videos:
-        return Texts::tr("Videos");
+        return {Texts::tr("Videos for %@"), Texts::tr("We couldn't find any Videos for %@.")};
     case Page::Blogs:
-        return Texts::tr("Blogs");
+        return {Texts::tr("Blogs for %@"), Texts::tr("We couldn't find any Blogs for %@.")};
     case Page::News:
-        return Texts::tr("News");
+        return {Texts::tr("News for %@"), Texts::tr("We couldn't find any News for %@.")};
     default:
-        return Texts::tr("Reviews");
+        return {Texts::tr("Reviews for %@"), Texts::tr("We couldn't find any Reviews for %@.")};
     }
 }
 
@@ -95,7 +96,7 @@ QString PageComposer::artistPage(bool wantsFullBio, bool animate) const
         .replace(QLatin1String("%familiarity"), percentage(fields_.familiarity()))
         .replace(QLatin1String("%hotness"), percentage(fields_.hotness()))
         .replace(QLatin1String("%animate"), animate ? QStringLiteral("true") : QStringLiteral("false"))
-        .replace(QLatin1String("%tags"), tagPills(fields_.tags(), artistComboPill))
+        .replace(QLatin1String("%tags"), tagPills(fields_.tags(), artistComboPill()))
         .replace(QLatin1String("%similar"), similarArtistTiles(fields_.similar()))
         .text();
 }
@@ -136,7 +137,7 @@ QString PageComposer::trackPage() const
                                                    {lyricsLabel, surroundings_.lyricsHome}}))
         .replace(
             QLatin1String("%tags"),
-            tagPills(fields_.track_tags().isEmpty() ? fields_.tags() : fields_.track_tags(), songComboPill))
+            tagPills(fields_.track_tags().isEmpty() ? fields_.tags() : fields_.track_tags(), songComboPill()))
         .text();
 }
 
@@ -150,7 +151,7 @@ QString PageComposer::imagesPage() const
         content = sorryBlock(
             Texts::tr("We couldn't find any images for %@.").replace(placeholderInTexts, fields_.artist()));
     } else {
-        subtitle = Texts::tr("Showing 1 - %1 of %2 images").arg(shown).arg(images.size());
+        subtitle = Texts::tr("Showing 1 - %1 of %n images", nullptr, int(images.size())).arg(shown);
         content = imageTiles(images, shown);
     }
     return gray(WebSnippets::imagesPage())
@@ -163,11 +164,11 @@ QString PageComposer::imagesPage() const
 
 QString PageComposer::feedPage(Page page) const
 {
-    const QString header =
-        feedLabel(page) + Texts::tr(" for %@").replace(placeholderInTexts, fields_.artist());
+    auto [header, sorry] = feedTexts(page);
+    header.replace(placeholderInTexts, fields_.artist());
     QString content = feedItems(fields_, page);
     if (content.isEmpty())
-        content = sorryBlock(Texts::tr("We couldn't find any %@.").replace(placeholderInTexts, header));
+        content = sorryBlock(sorry.replace(placeholderInTexts, fields_.artist()));
     QStringList menu;
     for (const Page entry : feedPages)
         menu += entry == page ? selectedMenuCell(entry) : emptyMenuLink(entry);

@@ -10,15 +10,6 @@
 // White space in the fragments is that of the templates they stand in.
 namespace zib {
 
-const QString artistComboPill = QStringLiteral(
-    "<a href=\"zib://search/artist/alltags\" class=\"tag\" style=\"background-color:#7e8d95;\">"
-    "<img src=\"w_loupe.png\" align=\"middle\" style=\"margin-top:-7px;padding-right:5px;\"></img>"
-    "combo search</a>");
-const QString songComboPill = QStringLiteral(
-    "<a href=\"zib://search/song/alltags\" class=\"tag\" style=\"background-color:#7e8d95;\">"
-    "<img src=\"w_loupe.png\" align=\"middle\" style=\"margin-top:-5px;padding-right:5px;\"></img>"
-    "combo search</a>");
-
 namespace {
 
 constexpr qsizetype shortBioLength = 1500; // characters
@@ -29,6 +20,15 @@ constexpr qsizetype mostSimilarArtists = 8;
 struct Texts {
     Q_DECLARE_TR_FUNCTIONS(RVWebViewController)
 };
+
+QString comboPill(const char* kind, int iconMargin)
+{
+    return QStringLiteral(
+               "<a href=\"zib://search/%1/alltags\" class=\"tag\" style=\"background-color:#7e8d95;\">"
+               "<img src=\"w_loupe.png\" align=\"middle\" style=\"margin-top:%2px;padding-right:5px;\">"
+               "</img>%3</a>")
+        .arg(QLatin1String(kind), QString::number(iconMargin), Texts::tr("combo search"));
+}
 
 /// Where the text has that first, or its end.
 qsizetype placeOf(QLatin1String wanted, QStringView text)
@@ -48,6 +48,16 @@ QString sorryBlock(const QString& message)
         .arg(Texts::tr("Sorry!"), message);
 }
 
+QString artistComboPill()
+{
+    return comboPill("artist", -7);
+}
+
+QString songComboPill()
+{
+    return comboPill("song", -5);
+}
+
 QString tagPills(const QStringList& tags, const QString& comboPill)
 {
     QString pills;
@@ -63,8 +73,8 @@ QString tagPills(const QStringList& tags, const QString& comboPill)
 
 QString fullBio(const QString& bio)
 {
-    return bio + QLatin1String("<div class=\"readmore\">\n\t\t<a href=\"zib://current/artist/less\">"
-                               "Read less...</a>\n\t\t</div>");
+    return bio + QLatin1String("<div class=\"readmore\">\n\t\t<a href=\"zib://current/artist/less\">") +
+           Texts::tr("Read less...") + QLatin1String("</a>\n\t\t</div>");
 }
 
 QString shortBio(const QString& bio)
@@ -80,8 +90,8 @@ QString shortBio(const QString& bio)
         head += rest.first(closing);
         head += QLatin1String("</a>");
     }
-    return head + QLatin1String("...<div class=\"readmore\">\n\t\t<a href=\"zib://current/artist/more\">"
-                                "Read more...</a>\n\t\t</div>");
+    return head + QLatin1String("...<div class=\"readmore\">\n\t\t<a href=\"zib://current/artist/more\">") +
+           Texts::tr("Read more...") + QLatin1String("</a>\n\t\t</div>");
 }
 
 QString artistLinks(const QList<ArtistLink>& links)
@@ -150,8 +160,8 @@ QString imageTiles(const QStringList& images, qsizetype count)
                                 "max-height:250px;border-style:none;padding:5px;\"/></a>")
                      .arg(image, image);
     if (images.size() > count)
-        tiles += QLatin1String("<div id=\"images-readmore\">\n\t\t\t<a href=\"zib://current/images/more\">"
-                               "Show more...</a>\n\t\t\t</div>");
+        tiles += QLatin1String("<div id=\"images-readmore\">\n\t\t\t<a href=\"zib://current/images/more\">") +
+                 Texts::tr("Show more...") + QLatin1String("</a>\n\t\t\t</div>");
     return tiles;
 }
 
@@ -164,8 +174,8 @@ QString articleItems(const QList<WebArticle>& articles)
                            "\t\t\t\t\t</div>\n\t\t\t\t<div class=\"title\">\n\t\t\t\t\t%2\n\t\t\t\t</div>\n"
                            "\t\t\t\t<div class=\"summary\">\n\t\t\t\t\t%3\n\t\t\t\t</div>\n"
                            "\t\t\t\t<div class=\"readmore\">\n\t\t\t\t\t<a href=\"%4\">\n"
-                           "\t\t\t\t\t\tRead more...\n\t\t\t\t\t</a>\n\t\t\t\t</div>\n\t\t\t\t</div>")
-                .arg(article.date, article.title, article.summary, article.url);
+                           "\t\t\t\t\t\t%5\n\t\t\t\t\t</a>\n\t\t\t\t</div>\n\t\t\t\t</div>")
+                .arg(article.date, article.title, article.summary, article.url, Texts::tr("Read more..."));
     return items;
 }
 
@@ -179,11 +189,13 @@ QString videoItems(const QList<WebVideo>& videos)
                      "left no-repeat;\">\n            <div class=\"video-text\">\n"
                      "                <div class=\"date\">\n                    %2\n"
                      "                </div>\n\t\t\t\t<div class=\"title\">\n\t\t\t\t\t%3\n"
-                     "\t\t\t\t</div>\n\t\t\t\tFound on %4\n"
+                     "\t\t\t\t</div>\n\t\t\t\t%4\n"
                      "\t\t\t\t<div class=\"readmore\" style=\"text-align:left;\">\n"
-                     "\t\t\t\t\t<a href=\"%5\">\n\t\t\t\t\t\tWatch video...\n\t\t\t\t\t</a>\n"
+                     "\t\t\t\t\t<a href=\"%5\">\n\t\t\t\t\t\t%6\n\t\t\t\t\t</a>\n"
                      "\t\t\t\t</div>\n            </div>\n        </div>\n    </div>")
-                     .arg(image, video.date, video.title, capitalizedString(video.site), video.url);
+                     .arg(image, video.date, video.title,
+                          Texts::tr("Found on %1").arg(capitalizedString(video.site)), video.url,
+                          Texts::tr("Watch video..."));
     }
     return items;
 }
@@ -193,7 +205,7 @@ QString footer(const QList<std::pair<QString, QString>>& sources)
     QStringList links;
     for (const auto& [label, address] : sources)
         links += QStringLiteral("<a href=\"%1\">%2</a>").arg(address, label);
-    return QLatin1String("Source: ") + links.join(QLatin1String(", "));
+    return Texts::tr("Source: %1").arg(links.join(QLatin1String(", ")));
 }
 
 } // namespace zib

@@ -22,8 +22,8 @@ QString sorryBlock(const QString& message);
 QString tagPills(const QStringList& tags, const QString& comboPill);
 /// The search for all tags at once.
 /// @{
-extern const QString artistComboPill;
-extern const QString songComboPill;
+QString artistComboPill();
+QString songComboPill();
 /// @}
 
 /// The biography whole, with a link to less of it.

@@ -3,6 +3,7 @@
 
 #include "pages/Page.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QStringList>
 
@@ -15,13 +16,36 @@ static void initialiseResources()
 namespace zib {
 namespace {
 
+/// What the templates hold within double braces for people to read.
+const char* const templateTexts[] = {
+    QT_TRANSLATE_NOOP("PageTemplates", "Now playing <b>%track</b> by"), // the artist's name follows, larger
+    QT_TRANSLATE_NOOP("PageTemplates", "Familiarity"),
+    QT_TRANSLATE_NOOP("PageTemplates", "Hotness"),
+    QT_TRANSLATE_NOOP("PageTemplates", "Tags:"),
+    QT_TRANSLATE_NOOP("PageTemplates", "Similar Artists:"),
+    QT_TRANSLATE_NOOP("PageTemplates", "MORE MUSIC<br>LIKE THIS!"),
+    QT_TRANSLATE_NOOP("PageTemplates", "by %artist"),
+    QT_TRANSLATE_NOOP("PageTemplates", "Type: <b>%type</b>"),
+    QT_TRANSLATE_NOOP("PageTemplates", "Released: <b>%date</b>"),
+    QT_TRANSLATE_NOOP("PageTemplates", "Label: <b>%label</b>"),
+    QT_TRANSLATE_NOOP("PageTemplates", "Artist"),
+};
+
+QString translated(QString pageTemplate)
+{
+    for (const char* const text : templateTexts)
+        pageTemplate.replace(QStringLiteral("{{%1}}").arg(QString::fromUtf8(text)),
+                             QCoreApplication::translate("PageTemplates", text));
+    return pageTemplate;
+}
+
 QString embedded(const char* name)
 {
     initialiseResources();
     QFile file(QLatin1String(":/zib/pages/") + QLatin1String(name));
     if (!file.open(QIODevice::ReadOnly))
         qFatal("%s is not embedded", name); // a mistake in the build
-    return QString::fromUtf8(file.readAll());
+    return translated(QString::fromUtf8(file.readAll()));
 }
 
 QString scriptFile(const char* name)

@@ -245,7 +245,7 @@ void SongTable::startDrag(Qt::DropActions /*actions*/)
     const QString name = model_->index(rows.first(), nameColumn).data().toString();
     auto* drag = new QDrag(this);
     drag->setMimeData(songs);
-    drag->setPixmap(dragPicture(*this, rows.size() == 1 ? name : tr("%n songs", nullptr, int(rows.size()))));
+    drag->setPixmap(dragPicture(*this, rows.size() == 1 ? name : tr("%Ln songs", nullptr, int(rows.size()))));
     drag->exec(Qt::MoveAction);
 }
 

@@ -198,8 +198,8 @@ QString SongTableModel::spokenDuration(int seconds)
 {
     constexpr int inMinute = 60;
     const QString rest = tr("%n seconds", nullptr, seconds % inMinute);
-    return seconds < inMinute ? rest
-                              : tr("%n minutes", nullptr, seconds / inMinute) + QLatin1Char(' ') + rest;
+    //: Minutes and seconds as a screen reader says them: “3 minutes 20 seconds”.
+    return seconds < inMinute ? rest : tr("%1 %2").arg(tr("%n minutes", nullptr, seconds / inMinute), rest);
 }
 
 QString SongTableModel::sentence(int row) const

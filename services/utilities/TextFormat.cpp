@@ -2,6 +2,7 @@
 #include "services/utilities/StringUtilities.h"
 
 #include <QCoreApplication>
+#include <QLocale>
 #include <QStringList>
 
 #include <algorithm>
@@ -97,7 +98,7 @@ QString timeString(qint64 seconds)
     if (seconds >= 86400) {
         const float days = float(seconds) / 86400.0F;
         return QCoreApplication::translate("TimeString", "%.1f days")
-            .replace(QLatin1String("%.1f"), QString::number(days, 'f', 1));
+            .replace(QLatin1String("%.1f"), QLocale().toString(days, 'f', 1));
     }
     const auto padded = [](qint64 number) {
         return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));

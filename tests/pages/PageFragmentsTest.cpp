@@ -53,7 +53,7 @@ TEST(PageFragments, AsManyTagsAsFitInTheRow)
         {{x(66), x(1)}, 0},
     };
     for (const auto& [list, pills] : cases)
-        EXPECT_EQ(tagPills(list, songComboPill).count(QLatin1String("class=\"tag\"")), pills)
+        EXPECT_EQ(tagPills(list, songComboPill()).count(QLatin1String("class=\"tag\"")), pills)
             << list.join(u',').toStdString();
 }
 

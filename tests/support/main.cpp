@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The main() of every test of the logic: an event loop without a display, and settings that never touch a
-// home.
+// The main() of every test of the logic: an event loop without a display, settings that never touch a home,
+// and English texts, with their singulars.
+#include "translations/Translations.h"
+
 #include <QCoreApplication>
 #include <QStandardPaths>
 
@@ -20,5 +22,6 @@ int main(int argc, char** argv)
     testing::InitGoogleTest(&argc, argv);
     const QCoreApplication application(argc, argv);
     QStandardPaths::setTestModeEnabled(true);
+    zib::installTranslations({});
     return RUN_ALL_TESTS();
 }

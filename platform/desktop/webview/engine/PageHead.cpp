@@ -3,8 +3,19 @@
 
 #include "platform/desktop/webview/engine/PageAddresses.h"
 
+#include <QCoreApplication>
+
 namespace zib {
 namespace {
+
+/// What the drawings hold as their text elements for people to read.
+const char* const drawnWords[] = {
+    QT_TRANSLATE_NOOP("PageDrawings", "Artist"),      QT_TRANSLATE_NOOP("PageDrawings", "Album"),
+    QT_TRANSLATE_NOOP("PageDrawings", "Song"),        QT_TRANSLATE_NOOP("PageDrawings", "Images"),
+    QT_TRANSLATE_NOOP("PageDrawings", "Videos"),      QT_TRANSLATE_NOOP("PageDrawings", "Blogs"),
+    QT_TRANSLATE_NOOP("PageDrawings", "News"),        QT_TRANSLATE_NOOP("PageDrawings", "Reviews"),
+    QT_TRANSLATE_NOOP("PageDrawings", "Familiarity"), QT_TRANSLATE_NOOP("PageDrawings", "Hotness"),
+};
 
 QByteArray contentPolicy(const QByteArray& scriptMark, const VideoSite& videoSite)
 {
@@ -19,6 +30,14 @@ QByteArray contentPolicy(const QByteArray& scriptMark, const VideoSite& videoSit
 QByteArray inColorScheme(QByteArray text, bool dark)
 {
     return text.replace("(prefers-color-scheme: dark)", dark ? "(min-width: 0)" : "(max-width: 0)");
+}
+
+QByteArray inLanguage(QByteArray drawing)
+{
+    for (const char* const word : drawnWords)
+        drawing.replace('>' + QByteArray(word) + "</text>",
+                        '>' + QCoreApplication::translate("PageDrawings", word).toUtf8() + "</text>");
+    return drawing;
 }
 
 QByteArray boundedPage(const BrowserPage& page, const VideoSite& videoSite)

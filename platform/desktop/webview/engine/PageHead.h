@@ -11,6 +11,9 @@ class VideoSite;
 /// text.
 QByteArray inColorScheme(QByteArray text, bool dark);
 
+/// A drawing with its words in the language of the program.
+QByteArray inLanguage(QByteArray drawing);
+
 /// The page with what keeps it within its bounds put before all else in it, and with its colour scheme.
 QByteArray boundedPage(const BrowserPage& page, const VideoSite& videoSite);
 

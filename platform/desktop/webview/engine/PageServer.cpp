@@ -80,7 +80,7 @@ PageServer::File PageServer::file(const QString& path) const
     if (!bytes.isNull() || !type.startsWith("image/"))
         return {type, bytes};
     const QString drawing = path.left(path.lastIndexOf(QLatin1Char('.'))) + QLatin1String(".svg");
-    return {contentType(drawing), inColorScheme(fileInFolder(drawing), dark_)};
+    return {contentType(drawing), inLanguage(inColorScheme(fileInFolder(drawing), dark_))};
 }
 
 void PageServer::requestStarted(QWebEngineUrlRequestJob* job)
