@@ -177,6 +177,7 @@ class AudioStreamer final : public QObject, private AudioFileStreamClient {
     void handleReadFromStream(HttpReadStream& stream, HttpReadStream::Event eventType);
     void handleBytesAvailable(HttpReadStream& stream);
     void handleEnd();
+    [[nodiscard]] bool soughtItsEnd() const;                // lock held
     void takeResponseHeaders(const HttpReadStream& stream); // lock held
     bool openAudioFileStream();
 
@@ -235,8 +236,9 @@ class AudioStreamer final : public QObject, private AudioFileStreamClient {
     std::shared_ptr<QueueClient> queueClient_;
 
     QHash<QByteArray, QByteArray> httpHeaders_;
-    bool hasHttpHeaders_ = false; // those of the current request
-    QByteArray receivedData_;     // every byte read, for the recording
+    bool hasHttpHeaders_ = false;   // those of the current request
+    QByteArray receivedData_;       // every byte read, for the recording
+    std::int64_t requestBytes_ = 0; // read of the current request
 
     AudioStreamDescription asbd_;
     double sampleRate_ = 0;

@@ -116,6 +116,7 @@ bool AudioStreamer::openReadStream()
     if (!stream_)
         return presentFailure();
     hasHttpHeaders_ = false;
+    requestBytes_ = 0;
     setState(State::WaitingForData);
     if (!stream_->open()) {
         stream_.reset();
@@ -176,6 +177,7 @@ void AudioStreamer::handleBytesAvailable(HttpReadStream& stream)
         if (count <= 0)
             return;
         receivedData_.append(begin, count);
+        requestBytes_ += count;
         length = static_cast<std::size_t>(count);
         discontinuous = discontinuous_;
     }
@@ -231,11 +233,12 @@ void AudioStreamer::handleEnd()
     const Lock lock(*this);
     if (isFinishing())
         return;
-    if (state_ == State::WaitingForData) {
+    const bool heardNothing = state_ == State::WaitingForData;
+    if (heardNothing && !soughtItsEnd()) {
         failWithErrorCode(ErrorCode::AudioDataNotFound);
         return;
     }
-    if (!audioQueue_) {
+    if (heardNothing || !audioQueue_) {
         setState(State::Stopped);
         stopReason_ = StopReason::StoppingEof;
         return;
@@ -250,6 +253,13 @@ void AudioStreamer::handleEnd()
     err_ = audioQueue_->stop(false);
     if (err_ != kAudioOk)
         failWithErrorCode(ErrorCode::AudioQueueFlushFailed);
+}
+
+/// Lengths are estimates, so listeners seek to where no packet begins any more. When the file's rest has come
+/// whole, the song is not broken but over, as it would be for who had listened to there.
+bool AudioStreamer::soughtItsEnd() const
+{
+    return seekByteOffset_ > 0 && requestBytes_ >= fileLength_ - seekByteOffset_;
 }
 
 void AudioStreamer::internalSeekToTime(double seconds)

@@ -182,17 +182,16 @@ TEST_F(OggParserTest, SeeksToWhatWentByAndGoesOnAnywhere)
             EXPECT_EQ(feed(*parsing.stream, file.mid(parsing.listener.dataOffset + offset), 2048, true),
                       kAudioOk);
             const qsizetype landed = packets.size() - parsing.listener.packets.size();
-            parsing.listener.packets.removeFirst(); // may be one before a page that was left out
-            EXPECT_TRUE(parsing.listener.packets == packets.mid(landed + 1));
+            EXPECT_TRUE(parsing.listener.packets == packets.mid(landed));
             EXPECT_NEAR(static_cast<double>(landed) * seconds, target, 0.5); // the song's half-seconds differ
         }
-        // Where the listener's estimate of the length is too long, something is heard.
+        // A place behind the end, as the listener's estimate of the length may be too long.
         ASSERT_EQ(parsing.stream->seek(static_cast<std::int64_t>(40.3 / packetSeconds), offset, estimated),
                   kAudioOk);
         parsing.listener.packets.clear();
         EXPECT_EQ(feed(*parsing.stream, file.mid(parsing.listener.dataOffset + offset), 2048, true),
                   kAudioOk);
-        EXPECT_EQ(parsing.listener.packets.size(), 1);
+        EXPECT_TRUE(parsing.listener.packets.isEmpty());
         for (const qsizetype at : {file.size() / 3, file.size() - 40'000}) {
             parsing.listener.packets.clear();
             EXPECT_EQ(feed(*parsing.stream, file.mid(at), 2048, true), kAudioOk);

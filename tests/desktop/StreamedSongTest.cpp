@@ -115,6 +115,22 @@ TEST_P(WholeSongTest, GoesOnFromThereAfterASeek)
     expectSoundAfterTheSeek(file, GetParam());
 }
 
+TEST_P(WholeSongTest, EndsWithASeekToItsEnd)
+{
+    // Lengths are estimates: what the slider takes for the end may lie beyond it.
+    for (const double target : {0.99 * kSeconds, kSeconds, 2 * kSeconds}) {
+        SCOPED_TRACE(target);
+        start(GetParam().path, {.body = file, .honoursRanges = true});
+        ASSERT_TRUE(eventually([this] { return streamer->isPlaying(); }));
+        streamer->seekToTime(target);
+        ASSERT_TRUE(ends());
+        QCoreApplication::processEvents();
+        EXPECT_EQ(streamer->errorCode(), ErrorCode::None);
+        EXPECT_EQ(streamer->stopReason(), StopReason::StoppingEof);
+        EXPECT_TRUE(delegate.notFound.isEmpty());
+    }
+}
+
 TEST_F(StreamedSongTest, EndsWithAnErrorWhereTheConnectionDoes)
 {
     const QByteArray file = encode(kConstant);

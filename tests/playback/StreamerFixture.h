@@ -84,8 +84,9 @@ class StreamerFixture : public testing::Test {
     {
         if (!streamer)
             make();
+        const std::size_t before = requests();
         streamer->start();
-        ASSERT_TRUE(eventually([this] { return requests() == 1; }));
+        ASSERT_TRUE(eventually([&] { return requests() == before + 1; }));
         ASSERT_TRUE(reaches(State::WaitingForData));
     }
     /// As a server would that knows the length of the file.

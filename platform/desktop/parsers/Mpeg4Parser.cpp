@@ -228,11 +228,8 @@ void Mpeg4Parser::goToWanted(std::int64_t frame)
     if (left < samples) {
         cutter_.goTo(left);
         wanted_.reset();
-    } else if (cutter_.packets() > packetsBeforeBreak_) {
-        cutter_.follow({});
     } else {
-        // Listeners seek by an estimate of the length: should the song end here, something was heard.
-        cutter_.goTo(samples - 1);
+        cutter_.follow({});
     }
 }
 

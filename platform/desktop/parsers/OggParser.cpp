@@ -130,9 +130,6 @@ void OggParser::dropUnwanted()
             break;
         }
     }
-    // Listeners seek by an estimate of the length: should the song end here, something was heard.
-    if (first == batch_.end() && !deliveredSinceBreak_)
-        --first;
     batch_.erase(batch_.begin(), first);
     if (batch_.empty())
         bytes_.clear();
