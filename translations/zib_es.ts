@@ -337,49 +337,6 @@
     </message>
 </context>
 <context>
-    <name>PageDrawings</name>
-    <message>
-        <source>Artist</source>
-        <translation>Artista</translation>
-    </message>
-    <message>
-        <source>Album</source>
-        <translation>Álbum</translation>
-    </message>
-    <message>
-        <source>Song</source>
-        <translation>Canción</translation>
-    </message>
-    <message>
-        <source>Images</source>
-        <translation>Imágenes</translation>
-    </message>
-    <message>
-        <source>Videos</source>
-        <translation>Vídeos</translation>
-    </message>
-    <message>
-        <source>Blogs</source>
-        <translation>Blogs</translation>
-    </message>
-    <message>
-        <source>News</source>
-        <translation>Noticias</translation>
-    </message>
-    <message>
-        <source>Reviews</source>
-        <translation>Críticas</translation>
-    </message>
-    <message>
-        <source>Familiarity</source>
-        <translation>Notoriedad</translation>
-    </message>
-    <message>
-        <source>Hotness</source>
-        <translation>Tendencia</translation>
-    </message>
-</context>
-<context>
     <name>PageTemplates</name>
     <message>
         <source>Now playing &lt;b&gt;%track&lt;/b&gt; by</source>
@@ -424,6 +381,49 @@
     <message>
         <source>Artist</source>
         <translation>Artista</translation>
+    </message>
+</context>
+<context>
+    <name>PageWords</name>
+    <message>
+        <source>Artist</source>
+        <translation>Artista</translation>
+    </message>
+    <message>
+        <source>Album</source>
+        <translation>Álbum</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Canción</translation>
+    </message>
+    <message>
+        <source>Images</source>
+        <translation>Imágenes</translation>
+    </message>
+    <message>
+        <source>Videos</source>
+        <translation>Vídeos</translation>
+    </message>
+    <message>
+        <source>Blogs</source>
+        <translation>Blogs</translation>
+    </message>
+    <message>
+        <source>News</source>
+        <translation>Noticias</translation>
+    </message>
+    <message>
+        <source>Reviews</source>
+        <translation>Críticas</translation>
+    </message>
+    <message>
+        <source>Familiarity</source>
+        <translation>Notoriedad</translation>
+    </message>
+    <message>
+        <source>Hotness</source>
+        <translation>Tendencia</translation>
     </message>
 </context>
 <context>

@@ -337,49 +337,6 @@
     </message>
 </context>
 <context>
-    <name>PageDrawings</name>
-    <message>
-        <source>Artist</source>
-        <translation>Artiste</translation>
-    </message>
-    <message>
-        <source>Album</source>
-        <translation>Album</translation>
-    </message>
-    <message>
-        <source>Song</source>
-        <translation>Morceau</translation>
-    </message>
-    <message>
-        <source>Images</source>
-        <translation>Images</translation>
-    </message>
-    <message>
-        <source>Videos</source>
-        <translation>Vidéos</translation>
-    </message>
-    <message>
-        <source>Blogs</source>
-        <translation>Blogs</translation>
-    </message>
-    <message>
-        <source>News</source>
-        <translation>Actualités</translation>
-    </message>
-    <message>
-        <source>Reviews</source>
-        <translation>Critiques</translation>
-    </message>
-    <message>
-        <source>Familiarity</source>
-        <translation>Notoriété</translation>
-    </message>
-    <message>
-        <source>Hotness</source>
-        <translation>Tendance</translation>
-    </message>
-</context>
-<context>
     <name>PageTemplates</name>
     <message>
         <source>Now playing &lt;b&gt;%track&lt;/b&gt; by</source>
@@ -424,6 +381,49 @@
     <message>
         <source>Artist</source>
         <translation>Artiste</translation>
+    </message>
+</context>
+<context>
+    <name>PageWords</name>
+    <message>
+        <source>Artist</source>
+        <translation>Artiste</translation>
+    </message>
+    <message>
+        <source>Album</source>
+        <translation>Album</translation>
+    </message>
+    <message>
+        <source>Song</source>
+        <translation>Morceau</translation>
+    </message>
+    <message>
+        <source>Images</source>
+        <translation>Images</translation>
+    </message>
+    <message>
+        <source>Videos</source>
+        <translation>Vidéos</translation>
+    </message>
+    <message>
+        <source>Blogs</source>
+        <translation>Blogs</translation>
+    </message>
+    <message>
+        <source>News</source>
+        <translation>Actualités</translation>
+    </message>
+    <message>
+        <source>Reviews</source>
+        <translation>Critiques</translation>
+    </message>
+    <message>
+        <source>Familiarity</source>
+        <translation>Notoriété</translation>
+    </message>
+    <message>
+        <source>Hotness</source>
+        <translation>Tendance</translation>
     </message>
 </context>
 <context>

@@ -169,7 +169,7 @@ void SongTableLayout::applyFirst()
     descriptors_.clear();
     forEachColumn([this](SongColumn column) {
         header().moveSection(header().visualIndex(int(column)), int(column));
-        widths_[std::size_t(column)] = firstWidth(column);
+        widths_[std::size_t(column)] = qMax(firstWidth(column), header().sectionSizeHint(int(column)));
         wanted_[std::size_t(column)].reset();
     });
     fit();

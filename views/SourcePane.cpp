@@ -61,8 +61,9 @@ QWidget* SourcePane::makeButtons()
     auto* line = new QWidget(this);
     line->setObjectName(QStringLiteral("sourceButtons"));
     line->setAttribute(Qt::WA_StyledBackground);
-    add_ = makeButton(QStringLiteral("add"), tr("New playlist"),
-                      tr("New playlist (%1)").arg(QKeySequence(newPlaylistKeys).toString()), line);
+    add_ = makeButton(
+        QStringLiteral("add"), tr("New playlist"),
+        tr("New playlist (%1)").arg(QKeySequence(newPlaylistKeys).toString(QKeySequence::NativeText)), line);
     QToolButton* gear =
         makeButton(QStringLiteral("gear"), tr("Playlist actions"), tr("What can be done with it"), line);
     actions_ = new QMenu(gear);

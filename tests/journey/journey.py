@@ -20,6 +20,7 @@ from desktop_steps import DesktopSteps
 from desktop_user import DesktopUser
 from discovery_steps import DiscoverySteps
 from environment import Environment, wait_until
+from language_steps import LanguageSteps
 from library_steps import LibrarySteps
 from page_steps import PageSteps
 from recorder import AUDIBLE, SILENT, Recorder
@@ -31,7 +32,7 @@ ARTIST = "Kestrel Motorway"  # of the songs that come with the program
 
 
 class Journey(DesktopSteps, LibrarySteps, SourceSteps, SharingSteps, PageSteps, DiscoverySteps, SessionSteps,
-              AccessibilitySteps):
+              AccessibilitySteps, LanguageSteps):
     def __init__(self, bin_folder, output):
         self.bin = bin_folder
         self.output = output
@@ -156,7 +157,8 @@ class Journey(DesktopSteps, LibrarySteps, SourceSteps, SharingSteps, PageSteps, 
 
     STEPS = ("start", "search", "play", "pause", "resume", "seek", *DesktopSteps.STEPS, "love", "download", "quit",
              "restart", "play_downloaded", *LibrarySteps.STEPS, *SourceSteps.STEPS, *SharingSteps.STEPS,
-             *PageSteps.STEPS, *SessionSteps.STEPS, *AccessibilitySteps.STEPS, *DiscoverySteps.STEPS)
+             *PageSteps.STEPS, *SessionSteps.STEPS, *AccessibilitySteps.STEPS,
+             *LanguageSteps.STEPS, *DiscoverySteps.STEPS)
 
     # What the steps are made of.
 

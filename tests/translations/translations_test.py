@@ -60,12 +60,11 @@ class Translations(unittest.TestCase):
                         if path.stem == "zib_fr":
                             self.assertIsNone(FRENCH_MARK.search(re.sub(r"<[^>]*>|&\w+;", "", text)), text)
 
-    def test_words_in_templates_and_drawings_are_known(self):
+    def test_words_in_templates_drawings_and_scripts_are_known(self):
         known = {(context, source) for context, source, _ in messages(FOLDER / "zib_de.ts")}
-        for context, folder, files, pattern in (
-                ("PageTemplates", TOP / "pages" / "templates", "*", r"\{\{(.*?)\}\}"),
-                ("PageDrawings", TOP / "resources" / "pages", "*.svg", r"<text[^>]*>([^<]*)</text>")):
-            found = {(context, word) for path in folder.glob(files) for word in re.findall(pattern, path.read_text())}
+        for context, files in (("PageTemplates", TOP.glob("pages/templates/*")),
+                               ("PageWords", [*TOP.glob("resources/pages/*.svg"), TOP / "resources/pages/js/fade.js"])):
+            found = {(context, word) for path in files for word in re.findall(r"\{\{(.*?)\}\}", path.read_text())}
             self.assertEqual({pair for pair in known if pair[0] == context}, found)
 
     def test_desktops_and_software_centres_show_every_language(self):

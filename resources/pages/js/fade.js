@@ -3,8 +3,8 @@
 // or with the keyboard's focus. The menu's words are drawn, so it is told here what its links are called.
 const gradualFader = {
     fadeMs: 180,
-    names: { artist: "Artist", album: "Album", track: "Song", images: "Images", videos: "Videos", blogs: "Blogs",
-             news: "News", reviews: "Reviews" },
+    names: { artist: "{{Artist}}", album: "{{Album}}", track: "{{Song}}", images: "{{Images}}", videos: "{{Videos}}", blogs: "{{Blogs}}",
+             news: "{{News}}", reviews: "{{Reviews}}" },
 
     init() {
         const reduced = matchMedia("(prefers-reduced-motion: reduce)").matches;

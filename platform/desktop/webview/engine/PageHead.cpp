@@ -8,13 +8,13 @@
 namespace zib {
 namespace {
 
-/// What the drawings hold as their text elements for people to read.
-const char* const drawnWords[] = {
-    QT_TRANSLATE_NOOP("PageDrawings", "Artist"),      QT_TRANSLATE_NOOP("PageDrawings", "Album"),
-    QT_TRANSLATE_NOOP("PageDrawings", "Song"),        QT_TRANSLATE_NOOP("PageDrawings", "Images"),
-    QT_TRANSLATE_NOOP("PageDrawings", "Videos"),      QT_TRANSLATE_NOOP("PageDrawings", "Blogs"),
-    QT_TRANSLATE_NOOP("PageDrawings", "News"),        QT_TRANSLATE_NOOP("PageDrawings", "Reviews"),
-    QT_TRANSLATE_NOOP("PageDrawings", "Familiarity"), QT_TRANSLATE_NOOP("PageDrawings", "Hotness"),
+/// What drawings and scripts hold for people to read.
+const char* const pageWords[] = {
+    QT_TRANSLATE_NOOP("PageWords", "Artist"),      QT_TRANSLATE_NOOP("PageWords", "Album"),
+    QT_TRANSLATE_NOOP("PageWords", "Song"),        QT_TRANSLATE_NOOP("PageWords", "Images"),
+    QT_TRANSLATE_NOOP("PageWords", "Videos"),      QT_TRANSLATE_NOOP("PageWords", "Blogs"),
+    QT_TRANSLATE_NOOP("PageWords", "News"),        QT_TRANSLATE_NOOP("PageWords", "Reviews"),
+    QT_TRANSLATE_NOOP("PageWords", "Familiarity"), QT_TRANSLATE_NOOP("PageWords", "Hotness"),
 };
 
 QByteArray contentPolicy(const QByteArray& scriptMark, const VideoSite& videoSite)
@@ -32,12 +32,11 @@ QByteArray inColorScheme(QByteArray text, bool dark)
     return text.replace("(prefers-color-scheme: dark)", dark ? "(min-width: 0)" : "(max-width: 0)");
 }
 
-QByteArray inLanguage(QByteArray drawing)
+QByteArray inLanguage(QByteArray text)
 {
-    for (const char* const word : drawnWords)
-        drawing.replace('>' + QByteArray(word) + "</text>",
-                        '>' + QCoreApplication::translate("PageDrawings", word).toUtf8() + "</text>");
-    return drawing;
+    for (const char* const word : pageWords)
+        text.replace("{{" + QByteArray(word) + "}}", QCoreApplication::translate("PageWords", word).toUtf8());
+    return text;
 }
 
 QByteArray boundedPage(const BrowserPage& page, const VideoSite& videoSite)

@@ -11,8 +11,8 @@ class VideoSite;
 /// text.
 QByteArray inColorScheme(QByteArray text, bool dark);
 
-/// A drawing with its words in the language of the program.
-QByteArray inLanguage(QByteArray drawing);
+/// A drawing or a script with its words, which stand within double braces, in the language of the program.
+QByteArray inLanguage(QByteArray text);
 
 /// The page with what keeps it within its bounds put before all else in it, and with its colour scheme.
 QByteArray boundedPage(const BrowserPage& page, const VideoSite& videoSite);

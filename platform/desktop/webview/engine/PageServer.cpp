@@ -77,6 +77,8 @@ PageServer::File PageServer::file(const QString& path) const
     if (type.isNull())
         return {};
     const QByteArray bytes = fileInFolder(path);
+    if (type == "text/javascript")
+        return {type, inLanguage(bytes)};
     if (!bytes.isNull() || !type.startsWith("image/"))
         return {type, bytes};
     const QString drawing = path.left(path.lastIndexOf(QLatin1Char('.'))) + QLatin1String(".svg");
