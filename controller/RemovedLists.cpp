@@ -27,12 +27,12 @@ UndoCommand::Texts SourceList::RemovedLists::texts() const
         return SourceType(list.path.value(0)) == SourceType::RecentSearches;
     });
     if (searches)
-        return {.done = tr("%n search(es) removed. Press Ctrl+Z to undo.", nullptr, count),
-                .undo = tr("Undo remove %n search(es)", nullptr, count),
-                .redo = tr("Redo remove %n search(es)", nullptr, count)};
-    return {.done = tr("%n playlist(s) removed. Press Ctrl+Z to undo.", nullptr, count),
-            .undo = tr("Undo remove %n playlist(s)", nullptr, count),
-            .redo = tr("Redo remove %n playlist(s)", nullptr, count)};
+        return {.done = tr("%Ln searches removed. Press Ctrl+Z to undo.", nullptr, count),
+                .undo = tr("Undo remove %Ln searches", nullptr, count),
+                .redo = tr("Redo remove %Ln searches", nullptr, count)};
+    return {.done = tr("%Ln playlists removed. Press Ctrl+Z to undo.", nullptr, count),
+            .undo = tr("Undo remove %Ln playlists", nullptr, count),
+            .redo = tr("Redo remove %Ln playlists", nullptr, count)};
 }
 
 void SourceList::RemovedLists::takeOut(List& list)

@@ -98,9 +98,9 @@ SongsRemovedFromLibrary::SongsRemovedFromLibrary(const SongRemoval::Needs& needs
 UndoCommand::Texts SongsRemovedFromLibrary::texts() const
 {
     const int count = int(ids_.size());
-    return {.done = tr("%n song(s) removed from the library. Press Ctrl+Z to undo.", nullptr, count),
-            .undo = tr("Undo remove %n song(s)", nullptr, count),
-            .redo = tr("Redo remove %n song(s)", nullptr, count)};
+    return {.done = tr("%Ln songs removed from the library. Press Ctrl+Z to undo.", nullptr, count),
+            .undo = tr("Undo remove %Ln songs", nullptr, count),
+            .redo = tr("Redo remove %Ln songs", nullptr, count)};
 }
 
 void SongsRemovedFromLibrary::redo()
@@ -218,7 +218,7 @@ void SongsRemovedFromLibrary::bringFilesBack()
     constexpr qsizetype mostShown = 5; // an alert has to hold them
     Alert alert;
     alert.style = Alert::Style::Warning;
-    alert.messageText = tr("%n file(s) could not be brought back from the trash.", nullptr, int(lost.size()));
+    alert.messageText = tr("%Ln files could not be brought back from the trash.", nullptr, int(lost.size()));
     alert.informativeText = lost.mid(0, mostShown).join(QLatin1Char('\n'));
     if (lost.size() > mostShown)
         alert.informativeText += QStringLiteral("\n…");
@@ -254,9 +254,9 @@ SongsRemovedFromPlaylist::SongsRemovedFromPlaylist(RVDataManager& library, const
 UndoCommand::Texts SongsRemovedFromPlaylist::texts() const
 {
     const int count = int(places_.size());
-    return {.done = tr("%n song(s) removed from the playlist. Press Ctrl+Z to undo.", nullptr, count),
-            .undo = tr("Undo remove %n song(s) from the playlist", nullptr, count),
-            .redo = tr("Redo remove %n song(s) from the playlist", nullptr, count)};
+    return {.done = tr("%Ln songs removed from the playlist. Press Ctrl+Z to undo.", nullptr, count),
+            .undo = tr("Undo remove %Ln songs from the playlist", nullptr, count),
+            .redo = tr("Redo remove %Ln songs from the playlist", nullptr, count)};
 }
 
 void SongsRemovedFromPlaylist::takeOut()

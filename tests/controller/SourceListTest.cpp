@@ -246,11 +246,11 @@ TEST_F(SourceListTest, RemovedListsComeBackToTheirPlaces)
         const char* undo;
     };
     const Case cases[] = {
-        {{{playlistsAt, 2}}, "A,B", "T,S", "Undo remove 1 playlist(s)"},
-        {{{playlistsAt, 0}, {playlistsAt, 2}}, "B", "T,S", "Undo remove 2 playlist(s)"},
-        {{{searchesAt, 1}}, "A,B,C", "T", "Undo remove 1 search(es)"},
-        {{{searchesAt, 0}, {playlistsAt, 0}, {playlistsAt, 1}}, "C", "S", "Undo remove 3 playlist(s)"},
-        {{{playlistsAt, 0}, {playlistsAt, 1}, {playlistsAt, 2}}, "", "T,S", "Undo remove 3 playlist(s)"},
+        {{{playlistsAt, 2}}, "A,B", "T,S", "Undo remove 1 playlist"},
+        {{{playlistsAt, 0}, {playlistsAt, 2}}, "B", "T,S", "Undo remove 2 playlists"},
+        {{{searchesAt, 1}}, "A,B,C", "T", "Undo remove 1 search"},
+        {{{searchesAt, 0}, {playlistsAt, 0}, {playlistsAt, 1}}, "C", "S", "Undo remove 3 playlists"},
+        {{{playlistsAt, 0}, {playlistsAt, 1}, {playlistsAt, 2}}, "", "T,S", "Undo remove 3 playlists"},
     };
     for (const Case& test : cases) {
         defaults.setValue(layout, QStringLiteral("columns"));

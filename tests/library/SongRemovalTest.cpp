@@ -168,7 +168,7 @@ TEST_F(SongRemovalTest, FilesThatAreNotOneRemovedSongsOwnStay)
     EXPECT_TRUE(trash.files.isEmpty());
     EXPECT_TRUE(QDir(path(QStringLiteral("folder"))).exists());
     EXPECT_EQ(defaults.string(settings::BriefStatusMessage),
-              QStringLiteral("3 song(s) removed from the library. Press Ctrl+Z to undo."));
+              QStringLiteral("3 songs removed from the library. Press Ctrl+Z to undo."));
 
     QFile::remove(path(QStringLiteral("d")));
     QDir(folder.path()).mkdir(QStringLiteral("d"));
@@ -268,11 +268,11 @@ TEST_F(SongRemovalTest, EachRemovalIsTakenBackAndDoneAgain)
         const char* undo;
     };
     const Case cases[] = {
-        {SourceType::Library, {0, 1, 3}, false, "Undo remove 3 song(s)"},
-        {SourceType::Library, {2}, false, "Undo remove 1 song(s)"},
-        {SourceType::Playlists, {0, 2, 4}, false, "Undo remove 3 song(s) from the playlist"},
-        {SourceType::Playlists, {3}, false, "Undo remove 1 song(s) from the playlist"},
-        {SourceType::Library, {0, 2}, true, "Undo remove 2 song(s)"},
+        {SourceType::Library, {0, 1, 3}, false, "Undo remove 3 songs"},
+        {SourceType::Library, {2}, false, "Undo remove 1 song"},
+        {SourceType::Playlists, {0, 2, 4}, false, "Undo remove 3 songs from the playlist"},
+        {SourceType::Playlists, {3}, false, "Undo remove 1 song from the playlist"},
+        {SourceType::Library, {0, 2}, true, "Undo remove 2 songs"},
     };
     library.library().find(QStringLiteral("b")).set(keys::Favorite, true);
     showPlaylist("b d");
@@ -333,7 +333,7 @@ TEST_F(SongRemovalTest, WhatTheTrashHasNoMoreIsTold)
                                     QStringLiteral("d")}));
     ASSERT_EQ(alerts.shown.size(), 1);
     EXPECT_EQ(alerts.shown[0].messageText,
-              QStringLiteral("2 file(s) could not be brought back from the trash."));
+              QStringLiteral("2 files could not be brought back from the trash."));
     QStringList lost = alerts.shown[0].informativeText.split(QLatin1Char('\n'));
     lost.sort();
     EXPECT_EQ(lost, (QStringList{path(QStringLiteral("b")), path(QStringLiteral("c"))}));
