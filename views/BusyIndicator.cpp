@@ -55,7 +55,7 @@ void BusyIndicator::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillRect(rect(), theme.window);
     const QRectF ring = QRectF(rect()).adjusted(3, 3, -3, -3);
-    painter.setPen(QPen(theme.border, 2));
+    painter.setPen(QPen(theme.quiet, 2));
     painter.drawEllipse(ring);
     painter.setPen(QPen(theme.accent, 2, Qt::SolidLine, Qt::RoundCap));
     painter.drawArc(ring, -step_ * 16 * 360 / stepsPerTurn, 100 * 16);

@@ -4,16 +4,18 @@
 #include "controller/RVMainController.h"
 #include "platform/SettingsKeys.h"
 #include "platform/UserDefaults.h"
-#include "views/Icons.h"
+#include "views/IconLabel.h"
 #include "views/NowPlayingPanel.h"
 #include "views/SearchBar.h"
 #include "views/Theme.h"
 #include "views/ValueSlider.h"
 
+#include <QApplication>
 #include <QBoxLayout>
-#include <QLabel>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QToolButton>
+#include <QWindow>
 
 namespace zib {
 
@@ -45,7 +47,7 @@ ControlBar::ControlBar(UserDefaults& defaults, QWidget* parent)
     , panel_(new NowPlayingPanel(this))
     , love_(new QToolButton(this))
     , download_(new QToolButton(this))
-    , speaker_(new QLabel(this))
+    , speaker_(new IconLabel(QStringLiteral("volume-high"), Tint::Secondary, buttonIcon, this))
     , volume_(new VolumeSlider(this))
     , search_(new SearchBar(this))
     , menuButton_(new QToolButton(this))
@@ -184,7 +186,45 @@ void ControlBar::showVolume()
     const QString name = level <= 0    ? QStringLiteral("volume-off")
                          : level < 0.5 ? QStringLiteral("volume-low")
                                        : QStringLiteral("volume-high");
-    speaker_->setPixmap(icon(name, Tint::Secondary).pixmap(QSize(20, 20), devicePixelRatioF()));
+    speaker_->setIcon(name, Tint::Secondary);
+}
+
+// The window's handle
+
+bool ControlBar::isHandle(const QPoint& place) const
+{
+    for (const QWidget* at = childAt(place); at && at != this; at = at->parentWidget())
+        if (at->focusPolicy() != Qt::NoFocus) // a control, enabled or not
+            return false;
+    return true;
+}
+
+void ControlBar::mousePressEvent(QMouseEvent* event)
+{
+    const QPoint place = event->position().toPoint();
+    if (event->button() == Qt::LeftButton && isHandle(place))
+        handleHeld_ = place;
+    else
+        handleHeld_.reset();
+}
+
+void ControlBar::mouseMoveEvent(QMouseEvent* event)
+{
+    // Not from the press on, since a desktop that moves a window keeps the rest of a double click for itself.
+    if (!handleHeld_ || !event->buttons().testFlag(Qt::LeftButton) ||
+        (event->position().toPoint() - *handleHeld_).manhattanLength() < QApplication::startDragDistance())
+        return;
+    handleHeld_.reset();
+    if (QWindow* moved = window()->windowHandle())
+        moved->startSystemMove();
+}
+
+void ControlBar::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    handleHeld_.reset();
+    if (event->button() == Qt::LeftButton && isHandle(event->position().toPoint()) &&
+        !window()->isFullScreen())
+        window()->setWindowState(window()->windowState() ^ Qt::WindowMaximized);
 }
 
 } // namespace zib

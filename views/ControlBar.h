@@ -3,12 +3,14 @@
 
 #include <QWidget>
 
-class QLabel;
+#include <optional>
+
 class QMenu;
 class QToolButton;
 
 namespace zib {
 
+class IconLabel;
 class NowPlayingPanel;
 class PlaybackQueue;
 class RVMainController;
@@ -17,6 +19,8 @@ class UserDefaults;
 class VolumeSlider;
 
 /// The bar at the top of the window: transport, what plays, love and download, volume, search, the menu.
+/// Where it has nothing to press it is the window's handle: a drag moves the window, a double click makes it
+/// as large as the screen, or as it was.
 class ControlBar : public QWidget {
     Q_OBJECT
 
@@ -45,7 +49,14 @@ class ControlBar : public QWidget {
     void setDownloaded(bool downloaded);
     void setDownloadEnabled(bool enabled);
 
+  protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+
   private:
+    /// Whether there is nothing to press.
+    [[nodiscard]] bool isHandle(const QPoint& place) const;
     void makeButtons();
     void showVolume();
     void showDownload();
@@ -57,11 +68,12 @@ class ControlBar : public QWidget {
     NowPlayingPanel* panel_;
     QToolButton* love_;
     QToolButton* download_;
-    QLabel* speaker_;
+    IconLabel* speaker_;
     VolumeSlider* volume_;
     SearchBar* search_;
     QToolButton* menuButton_;
     QMenu* menu_;
+    std::optional<QPoint> handleHeld_; ///< where the mouse took the handle
 };
 
 } // namespace zib

@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QFile>
+#include <QGuiApplication>
 #include <QIconEngine>
 #include <QLineEdit>
 #include <QPainter>
@@ -36,6 +37,16 @@ QColor colourOf(Tint tint)
     return theme.text;
 }
 
+/// Whether the drawing points along the reading, or along a time that goes the way of the reading.
+bool isDirected(const QString& name)
+{
+    static const QStringList directed{
+        QStringLiteral("back"),       QStringLiteral("next"),        QStringLiteral("play"),
+        QStringLiteral("speaker"),    QStringLiteral("volume-high"), QStringLiteral("volume-low"),
+        QStringLiteral("volume-off"), QStringLiteral("now-playing"), QStringLiteral("now-playing-active")};
+    return directed.contains(name);
+}
+
 class TintedIcon : public QIconEngine {
   public:
     TintedIcon(QString name, Tint tint)
@@ -62,21 +73,29 @@ class TintedIcon : public QIconEngine {
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override
     {
-        const QColor colour = mode == QIcon::Disabled   ? Theme::current().outline
+        const QColor colour = mode == QIcon::Disabled   ? Theme::current().disabled
                               : mode == QIcon::Selected ? Theme::current().onAccent
                                                         : colourOf(tint_);
         const qreal ratio = painter->device()->devicePixelRatio();
-        const QString key = QStringLiteral("zib-%1-%2-%3-%4")
+        const bool mirrored = QGuiApplication::isRightToLeft() && isDirected(name_);
+        const QString key = QStringLiteral("zib-%1-%2-%3-%4-%5")
                                 .arg(name_, colour.name())
                                 .arg(rect.width() * ratio)
-                                .arg(rect.height() * ratio);
+                                .arg(rect.height() * ratio)
+                                .arg(mirrored);
         QPixmap pixmap;
         if (!QPixmapCache::find(key, &pixmap)) {
             pixmap = draw(colour, rect.size() * ratio);
+            if (mirrored)
+                pixmap = pixmap.transformed(QTransform::fromScale(-1, 1));
             QPixmapCache::insert(key, pixmap);
         }
         pixmap.setDevicePixelRatio(ratio);
-        painter->drawPixmap(rect.topLeft(), pixmap);
+        // At 1.5 pixels a pixel every other place lies between two, where the drawing would be blurred.
+        const QTransform toDevice = painter->deviceTransform();
+        const QPointF place =
+            toDevice.inverted().map(QPointF(toDevice.map(QPointF(rect.topLeft())).toPoint()));
+        painter->drawPixmap(place, pixmap);
     }
 
   private:

@@ -4,10 +4,13 @@
 #include <QColor>
 #include <QStyledItemDelegate>
 
+class QIcon;
+
 namespace zib {
 
-/// Draws the cells of a RowTable. A selection stands out in the table that has the keyboard, and is quiet in
-/// the others, so that one sees where the keys go.
+/// Draws the cells of a RowTable: text, marks, text behind a mark, and progress. A selection stands out in
+/// the table that has the keyboard, and is quiet in the others, so that one sees where the keys go. Where
+/// people read from the right, cells are mirrored.
 class RowDelegate : public QStyledItemDelegate {
     Q_OBJECT
 
@@ -25,11 +28,24 @@ class RowDelegate : public QStyledItemDelegate {
 
     /// Draws the cell's ground.
     Ground paintGround(QPainter* painter, const QStyleOptionViewItem& option) const;
-    /// Draws the cell's text on it, from `left` on.
+    /// Draws the cell's text on it; with a mark, behind that.
     static void paintText(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index,
-                          const QColor& colour, int left);
+                          const QColor& colour);
+    static void paintMarkedText(QPainter* painter, const QStyleOptionViewItem& option,
+                                const QModelIndex& index, const QColor& colour, const QIcon& mark,
+                                Ground ground);
+    /// Draws a mark in the middle of the cell.
+    static void paintMark(QPainter* painter, const QRect& cell, const QIcon& mark, Ground ground);
+    /// Draws how far something is, with the number.
+    /// @param part from 0 to 1; less than 0 where nobody knows.
+    static void paintProgress(QPainter* painter, const QStyleOptionViewItem& option, double part,
+                              Ground ground);
     [[nodiscard]] static QColor textColour(Ground ground);
     [[nodiscard]] static QRect textArea(const QRect& cell);
+
+  private:
+    static void paintTextIn(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index,
+                            const QColor& colour, const QRect& area);
 };
 
 } // namespace zib

@@ -3,86 +3,58 @@
 
 #include "views/BusyIndicator.h"
 #include "views/Icons.h"
+#include "views/Segments.h"
 #include "views/Theme.h"
 
 #include <QAbstractItemView>
-#include <QButtonGroup>
 #include <QCompleter>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QStringListModel>
 #include <QStyledItemDelegate>
+#include <QToolButton>
 
 #include <algorithm>
 
 namespace zib {
 
-namespace {
-
-constexpr QPoint busyPlace(6, 3);
-
-} // namespace
-
 SearchBar::SearchBar(QWidget* parent)
     : QWidget(parent)
-    , types_(new QButtonGroup(this))
+    , types_(makeTypes())
     , field_(new QLineEdit(this))
-    , busy_(new BusyIndicator(field_))
+    , busy_(new BusyIndicator(this))
 {
     field_->setObjectName(QStringLiteral("searchField"));
     field_->setAccessibleName(tr("Search"));
-    field_->setClearButtonEnabled(true);
     QAction* glass =
         field_->addAction(icon(QStringLiteral("search"), Tint::Secondary), QLineEdit::LeadingPosition);
     glass->setText(tr("Recent searches"));
     connect(glass, &QAction::triggered, this, &SearchBar::showTerms);
+    auto* over = new QHBoxLayout(field_->findChild<QToolButton*>()); // which the glass has made
+    over->setContentsMargins(0, 0, 0, 0);
+    over->addWidget(busy_, 0, Qt::AlignCenter);
+    field_->setClearButtonEnabled(true);
     useOwnClearIcon(*field_);
     field_->setMinimumWidth(140);
-    busy_->move(busyPlace); // over the magnifying glass
     connect(field_, &QLineEdit::returnPressed, this, [this] { search(field_->text()); });
 
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(Theme::between);
-    layout->addWidget(makeSegments(), 0, Qt::AlignVCenter);
+    layout->addWidget(types_, 0, Qt::AlignVCenter);
     layout->addWidget(field_, 1);
 }
 
-QWidget* SearchBar::makeSegments()
+Segments* SearchBar::makeTypes()
 {
-    auto* group = new QWidget(this);
-    group->setObjectName(QStringLiteral("segments"));
-    group->setAttribute(Qt::WA_StyledBackground);
-    group->setAccessibleName(tr("Search type"));
-    auto* layout = new QHBoxLayout(group);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    const std::pair<QString, QString> segments[] = {
-        {tr("Artist"), tr("Find songs by artist")},
-        {tr("Tags"), tr("Find songs by tag(s, separated by comma)")},
-        {tr("Similar"), tr("Find songs by similar artists")}};
-    for (const auto& [title, tip] : segments) {
-        auto* button = new QPushButton(title, group);
-        button->setCheckable(true);
-        button->setAutoExclusive(true);
-        button->setAutoDefault(false);
-        button->setToolTip(tip);
-        button->setAccessibleDescription(tip);
-        types_->addButton(button, layout->count());
-        layout->addWidget(button);
-    }
-    // The Tab key leads to the chosen one, however it was chosen, and the arrows on from there.
-    connect(types_, &QButtonGroup::idToggled, this, [this](int id, bool checked) {
-        types_->button(id)->setFocusPolicy(checked ? Qt::StrongFocus : Qt::ClickFocus);
-    });
-    for (QAbstractButton* button : types_->buttons())
-        button->setFocusPolicy(Qt::ClickFocus);
-    types_->button(0)->setChecked(true);
-    connect(types_, &QButtonGroup::idClicked, this, &SearchBar::searchTypeChosen);
-    connect(types_, &QButtonGroup::idToggled, this, &SearchBar::offerTerms);
-    return group;
+    auto* types = new Segments(tr("Search type"), this);
+    types->addSegment(tr("Artist"), tr("Find songs by artist"));
+    types->addSegment(tr("Tags"), tr("Find songs by tag(s, separated by comma)"));
+    types->addSegment(tr("Similar"), tr("Find songs by similar artists"));
+    connect(types, &Segments::pressed, this, &SearchBar::searchTypeChosen);
+    connect(types, &Segments::chosenChanged, this, &SearchBar::offerTerms);
+    return types;
 }
 
 // What was searched for before
@@ -115,7 +87,7 @@ void SearchBar::search(const QString& text)
 {
     if (terms_) {
         completer_->popup()->hide();
-        terms_->add(text, types_->checkedId());
+        terms_->add(text, types_->chosen());
         // Later: the completer has not yet done with the key and the row that led here.
         QMetaObject::invokeMethod(this, &SearchBar::offerTerms, Qt::QueuedConnection);
     }
@@ -125,7 +97,7 @@ void SearchBar::search(const QString& text)
 void SearchBar::offerTerms()
 {
     if (terms_)
-        offered_->setStringList(terms_->terms(types_->checkedId()));
+        offered_->setStringList(terms_->terms(types_->chosen()));
 }
 
 void SearchBar::showTerms()
@@ -143,7 +115,7 @@ void SearchBar::removeOfferedTerm()
 {
     const QModelIndex chosen = completer_->popup()->currentIndex();
     const int row = chosen.row();
-    terms_->remove(chosen.data().toString(), types_->checkedId());
+    terms_->remove(chosen.data().toString(), types_->chosen());
     offerTerms();
     field_->clear();
     completer_->setCompletionPrefix({});
@@ -176,8 +148,7 @@ bool SearchBar::eventFilter(QObject* watched, QEvent* event)
 
 void SearchBar::setSearchType(int type)
 {
-    if (auto* button = types_->button(type))
-        button->setChecked(true);
+    types_->setChosen(type);
 }
 
 void SearchBar::setPlaceholder(const QString& text)

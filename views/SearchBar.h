@@ -7,7 +7,6 @@
 
 #include <optional>
 
-class QButtonGroup;
 class QCompleter;
 class QLineEdit;
 class QStringListModel;
@@ -15,6 +14,7 @@ class QStringListModel;
 namespace zib {
 
 class BusyIndicator;
+class Segments;
 class UserDefaults;
 
 /// The search-type control with the search field beside it.
@@ -43,15 +43,15 @@ class SearchBar : public QWidget {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    QWidget* makeSegments();
+    Segments* makeTypes();
     void search(const QString& text);
     void offerTerms();
     void showTerms();
     void removeOfferedTerm();
 
-    QButtonGroup* types_;
+    Segments* types_;
     QLineEdit* field_;
-    BusyIndicator* busy_;
+    BusyIndicator* busy_; ///< over the magnifying glass
     std::optional<RecentTerms> terms_;
     QStringListModel* offered_ = nullptr;
     QCompleter* completer_ = nullptr;

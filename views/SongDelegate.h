@@ -30,7 +30,6 @@ class SongDelegate : public RowDelegate {
   private:
     void paintSongText(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index,
                        Ground ground) const;
-    void paintProgress(QPainter* painter, const QRect& cell, double part, Ground ground) const;
 
     SongTableModel& model_;
     QIcon speaker_;

@@ -55,12 +55,11 @@ SongInformationWindow::SongInformationWindow(FileViewController& songs, QWidget*
     if (one) {
         addOneSongOnly(form, shown);
     } else {
-        auto* hint = new QLabel(tr("An empty field leaves each song what it has. Only the year is set in any "
-                                   "case: empty, the songs have none. A new cover goes into all of them."),
-                                this);
-        hint->setObjectName(QStringLiteral("hint"));
-        hint->setWordWrap(true);
-        form->addRow(hint);
+        addHint(form,
+                tr("An empty field leaves each song what it has. Only the year is set in any case: empty, "
+                   "the songs have none."));
+        if (songs_.canChangeCover())
+            addHint(form, tr("A new cover goes into all of them."));
     }
     auto* sides = new QHBoxLayout;
     sides->setSpacing(3 * Theme::between);
@@ -129,6 +128,14 @@ QLineEdit* SongInformationWindow::makeField(const QString& name, const QString& 
     }
     connect(field, &QLineEdit::textChanged, this, [this] { songs_.textDidChange(); });
     return field;
+}
+
+void SongInformationWindow::addHint(QFormLayout* form, const QString& text)
+{
+    auto* hint = new QLabel(text, this);
+    hint->setObjectName(QStringLiteral("hint"));
+    hint->setWordWrap(true);
+    form->addRow(hint);
 }
 
 void SongInformationWindow::addPair(QFormLayout* form, const QString& label, QLineEdit* first,

@@ -28,6 +28,7 @@ class SongInformationWindow : public QDialog {
     QLineEdit* makeField(const QString& name, const QString& text, int greatest = 0);
     void addOneSongOnly(QFormLayout* form, const SongInformation& shown);
     [[nodiscard]] QLayout* makeButtons();
+    void addHint(QFormLayout* form, const QString& text);
     void addPair(QFormLayout* form, const QString& label, QLineEdit* first, QLineEdit* second);
 
     FileViewController& songs_;

@@ -98,10 +98,6 @@ void SongTable::removeSubviews()
 
 void SongTable::keyPressEvent(QKeyEvent* event)
 {
-    if (state() == EditingState) {
-        RowTable::keyPressEvent(event); // what the open field leaves of its keys
-        return;
-    }
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:

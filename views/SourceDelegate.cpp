@@ -3,6 +3,7 @@
 
 #include "views/Icons.h"
 #include "views/SourceModel.h"
+#include "views/TextDrawing.h"
 #include "views/Theme.h"
 
 #include <QAbstractItemView>
@@ -34,19 +35,18 @@ QRect groundOf(const QRect& row)
     return row.adjusted(side, apart, -side, -apart);
 }
 
-QRect iconArea(const QRect& row)
+QRect iconArea(const QStyleOptionViewItem& option)
 {
-    const int size = iconSize(row);
-    QRect area(groundOf(row).left() + Theme::between, 0, size, size);
-    area.moveTop(row.top() + (row.height() - size) / 2);
-    return area;
+    const int size = iconSize(option.rect);
+    return QStyle::alignedRect(option.direction, Qt::AlignLeft | Qt::AlignVCenter, {size, size},
+                               groundOf(option.rect).adjusted(Theme::between, 0, -Theme::between, 0));
 }
 
-QRect textArea(const QRect& row)
+QRect textArea(const QStyleOptionViewItem& option)
 {
-    QRect area = groundOf(row).adjusted(0, 0, -Theme::between, 0);
-    area.setLeft(iconArea(row).right() + 1 + Theme::between);
-    return area;
+    const QRect ground = groundOf(option.rect);
+    const int before = Theme::between + iconSize(option.rect) + Theme::between;
+    return QStyle::visualRect(option.direction, ground, ground.adjusted(before, 0, -Theme::between, 0));
 }
 
 void paintSeparator(QPainter* painter, const QRect& row)
@@ -64,7 +64,7 @@ void paintHeading(QPainter* painter, const QStyleOptionViewItem& option, const Q
     font.setLetterSpacing(QFont::AbsoluteSpacing, 0.4);
     painter->setFont(font);
     painter->setPen(Theme::current().secondary);
-    painter->drawText(option.rect.adjusted(2 * side, 0, -side, -Theme::within),
+    painter->drawText(option.rect.adjusted(2 * side, 0, -2 * side, -Theme::within),
                       Qt::AlignLeft | Qt::AlignBottom | Qt::TextSingleLine, title);
 }
 
@@ -72,7 +72,7 @@ void paintSelection(QPainter* painter, const QRect& row, bool hasKeyboard)
 {
     painter->setRenderHint(QPainter::Antialiasing);
     painter->setPen(Qt::NoPen);
-    painter->setBrush(hasKeyboard ? Theme::current().accent : Theme::current().border);
+    painter->setBrush(hasKeyboard ? Theme::current().accent : Theme::current().quiet);
     painter->drawRoundedRect(groundOf(row), Theme::corner, Theme::corner);
 }
 
@@ -91,12 +91,11 @@ void paintSource(QPainter* painter, const QStyleOptionViewItem& option, const QM
     const QString name = index.data(SourceModel::IconNameRole).toString();
     const Tint tint = selected && hasKeyboard ? Tint::OnAccent : selected ? Tint::Text : Tint::Secondary;
     icon(large && selected ? name + QLatin1String("-active") : name, tint)
-        .paint(painter, iconArea(option.rect), Qt::AlignCenter, enabled ? QIcon::Normal : QIcon::Disabled);
-    const QRect area = textArea(option.rect);
+        .paint(painter, iconArea(option), Qt::AlignCenter, enabled ? QIcon::Normal : QIcon::Disabled);
+    const QRect area = textArea(option);
     painter->setFont(option.font);
     painter->setPen(selected && hasKeyboard ? theme.onAccent : enabled ? theme.text : theme.unplayable);
-    painter->drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                      option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, area.width()));
+    drawLine(*painter, area, Qt::AlignLeft | Qt::AlignVCenter, option.direction, index.data().toString());
 }
 
 } // namespace
@@ -119,7 +118,7 @@ bool SourceDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view, const
 {
     const QString title = index.data().toString();
     if (event->type() == QEvent::ToolTip && index.data(Qt::ToolTipRole).toString().isEmpty() &&
-        option.fontMetrics.horizontalAdvance(title) > textArea(option.rect).width()) {
+        option.fontMetrics.horizontalAdvance(title) > textArea(option).width()) {
         QToolTip::showText(event->globalPos(), title.toHtmlEscaped(), view);
         return true;
     }
@@ -141,9 +140,11 @@ QWidget* SourceDelegate::createEditor(QWidget* parent, const QStyleOptionViewIte
 void SourceDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                                           const QModelIndex& /*index*/) const
 {
-    QRect area = textArea(option.rect).adjusted(-Theme::within, 0, Theme::within, 0);
-    area.setRight(groundOf(option.rect).right());
-    editor->setGeometry(area);
+    // To the end of the row's ground: what is typed may be long.
+    const QRect ground = groundOf(option.rect);
+    const QRect text = QStyle::visualRect(option.direction, ground, textArea(option));
+    const QRect area(QPoint(text.left() - Theme::within, text.top()), ground.bottomRight());
+    editor->setGeometry(QStyle::visualRect(option.direction, ground, area));
 }
 
 } // namespace zib

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "views/TextLabel.h"
 
+#include "views/TextDrawing.h"
+
 #include <QPainter>
 
 namespace zib {
@@ -31,9 +33,7 @@ void TextLabel::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setPen(palette().color(foregroundRole()));
-    const QRect area = contentsRect();
-    painter.drawText(area, int(alignment()) | Qt::TextSingleLine,
-                     fontMetrics().elidedText(text_, elideMode_, area.width()));
+    drawLine(painter, contentsRect(), alignment(), layoutDirection(), text_, elideMode_);
 }
 
 void TextLabel::resizeEvent(QResizeEvent* event)

@@ -20,6 +20,7 @@ struct Theme {
     QColor bar;       ///< bars and panels
     QColor source;    ///< ground of the source list
     QColor border;    ///< separators
+    QColor quiet;     ///< ground of what is pressed, or chosen where the keyboard is not
     QColor outline;   ///< edge of a control, apart from its ground by 3 to 1
     QColor text;
     QColor secondary; ///< text of less weight, on any of the grounds
@@ -28,20 +29,27 @@ struct Theme {
     QColor loved;
     QColor error;      ///< broken songs and errors
     QColor unplayable; ///< songs that can't be played now
+    QColor disabled;   ///< what can't be used now
     bool dark = false;
+    bool highContrast = false;
 
     static const Theme& light()
     {
-        static const Theme theme{0xffffff, 0xf6f8f9, 0xeceff1, 0xe3e8eb, 0xc9d1d6, 0x7c888f, 0x2f3437,
-                                 0x59646a, 0x4f6d7d, 0xffffff, 0xc8453b, 0xb3261e, 0x6a7378, false};
+        static const Theme theme{0xffffff, 0xf6f8f9, 0xeceff1, 0xe3e8eb, 0xc9d1d6, 0xc9d1d6,
+                                 0x7c888f, 0x2f3437, 0x59646a, 0x4f6d7d, 0xffffff, 0xc8453b,
+                                 0xb3261e, 0x6a7378, 0x7c888f, false};
         return theme;
     }
     static const Theme& darkTheme()
     {
-        static const Theme theme{0x1d2225, 0x22282b, 0x262d31, 0x20272b, 0x38424a, 0x77848c, 0xe6eaec,
-                                 0x9aa6ad, 0x8fb0c1, 0x1d2225, 0xe2685e, 0xef8a80, 0x84919a, true};
+        static const Theme theme{0x1d2225, 0x22282b, 0x262d31, 0x20272b, 0x38424a, 0x38424a,
+                                 0x77848c, 0xe6eaec, 0x9aa6ad, 0x8fb0c1, 0x1d2225, 0xe2685e,
+                                 0xef8a80, 0x84919a, 0x77848c, true};
         return theme;
     }
+    /// That of a desktop whose palette leaves black and white only: its own colours, edges of everything in
+    /// that of the text, and no colour that is hard to tell from its ground.
+    static Theme highContrastOf(const QPalette& desktop);
     /// The one in use.
     static const Theme& current();
 
@@ -57,9 +65,19 @@ struct Theme {
     static constexpr int corner = 6;
 };
 
-/// Gives the program its look: dark when the desktop's palette is, unless the setting "Appearance" says
-/// "light" or "dark"; follows later changes of that setting. Once, before the first window.
+/// How two colours stand out from each other, from 1 to 21 as the accessibility guidelines for the web count
+/// it.
+[[nodiscard]] double contrast(const QColor& a, const QColor& b);
+
+/// Gives the program its look: that of high contrast when the desktop's palette is, else dark when that is,
+/// unless the setting "Appearance" says "light" or "dark"; follows later changes of that setting. Once,
+/// before the first window.
 void applyTheme(QApplication& application, UserDefaults& defaults);
+
+/// Gives the program that look, whatever the settings say.
+void useTheme(QApplication& application, const Theme& theme);
+/// The same for whether things that move have to stand still.
+void useMotion(bool reduced);
 
 /// Whether things that move have to stand still: the desktop asks for it, or the setting "ReduceMotion" does.
 bool motionReduced(const QWidget& widget);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "views/Ticker.h"
 
+#include "views/TextDrawing.h"
 #include "views/Theme.h"
 
 #include <QEvent>
@@ -48,12 +49,16 @@ void Ticker::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setPen(palette().color(foregroundRole()));
     if (!isScrolling()) {
-        painter.drawText(rect(), Qt::AlignVCenter, fontMetrics().elidedText(text_, Qt::ElideRight, width()));
+        drawLine(painter, rect(), Qt::AlignLeft | Qt::AlignVCenter, layoutDirection(), text_);
         return;
     }
     const int round = textWidth() + gap;
-    for (int left = -offset(); left < width(); left += round)
-        painter.drawText(QRect(left, 0, textWidth(), height()), Qt::AlignVCenter, text_);
+    const bool fromRight = text_.isRightToLeft();
+    for (int begin = -offset(); begin < width(); begin += round) {
+        const int left = fromRight ? width() - begin - textWidth() : begin;
+        drawLine(painter, QRect(left, 0, textWidth(), height()), Qt::AlignLeft | Qt::AlignVCenter,
+                 layoutDirection(), text_, Qt::ElideNone);
+    }
 }
 
 void Ticker::resizeEvent(QResizeEvent*)

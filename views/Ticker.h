@@ -10,7 +10,7 @@
 namespace zib {
 
 /// One line of text that scrolls round, 30 pixels a second after a pause, when it is wider than its place and
-/// motion is wanted; otherwise it stands, cut with "…".
+/// motion is wanted; otherwise it stands, cut with "…". A text that is read from the right scrolls that way.
 class Ticker : public QWidget, public ShowsText {
     Q_OBJECT
 
@@ -33,7 +33,7 @@ class Ticker : public QWidget, public ShowsText {
 
   private:
     void restart();
-    /// How far the text has moved to the left, in pixels.
+    /// How far the text has moved towards its own beginning, in pixels.
     [[nodiscard]] int offset() const;
     [[nodiscard]] int textWidth() const;
 

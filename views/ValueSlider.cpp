@@ -56,12 +56,16 @@ void ValueSlider::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
+    if (isRightToLeft()) {
+        painter.translate(width(), 0);
+        painter.scale(-1, 1);
+    }
 
     const QRectF track(knob / 2.0, (height() - groove) / 2.0, width() - knob, groove);
     const double filled = track.width() * value() / 100.0;
     if (!isEnabled() && value() == 0) // nothing to show the progress of
         return;
-    painter.setBrush(isEnabled() ? theme.outline : theme.border);
+    painter.setBrush(isEnabled() ? theme.outline : theme.quiet);
     painter.drawRoundedRect(track, groove / 2.0, groove / 2.0);
     if (!isEnabled())
         return;
@@ -132,7 +136,8 @@ void ValueSlider::leaveEvent(QEvent* event)
 double ValueSlider::percentAt(double x) const
 {
     const double length = qMax(1, width() - knob);
-    return qBound(0.0, (x - knob / 2.0) / length * 100, 100.0);
+    const double fromBegin = isRightToLeft() ? width() - x : x;
+    return qBound(0.0, (fromBegin - knob / 2.0) / length * 100, 100.0);
 }
 
 void ValueSlider::moveTo(double percent, bool report)

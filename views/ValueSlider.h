@@ -8,7 +8,7 @@
 namespace zib {
 
 /// A drawn horizontal slider from 0 to 100: a click or drag goes straight to its place, the wheel and keys
-/// step.
+/// step. It begins where reading begins.
 class ValueSlider : public QSlider {
     Q_OBJECT
 

@@ -4,6 +4,7 @@
 #include "platform/SettingsKeys.h"
 #include "tests/fakes/FakeUserDefaults.h"
 #include "views/SearchBar.h"
+#include "views/TextDrawing.h"
 #include "views/TextLabel.h"
 #include "views/Theme.h"
 #include "views/Ticker.h"
@@ -14,6 +15,7 @@
 #include <QApplication>
 #include <QCompleter>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
 #include <QTest>
 
@@ -47,6 +49,36 @@ TEST(ValueSlider, GoesStraightToTheClickedPlace)
     EXPECT_EQ(chosen.last, 100);
     QTest::mouseClick(&slider, Qt::LeftButton, {}, QPoint(0, 10));
     EXPECT_EQ(chosen.last, 0);
+}
+
+TEST(ValueSlider, BeginsWhereReadingBegins)
+{
+    VolumeSlider slider;
+    slider.setLayoutDirection(Qt::RightToLeft);
+    slider.resize(212, 20);
+    Chosen chosen(slider);
+    QTest::mouseClick(&slider, Qt::LeftButton, {}, QPoint(56, 10));
+    EXPECT_NEAR(chosen.last, 75, 0.5);
+    const QImage drawn = slider.grab().toImage();
+    EXPECT_EQ(drawn.pixelColor(170, 10), Theme::current().accent);
+    EXPECT_NE(drawn.pixelColor(20, 10), Theme::current().accent);
+    QTest::keyClick(&slider, Qt::Key_Left);
+    EXPECT_EQ(chosen.last, 80);
+}
+
+TEST(TextDrawing, ReadsATextItsOwnWayOnTheWindowsSide)
+{
+    constexpr int width = 200;
+    const auto drawn = [](Qt::Alignment side, Qt::LayoutDirection ofWindow) {
+        QImage image(width, 20, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        drawLine(painter, image.rect(), side | Qt::AlignVCenter, ofWindow, QStringLiteral("Dr. No!"));
+        painter.end();
+        return image;
+    };
+    EXPECT_EQ(drawn(Qt::AlignLeft, Qt::RightToLeft), drawn(Qt::AlignRight, Qt::LeftToRight));
+    EXPECT_NE(drawn(Qt::AlignLeft, Qt::RightToLeft), drawn(Qt::AlignLeft, Qt::LeftToRight));
 }
 
 TEST(ValueSlider, WhatTheProgramShowsIsNoChoice)

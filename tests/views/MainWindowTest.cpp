@@ -2,6 +2,7 @@
 // Hunts: a control that does nothing, does it twice or can't be found; a row that shows the wrong state; a
 // layout or a place that is forgotten.
 #include "tests/views/WindowFixture.h"
+#include "views/ControlBar.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -72,6 +73,23 @@ TEST_F(MainWindowTest, TheTabKeyReachesEveryControl)
     for (const char* name : {"Back", "Play or pause", "Next", "Song progress", "Love", "Volume", "Search",
                              "Sources", "Songs", "Menu"})
         EXPECT_TRUE(reached.contains(QString::fromLatin1(name))) << name;
+}
+
+TEST_F(MainWindowTest, ADoubleClickOnTheBarsEmptyPartsMakesTheWindowAsLargeAsTheScreen)
+{
+    auto* bar = window->findChild<ControlBar*>();
+    const auto clickAt = [&](const QPoint& place) {
+        QTest::mouseDClick(window->childAt(bar->mapTo(window.get(), place)), Qt::LeftButton);
+        return window->isMaximized();
+    };
+    const auto middleOf = [&](const char* name) {
+        auto* control = widget<QWidget>(QString::fromLatin1(name));
+        return control->mapTo(bar, control->rect().center());
+    };
+    EXPECT_FALSE(clickAt(middleOf("Next")));
+    EXPECT_FALSE(clickAt(middleOf("Love"))) << "no song: it can't be pressed, but is no handle either";
+    EXPECT_TRUE(clickAt(middleOf("Now playing")));
+    EXPECT_FALSE(clickAt({bar->width() - 2, 2}));
 }
 
 TEST_F(MainWindowTest, TypingASearchListsItsSongs)

@@ -7,9 +7,12 @@
 #include "views/SongInformationWindow.h"
 
 #include <QBuffer>
+#include <QLabel>
 #include <QPushButton>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace zib {
 namespace {
@@ -59,6 +62,25 @@ TEST_F(SongInformationTest, ACoverIsReplacedAndRemoved)
             button->click();
     songs.save(again.information());
     EXPECT_EQ(songs.cover(), QByteArray());
+}
+
+TEST_F(SongInformationTest, SpeaksOfACoverForSeveralSongsOnlyWhereOneCanBeGiven)
+{
+    const QList<Record> tracks{song(1, QStringLiteral("http://h/1.mp3"), {}),
+                               song(2, QStringLiteral("http://h/2.mp3"), {})};
+    FileViewController songs(*library, tags, defaults);
+    const auto speaksOfCover = [&] {
+        songs.open(tracks);
+        const SongInformationWindow information(songs, window.get());
+        const auto hints = information.findChildren<QLabel*>(QStringLiteral("hint"));
+        return std::any_of(hints.cbegin(), hints.cend(), [](const QLabel* hint) {
+            return hint->text().contains(QLatin1String("new cover"));
+        });
+    };
+    EXPECT_FALSE(speaksOfCover());
+    for (const Record& track : tracks)
+        tags.files.insert(SongPaths(defaults).filePath(track), {});
+    EXPECT_TRUE(speaksOfCover());
 }
 
 } // namespace

@@ -12,43 +12,64 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cmath>
-
 namespace zib {
 namespace {
 
-double luminance(const QColor& colour)
+/// A palette of a desktop, by the ground of windows and what stands on it.
+QPalette paletteOf(const QColor& ground, const QColor& text, const QColor& highlight)
 {
-    const auto part = [](double value) {
-        return value <= 0.03928 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF());
-}
-
-double contrast(const QColor& a, const QColor& b)
-{
-    const auto [low, high] = std::minmax({luminance(a), luminance(b)});
-    return (high + 0.05) / (low + 0.05);
+    QPalette palette(text, ground, text, ground, ground, text, text, ground, ground);
+    palette.setColor(QPalette::Highlight, highlight);
+    palette.setColor(QPalette::HighlightedText, ground);
+    return palette;
 }
 
 TEST(Theme, TextStandsOutFromEveryGroundItIsDrawnOn)
 {
-    for (const Theme* theme : {&Theme::light(), &Theme::darkTheme()}) {
-        SCOPED_TRACE(theme->dark ? "dark" : "light");
-        for (const QColor& ground : {theme->window, theme->alternate, theme->bar, theme->source}) {
-            EXPECT_GE(contrast(theme->text, ground), 4.5);
-            EXPECT_GE(contrast(theme->secondary, ground), 4.5);
+    const std::pair<const char*, Theme> themes[] = {
+        {"light", Theme::light()},
+        {"dark", Theme::darkTheme()},
+        {"black on white", Theme::highContrastOf(paletteOf(Qt::white, Qt::black, 0x0037c8))},
+        {"white on black", Theme::highContrastOf(paletteOf(Qt::black, Qt::white, 0xffd800))},
+        {"a highlight that can't be told", Theme::highContrastOf(paletteOf(Qt::black, Qt::white, 0x101060))}};
+    for (const auto& [name, theme] : themes) {
+        SCOPED_TRACE(name);
+        for (const QColor& ground : {theme.window, theme.alternate, theme.bar, theme.source}) {
+            EXPECT_GE(contrast(theme.text, ground), 4.5);
+            EXPECT_GE(contrast(theme.secondary, ground), 4.5);
         }
-        for (const QColor& ground : {theme->window, theme->alternate}) {
-            EXPECT_GE(contrast(theme->error, ground), 4.5);
-            EXPECT_GE(contrast(theme->unplayable, ground), 4.5);
+        for (const QColor& ground : {theme.window, theme.alternate}) {
+            EXPECT_GE(contrast(theme.error, ground), 4.5);
+            EXPECT_GE(contrast(theme.unplayable, ground), 4.5);
         }
-        EXPECT_GE(contrast(theme->onAccent, theme->accent), 4.5);
-        for (const QColor& ground : {theme->window, theme->alternate, theme->bar})
-            for (const QColor& control : {theme->accent, theme->loved, theme->outline})
+        EXPECT_GE(contrast(theme.onAccent, theme.accent), 4.5);
+        EXPECT_GE(contrast(theme.text, theme.quiet), 4.5);
+        for (const QColor& ground : {theme.window, theme.alternate, theme.bar})
+            for (const QColor& control : {theme.accent, theme.loved, theme.outline, theme.disabled})
                 EXPECT_GE(contrast(control, ground), 3);
+        for (const QColor& mark : {theme.accent, theme.error, theme.secondary})
+            EXPECT_GE(contrast(mark, theme.quiet), 3) << "marks of a selected row without the keyboard";
     }
+}
+
+TEST(Theme, HonoursADesktopOfHighContrastAndTakesNoOtherForOne)
+{
+    const QColor highlight(0xffd800);
+    const std::tuple<const char*, QPalette, QString, bool> desktops[] = {
+        {"white on black", paletteOf(Qt::black, Qt::white, highlight), QString(), true},
+        {"the user wants it light", paletteOf(Qt::black, Qt::white, highlight), QStringLiteral("light"),
+         false},
+        {"the toolkit's own", paletteOf(0xefefef, Qt::black, 0x308cc6), QString(), false},
+        {"an ordinary dark one", paletteOf(0x1e1e1e, Qt::white, 0x308cc6), QString(), false}};
+    for (const auto& [name, palette, appearance, isHonoured] : desktops) {
+        SCOPED_TRACE(name);
+        FakeUserDefaults defaults({{settings::Appearance, appearance}});
+        qApp->setPalette(palette);
+        applyTheme(*qApp, defaults);
+        EXPECT_EQ(Theme::current().highContrast, isHonoured);
+        EXPECT_EQ(qApp->palette().color(QPalette::Highlight) == highlight, isHonoured);
+    }
+    useTheme(*qApp, Theme::light());
 }
 
 TEST(Theme, TheStyleSheetKnowsEveryRoleItNames)
