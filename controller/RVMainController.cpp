@@ -18,9 +18,8 @@ RVMainController::RVMainController(RVDataManager& dataManager, RVPlayer& player,
                                    const SharingPorts& sharing)
     : player_(player)
     , notices_(defaults, alerts, desktop)
-    , undo_(defaults)
     , downloads_(dataManager, services, defaults, alerts)
-    , removal_({dataManager, downloads_, defaults, trash, alerts, desktop, undo_})
+    , removal_({dataManager, downloads_, defaults, trash, alerts, desktop})
     , information_(dataManager, tags, defaults)
     , editing_(dataManager, tags, defaults, alerts)
     , webController_(window.webView(), services, defaults, desktop, pageResources)
@@ -29,8 +28,7 @@ RVMainController::RVMainController(RVDataManager& dataManager, RVPlayer& player,
                .defaults = defaults,
                .window = window,
                .notices = notices_,
-               .pages = webController_,
-               .undo = undo_}
+               .pages = webController_}
     , playback_(context_, player, services)
     , sources_(context_, playback_, window.outlineView())
     , search_(context_, playback_, sources_, services)

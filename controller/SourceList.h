@@ -90,8 +90,6 @@ class SourceList : public SourceListing {
     void changeItemView() override;
 
   private:
-    class RemovedLists;
-
     void addRecentSection();
     void addLibrarySection();
     void addPlaylistsSection();

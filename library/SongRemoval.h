@@ -5,6 +5,8 @@
 
 #include <QList>
 #include <QObject>
+#include <QSet>
+#include <QString>
 
 namespace zib {
 
@@ -13,11 +15,9 @@ class Desktop;
 class RVDataManager;
 class SongDownloads;
 class Trash;
-class UndoStack;
 class UserDefaults;
 
-/// Takes songs out of the library, with their files into the trash, or out of a playlist; all of it can be
-/// undone. Main thread.
+/// Takes songs out of the library, with their files into the trash, or out of a playlist. Main thread.
 class SongRemoval : public QObject {
     Q_OBJECT
 
@@ -30,7 +30,6 @@ class SongRemoval : public QObject {
         Trash& trash;
         Alerts& alerts;
         Desktop& desktop;
-        UndoStack& undo;
     };
     explicit SongRemoval(const Needs& needs);
 
@@ -41,8 +40,12 @@ class SongRemoval : public QObject {
     void removeBrokenLinks();
 
   private:
-    void removeFromLibrary(const QList<Record>& songs, bool withFiles);
+    void removeFromLibrary(const QList<Record>& songs);
     void removeFromPlaylist(const QList<int>& rows);
+    /// Out of the library and all playlists.
+    void forget(const QList<Record>& songs);
+    /// The files among the songs' locations that no song of the library plays from any more.
+    [[nodiscard]] QStringList filesOf(const QList<Record>& songs) const;
 
     Needs needs_;
 };

@@ -38,8 +38,7 @@ class AutomaticListsTest : public ControllerFixture {
                               .defaults = defaults,
                               .window = window,
                               .notices = notices,
-                              .pages = controller->webController(),
-                              .undo = controller->undo()};
+                              .pages = controller->webController()};
     FakeSourceListing sources;
     SearchFlow flow{context, controller->playback(), sources, {urlLoader, defaults, clock}};
 };
