@@ -95,11 +95,8 @@ void MprisPlayer::setRate(double rate)
 
 void MprisPlayer::setVolume(double level)
 {
-    if (std::isnan(level))
-        return;
-    level = qBound(0.0, level, 1.0);
-    defaults_.setValue(settings::SoundLevel, level);
-    playback_.setSoundLevel(float(level));
+    if (!std::isnan(level))
+        playback_.soundLevel().set(qBound(0.0, level, 1.0));
 }
 
 void MprisPlayer::Next()

@@ -24,7 +24,6 @@ namespace {
 Q_LOGGING_CATEGORY(log, "zib.controller")
 
 constexpr int secondsThatGoBack = 4;
-constexpr float volumeStep = 0.1F;
 
 struct Texts {
     Q_DECLARE_TR_FUNCTIONS(PlaybackQueue)
@@ -36,6 +35,7 @@ PlaybackQueue::PlaybackQueue(ControllerContext& context, RVPlayer& player, const
     : context_(context)
     , player_(player)
     , clock_(services.clock)
+    , soundLevel_(player, context.defaults)
     , streamReports_(context)
     , display_(context, services)
 {
@@ -260,7 +260,7 @@ void PlaybackQueue::countPlay()
     context_.dataManager.saveLibrary();
 }
 
-// Position and loudness
+// Position
 
 void PlaybackQueue::scanTrack(double percent)
 {
@@ -274,67 +274,6 @@ void PlaybackQueue::seek(double seconds)
 {
     if (canSeek())
         scanTrack(seconds / player_.length() * 100);
-}
-
-void PlaybackQueue::setSoundLevel(float level)
-{
-    player_.setVolume(level);
-}
-
-// A step can leave the range by less than a step; the next one in that direction is refused.
-
-void PlaybackQueue::volumeUp()
-{
-    const auto level = float(context_.defaults.real(settings::SoundLevel));
-    if (level >= 1.0F)
-        return;
-    player_.setVolume(level + volumeStep);
-    context_.defaults.setValue(settings::SoundLevel, level + volumeStep);
-}
-
-void PlaybackQueue::volumeDown()
-{
-    const auto level = float(context_.defaults.real(settings::SoundLevel));
-    if (level <= 0.0F)
-        return;
-    player_.setVolume(level - volumeStep);
-    context_.defaults.setValue(settings::SoundLevel, level - volumeStep);
-}
-
-// Love
-
-void PlaybackQueue::addCurrentFavorite(bool on)
-{
-    Record track = nowplayingTrack();
-    if (!track)
-        return;
-    context_.dataManager.addFavorite(track);
-    track.set(keys::Favorite, on);
-    Q_EMIT trackChanged();
-    if (on)
-        noticeLove();
-}
-
-void PlaybackQueue::addFavorite(int row)
-{
-    const Record track = context_.dataManager.items().value(row);
-    if (!track)
-        return;
-    const bool loved = !track.boolean(keys::Favorite);
-    if (track.string(keys::Id) == nowplayingTrackID())
-        context_.window.setFavorite(loved);
-    context_.dataManager.markFavoriteAtIndex(row);
-    Q_EMIT trackChanged();
-    if (loved)
-        noticeLove();
-}
-
-void PlaybackQueue::noticeLove()
-{
-    context_.notices.runSuppressibleNotice(
-        Texts::tr("You just loved a song. This is a good thing! The more songs you love, the better "
-                  "recommendations you get."),
-        settings::SupressDialogFavorites);
 }
 
 // What the player reports
@@ -368,7 +307,7 @@ void PlaybackQueue::playbackStateChanged(AudioStreamer& streamer)
             endOfSong();
     } else if (streamer.isPlaying()) {
         window.setLoaderAnimating(false);
-        player_.setVolume(float(context_.defaults.real(settings::SoundLevel)));
+        soundLevel_.restore();
         window.setStreamingMarkVisible(true);
         setArtworkForCurrentTrack();
         window.setPlaying(true);

@@ -3,6 +3,7 @@
 
 #include "controller/NowPlayingDisplay.h"
 #include "controller/NowPlayingSnapshot.h"
+#include "controller/SoundLevel.h"
 #include "controller/StreamReports.h"
 #include "playback/RVPlayer.h"
 #include "records/Record.h"
@@ -39,17 +40,9 @@ class PlaybackQueue : public QObject, public RVPlayerDelegate {
     void scanTrack(double percent);
     /// The same by a time from the beginning, 0 to length().
     void seek(double seconds);
-    /// @param level 0 to 1.
-    void setSoundLevel(float level);
-    void volumeUp();
-    void volumeDown();
+    [[nodiscard]] SoundLevel& soundLevel() { return soundLevel_; }
     /// The machine goes to sleep.
     void pause();
-
-    /// The love button was switched. @param on its new state.
-    void addCurrentFavorite(bool on);
-    /// The heart of a row was pressed.
-    void addFavorite(int row);
 
     /// The length of the song now playing in seconds, 0 while unknown.
     [[nodiscard]] int duration() const { return player_.duration(); }
@@ -102,6 +95,9 @@ class PlaybackQueue : public QObject, public RVPlayerDelegate {
             snapshot_->playlistIndex = index;
     }
 
+    /// Songs were loved or no longer are, the one now playing perhaps.
+    void songsChanged() { Q_EMIT trackChanged(); }
+
     // From the player
     void updateProgress() override;
     void playbackStateChanged(AudioStreamer& streamer) override;
@@ -138,11 +134,11 @@ class PlaybackQueue : public QObject, public RVPlayerDelegate {
     /// Plays the first playable item from a place on, in steps of 1 or -1; stops when there is none.
     void playFrom(int index, int step);
     void adoptLocalFile(Record& track);
-    void noticeLove();
 
     ControllerContext& context_;
     RVPlayer& player_;
     const Clock& clock_;
+    SoundLevel soundLevel_;
     StreamReports streamReports_;
     std::optional<NowPlayingSnapshot> snapshot_;
     NowPlayingDisplay display_;

@@ -30,6 +30,7 @@ RVMainController::RVMainController(RVDataManager& dataManager, RVPlayer& player,
                .notices = notices_,
                .pages = webController_}
     , playback_(context_, player, services)
+    , loving_(context_, playback_)
     , sources_(context_, playback_, window.outlineView())
     , search_(context_, playback_, sources_, services)
     , downloading_(context_, playback_, downloads_)

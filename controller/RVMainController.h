@@ -3,6 +3,7 @@
 
 #include "controller/ControllerContext.h"
 #include "controller/DownloadActions.h"
+#include "controller/LoveActions.h"
 #include "controller/Notices.h"
 #include "controller/PlaybackQueue.h"
 #include "controller/SearchFlow.h"
@@ -43,6 +44,7 @@ class RVMainController : public RVDataManagerDelegate,
     [[nodiscard]] RVDataManager& dataManager() { return context_.dataManager; }
     [[nodiscard]] PlaybackQueue& playback() { return playback_; }
     [[nodiscard]] const PlaybackQueue& playback() const { return playback_; }
+    [[nodiscard]] LoveActions& loving() { return loving_; }
     [[nodiscard]] SearchFlow& search() { return search_; }
     [[nodiscard]] SourceList& sources() { return sources_; }
     [[nodiscard]] DownloadActions& downloading() { return downloading_; }
@@ -123,6 +125,7 @@ class RVMainController : public RVDataManagerDelegate,
     RVWebViewController webController_;
     ControllerContext context_;
     PlaybackQueue playback_;
+    LoveActions loving_;
     SourceList sources_;
     SearchFlow search_;
     DownloadActions downloading_;

@@ -250,6 +250,13 @@
     </message>
 </context>
 <context>
+    <name>LoveActions</name>
+    <message>
+        <source>You just loved a song. This is a good thing! The more songs you love, the better recommendations you get.</source>
+        <translation>Ein Song ist jetzt ein Favorit. Das ist gut so! Je mehr Favoriten, desto besser die Empfehlungen.</translation>
+    </message>
+</context>
+<context>
     <name>MovieFile</name>
     <message>
         <source>“%1” is not a file.</source>
@@ -435,10 +442,6 @@
     <message>
         <source>This computer’s Internet connection appears to be offline.</source>
         <translation>Dieser Computer scheint nicht mit dem Internet verbunden zu sein.</translation>
-    </message>
-    <message>
-        <source>You just loved a song. This is a good thing! The more songs you love, the better recommendations you get.</source>
-        <translation>Ein Song ist jetzt ein Favorit. Das ist gut so! Je mehr Favoriten, desto besser die Empfehlungen.</translation>
     </message>
     <message>
         <source>Buffering...</source>
@@ -1611,17 +1614,6 @@ Der Link wurde in die Zwischenablage kopiert.</translation>
     </message>
 </context>
 <context>
-    <name>zib::MainWindow</name>
-    <message>
-        <source>Status</source>
-        <translation>Status</translation>
-    </message>
-    <message>
-        <source>About the shown songs or link</source>
-        <translation>Zu den gezeigten Songs oder zum Link</translation>
-    </message>
-</context>
-<context>
     <name>zib::NoticesPage</name>
     <message>
         <source>Show all again</source>
@@ -2382,6 +2374,17 @@ Der Link wurde in die Zwischenablage kopiert.</translation>
     <message>
         <source>Play</source>
         <translation>Abspielen</translation>
+    </message>
+</context>
+<context>
+    <name>zib::StatusLine</name>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>About the shown songs or link</source>
+        <translation>Zu den gezeigten Songs oder zum Link</translation>
     </message>
 </context>
 <context>

@@ -250,6 +250,13 @@
     </message>
 </context>
 <context>
+    <name>LoveActions</name>
+    <message>
+        <source>You just loved a song. This is a good thing! The more songs you love, the better recommendations you get.</source>
+        <translation>Una canción más entre las favoritas. ¡Eso está bien! Cuantas más favoritas, mejores recomendaciones.</translation>
+    </message>
+</context>
+<context>
     <name>MovieFile</name>
     <message>
         <source>“%1” is not a file.</source>
@@ -435,10 +442,6 @@
     <message>
         <source>This computer’s Internet connection appears to be offline.</source>
         <translation>Este equipo no parece estar conectado a Internet.</translation>
-    </message>
-    <message>
-        <source>You just loved a song. This is a good thing! The more songs you love, the better recommendations you get.</source>
-        <translation>Una canción más entre las favoritas. ¡Eso está bien! Cuantas más favoritas, mejores recomendaciones.</translation>
     </message>
     <message>
         <source>Buffering...</source>
@@ -1611,17 +1614,6 @@ El enlace se ha copiado al portapapeles.</translation>
     </message>
 </context>
 <context>
-    <name>zib::MainWindow</name>
-    <message>
-        <source>Status</source>
-        <translation>Estado</translation>
-    </message>
-    <message>
-        <source>About the shown songs or link</source>
-        <translation>Sobre las canciones mostradas o el enlace</translation>
-    </message>
-</context>
-<context>
     <name>zib::NoticesPage</name>
     <message>
         <source>Show all again</source>
@@ -2382,6 +2374,17 @@ El enlace se ha copiado al portapapeles.</translation>
     <message>
         <source>Play</source>
         <translation>Reproducir</translation>
+    </message>
+</context>
+<context>
+    <name>zib::StatusLine</name>
+    <message>
+        <source>Status</source>
+        <translation>Estado</translation>
+    </message>
+    <message>
+        <source>About the shown songs or link</source>
+        <translation>Sobre las canciones mostradas o el enlace</translation>
     </message>
 </context>
 <context>

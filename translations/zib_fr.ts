@@ -250,6 +250,13 @@
     </message>
 </context>
 <context>
+    <name>LoveActions</name>
+    <message>
+        <source>You just loved a song. This is a good thing! The more songs you love, the better recommendations you get.</source>
+        <translation>Un morceau vient de rejoindre les favoris. C’est une bonne chose&#xa0;! Plus il y a de favoris, meilleures sont les recommandations.</translation>
+    </message>
+</context>
+<context>
     <name>MovieFile</name>
     <message>
         <source>“%1” is not a file.</source>
@@ -435,10 +442,6 @@
     <message>
         <source>This computer’s Internet connection appears to be offline.</source>
         <translation>Cet ordinateur ne semble pas être connecté à Internet.</translation>
-    </message>
-    <message>
-        <source>You just loved a song. This is a good thing! The more songs you love, the better recommendations you get.</source>
-        <translation>Un morceau vient de rejoindre les favoris. C’est une bonne chose&#xa0;! Plus il y a de favoris, meilleures sont les recommandations.</translation>
     </message>
     <message>
         <source>Buffering...</source>
@@ -1611,17 +1614,6 @@ Le lien a été copié dans le presse-papiers.</translation>
     </message>
 </context>
 <context>
-    <name>zib::MainWindow</name>
-    <message>
-        <source>Status</source>
-        <translation>État</translation>
-    </message>
-    <message>
-        <source>About the shown songs or link</source>
-        <translation>À propos des morceaux affichés ou du lien</translation>
-    </message>
-</context>
-<context>
     <name>zib::NoticesPage</name>
     <message>
         <source>Show all again</source>
@@ -2382,6 +2374,17 @@ Le lien a été copié dans le presse-papiers.</translation>
     <message>
         <source>Play</source>
         <translation>Lire</translation>
+    </message>
+</context>
+<context>
+    <name>zib::StatusLine</name>
+    <message>
+        <source>Status</source>
+        <translation>État</translation>
+    </message>
+    <message>
+        <source>About the shown songs or link</source>
+        <translation>À propos des morceaux affichés ou du lien</translation>
     </message>
 </context>
 <context>

@@ -109,18 +109,16 @@ void ControlBar::attach(RVMainController& controller)
     connect(back_, &QToolButton::clicked, this, [&playback] { playback.backTrack(); });
     connect(playPause_, &QToolButton::clicked, this, [&playback] { playback.playPause(); });
     connect(next_, &QToolButton::clicked, this, [&playback] { playback.nextTrack(); });
-    connect(love_, &QToolButton::clicked, this, [this, &playback](bool on) {
+    connect(love_, &QToolButton::clicked, this, [this, &controller](bool on) {
         setFavorite(on);
-        playback.addCurrentFavorite(on);
+        controller.loving().addCurrentFavorite(on);
     });
     connect(download_, &QToolButton::clicked, this,
             [&controller](bool on) { controller.downloading().downloadCurrentSong(on); });
     connect(panel_, &NowPlayingPanel::scanRequested, this,
             [&playback](double percent) { playback.scanTrack(percent); });
-    connect(volume_, &VolumeSlider::chosen, this, [this, &playback](double percent) {
-        defaults_.setValue(settings::SoundLevel, percent / 100);
-        playback.setSoundLevel(float(percent / 100));
-    });
+    connect(volume_, &VolumeSlider::chosen, this,
+            [&playback](double percent) { playback.soundLevel().set(percent / 100); });
     connect(search_, &SearchBar::searchTypeChosen, this,
             [&controller](int type) { controller.search().radioTypeSelected(type); });
     connect(search_, &SearchBar::searchRequested, this,

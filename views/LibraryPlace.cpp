@@ -46,7 +46,7 @@ void LibraryPlace::attach(RVMainController& controller)
     panes_->setLibrary(controller.dataManager());
     connect(table_, &SongTable::activated, this, [&controller] { controller.playback().songSelected(); });
     connect(table_, &SongTable::loveToggled, this,
-            [&controller](int row) { controller.playback().addFavorite(row); });
+            [&controller](int row) { controller.loving().addFavorite(row); });
     connect(table_, &SongTable::downloadPressed, this,
             [&controller](int row) { controller.downloading().downloadSong(row); });
     connect(table_, &SongTable::deletePressed, this, [&controller] { controller.deleteSelectedItems(); });

@@ -3,8 +3,6 @@
 
 #include "controller/RVMainController.h"
 #include "library/RVDataManager.h"
-#include "platform/SettingsKeys.h"
-#include "platform/UserDefaults.h"
 #include "views/AddToLibraryPanel.h"
 #include "views/ControlBar.h"
 #include "views/FilterField.h"
@@ -15,8 +13,7 @@
 #include "views/SongInformationWindow.h"
 #include "views/SourceListView.h"
 #include "views/SourcePane.h"
-#include "views/TextLabel.h"
-#include "views/Theme.h"
+#include "views/StatusLine.h"
 #include "views/WelcomePlace.h"
 #include "views/WindowSession.h"
 
@@ -38,7 +35,6 @@ namespace {
 constexpr QSize smallestWindow(960, 600);
 constexpr QSize comfortableWindow(1280, 800);
 constexpr int sourceListWidth = 200;
-constexpr int filterWidth = 220;
 constexpr int titleBarHeight = 40; // no desktop's is higher
 
 /// The files on this computer among what is dragged.
@@ -58,6 +54,7 @@ MainWindow::MainWindow(UserDefaults& defaults, PagePane pages)
     : defaults_(defaults)
     , pages_(pages)
     , bar_(new ControlBar(defaults, this))
+    , statusLine_(new StatusLine(defaults, this))
 {
     setWindowTitle(QStringLiteral("Zib"));
     setMinimumSize(smallestWindow);
@@ -69,16 +66,11 @@ MainWindow::MainWindow(UserDefaults& defaults, PagePane pages)
     layout->addWidget(bar_);
     QSplitter* panes = makeMainArea();
     layout->addWidget(panes, 1);
-    layout->addWidget(makeStatusLine());
+    layout->addWidget(statusLine_);
     setCentralWidget(content);
     session_ = std::make_unique<WindowSession>(
         defaults_, WindowSession::Parts{*this, *panes, sources_->list(), place_->panes()});
     restorePlace();
-    status_->setShownText(defaults_.string(settings::BriefStatusMessage));
-    connect(&defaults_, &UserDefaults::changed, this, [this](const QString& key) {
-        if (key == settings::BriefStatusMessage)
-            status_->setShownText(defaults_.string(key));
-    });
     qApp->installEventFilter(this);
 }
 
@@ -113,25 +105,6 @@ QSplitter* MainWindow::makeMainArea()
     return splitter;
 }
 
-QWidget* MainWindow::makeStatusLine()
-{
-    auto* line = new QWidget(this);
-    line->setObjectName(QStringLiteral("statusLine"));
-    line->setAttribute(Qt::WA_StyledBackground);
-    status_ = new TextLabel(tr("Status"), line);
-    auto* layout = new QHBoxLayout(line);
-    layout->setContentsMargins(12, Theme::within, 12, Theme::within);
-    layout->addWidget(status_, 1);
-    filter_ = new FilterField(line);
-    filter_->setFixedWidth(filterWidth);
-    filter_->hide(); // until songs are shown
-    urlField_ = new TextLabel(tr("About the shown songs or link"), line);
-    urlField_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    layout->addWidget(filter_);
-    layout->addWidget(urlField_, 1);
-    return line;
-}
-
 void MainWindow::restorePlace()
 {
     if (session_->restoreGeometry())
@@ -149,8 +122,8 @@ void MainWindow::attach(RVMainController& controller)
     place_->attach(controller);
     sources_->attach(controller);
     bar_->attach(controller);
-    filter_->attach(controller);
-    connect(filter_, &FilterField::left, this, [this] { place_->focusSongs(); });
+    statusLine_->filter().attach(controller);
+    connect(&statusLine_->filter(), &FilterField::left, this, [this] { place_->focusSongs(); });
     makeShortcuts();
     controller.windowDidLoad();
     session_->attach(controller);
@@ -169,13 +142,13 @@ void MainWindow::makeShortcuts()
     };
     add(Qt::CTRL | Qt::Key_F, [this] { bar_->search().focusField(); });
     add(Qt::CTRL | Qt::SHIFT | Qt::Key_F, [this] {
-        filter_->setFocus(Qt::ShortcutFocusReason);
-        filter_->selectAll();
+        statusLine_->filter().setFocus(Qt::ShortcutFocusReason);
+        statusLine_->filter().selectAll();
     });
     add(Qt::CTRL | Qt::Key_Left, [this] { playback().backTrack(); });
     add(Qt::CTRL | Qt::Key_Right, [this] { playback().nextTrack(); });
-    add(Qt::CTRL | Qt::Key_Up, [this] { playback().volumeUp(); });
-    add(Qt::CTRL | Qt::Key_Down, [this] { playback().volumeDown(); });
+    add(Qt::CTRL | Qt::Key_Up, [this] { playback().soundLevel().volumeUp(); });
+    add(Qt::CTRL | Qt::Key_Down, [this] { playback().soundLevel().volumeDown(); });
     add(Qt::CTRL | Qt::Key_I, [this] { controller_->editInformation(); });
     // The song selected in a table that has the keyboard, else the one that plays.
     add(Qt::CTRL | Qt::Key_D, [this] {
@@ -351,7 +324,7 @@ std::optional<SongInformation> MainWindow::editInformation(FileViewController& s
 
 void MainWindow::setUrlFieldText(const QString& text)
 {
-    urlField_->setShownText(text);
+    statusLine_->setUrlFieldText(text);
 }
 
 void MainWindow::setConnected(bool connected)
@@ -366,7 +339,7 @@ OutlineView& MainWindow::outlineView()
 
 void MainWindow::setCurrentView(MainView view)
 {
-    filter_->setVisible(view == MainView::Songs);
+    statusLine_->filter().setVisible(view == MainView::Songs);
     // A view that is only shown anew, as when the program comes online, leaves the welcome where it is.
     if (view != view_ || views_->currentWidget() != welcome_) {
         view_ = view;

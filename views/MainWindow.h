@@ -14,13 +14,12 @@ class QStackedWidget;
 namespace zib {
 
 class ControlBar;
-class FilterField;
 class LibraryPlace;
 class LibraryView;
 class PlaybackQueue;
 class RVMainController;
 class SourcePane;
-class TextLabel;
+class StatusLine;
 class UserDefaults;
 class WelcomePlace;
 class WindowSession;
@@ -103,7 +102,6 @@ class MainWindow : public QMainWindow, public MainWindowView {
 
   private:
     QSplitter* makeMainArea();
-    QWidget* makeStatusLine();
     [[nodiscard]] PlaybackQueue& playback();
     void makeShortcuts();
     void restorePlace();
@@ -114,15 +112,13 @@ class MainWindow : public QMainWindow, public MainWindowView {
 
     PagePane pages_;
     ControlBar* bar_;
+    StatusLine* statusLine_;
     SourcePane* sources_ = nullptr;
     QStackedWidget* views_ = nullptr;
     QWidget* nothing_ = nullptr;
     LibraryPlace* place_ = nullptr;
     WelcomePlace* welcome_ = nullptr;      // made when first shown
     MainView view_ = MainView::NowPlaying; // what a start shows, while a large library is still being read
-    TextLabel* status_ = nullptr;
-    FilterField* filter_ = nullptr;
-    TextLabel* urlField_ = nullptr;
     std::unique_ptr<WindowSession> session_;
 };
 

@@ -226,13 +226,13 @@ TEST_F(MprisTest, TellsOfChangesAndOfThemAlone)
     EXPECT_TRUE(changes.contains(entry("PlaybackStatus", "string \"Paused\"")));
     EXPECT_TRUE(changes.contains(entry("CanSeek", "boolean false")));
     EXPECT_FALSE(changes.contains("Metadata"));
-    queue().volumeDown();
+    queue().soundLevel().volumeDown();
     EXPECT_TRUE(told().contains("Volume"));
 
     queue().playPause();
     queue().scanTrack(50);
     EXPECT_TRUE(told().contains("int64 50000000"));
-    queue().addCurrentFavorite(false);
+    controller->loving().addCurrentFavorite(false);
     changes = told();
     EXPECT_TRUE(changes.contains(entry("xesam:userRating", "double 0")));
     EXPECT_FALSE(changes.contains("PlaybackStatus"));

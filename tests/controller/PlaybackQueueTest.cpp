@@ -26,7 +26,7 @@ TEST_F(PlaybackQueueTest, AnEmptyListPlaysNothing)
     queue().songSelected();
     queue().nextTrack();
     queue().backTrack();
-    queue().addCurrentFavorite(true);
+    controller->loving().addCurrentFavorite(true);
     EXPECT_FALSE(queue().snapshot());
     EXPECT_EQ(queue().nowplayingTrackIndex(), -1);
     EXPECT_EQ(queue().nowplayingSourceType(), -1);
@@ -59,16 +59,6 @@ TEST_F(PlaybackQueueTest, PlaysTheSelectedSongElseTheFirst)
     expectIdle(window);
 }
 
-TEST_F(PlaybackQueueTest, WhatIsShownLaterChangesNothingAboutWhatPlaysNext)
-{
-    showAsSearch({localSong(1), localSong(2)});
-    play(0);
-    showAsSearch({localSong(8), localSong(9)});
-    queue().nextTrack();
-    EXPECT_EQ(playing(), 2);
-    EXPECT_EQ(queue().nowplayingSourceType(), int(SourceType::RecentSearches));
-}
-
 TEST_F(PlaybackQueueTest, AnotherPlaylistOfTheSameSongsChangesNothingAboutWhatPlaysNext)
 {
     const QList<Record> songs{localSong(1), localSong(2), localSong(3)};
@@ -91,7 +81,7 @@ TEST_F(PlaybackQueueTest, ASearchKeepsThePlayAndTheLoveThatComesAfterIt)
     hear(50);
     queue().nextTrack();
     queue().backTrack();
-    queue().addCurrentFavorite(true);
+    controller->loving().addCurrentFavorite(true);
     const Record kept = library->searches().first().records(keys::Tracks).first();
     EXPECT_EQ(kept.integer(keys::PlayCount), 1);
     EXPECT_TRUE(kept.boolean(keys::Favorite));
@@ -138,16 +128,6 @@ TEST_F(PlaybackQueueTest, CountedPlaysAreSaved)
     quit();
     start();
     EXPECT_EQ(library->library().find(QStringLiteral("0000000000000001")).integer(keys::PlayCount), 1);
-}
-
-TEST_F(PlaybackQueueTest, NextStopsAfterTheLastSong)
-{
-    showAsLibrary({localSong(1), localSong(2)});
-    play(1);
-    queue().nextTrack();
-    EXPECT_FALSE(queue().snapshot());
-    EXPECT_FALSE(player->hasMedia());
-    expectIdle(window);
 }
 
 TEST_F(PlaybackQueueTest, BackGoesByTheTimeHeard)
@@ -296,13 +276,13 @@ TEST_F(PlaybackQueueTest, VolumeStepsCanLeaveTheRangeOnceButNotTwice)
                           Case{1, true, 1}, Case{0.5, false, 0.4}, Case{0.05, false, -0.05},
                           Case{-0.05, false, -0.05}, Case{0, false, 0}, Case{1.05, false, 0.95}}) {
         defaults.setValue(settings::SoundLevel, c.level);
-        c.up ? queue().volumeUp() : queue().volumeDown();
+        c.up ? queue().soundLevel().volumeUp() : queue().soundLevel().volumeDown();
         EXPECT_NEAR(defaults.real(settings::SoundLevel), c.expected, 1e-6)
             << c.level << (c.up ? " up" : " down");
     }
     showAsSearch({localSong(1)});
     play(0);
-    queue().setSoundLevel(0.25F);
+    queue().soundLevel().set(0.25);
     EXPECT_FLOAT_EQ(movies.current->volume(), 0.25F);
 }
 
@@ -310,7 +290,7 @@ TEST_F(PlaybackQueueTest, LovingTheSongThatPlaysKeepsItInTheLibrary)
 {
     showAsSearch({localSong(1), localSong(2)});
     play(0);
-    queue().addCurrentFavorite(true);
+    controller->loving().addCurrentFavorite(true);
     EXPECT_TRUE(library->library().find(QStringLiteral("0000000000000001")).boolean(keys::Favorite));
     EXPECT_TRUE(queue().nowplayingTrack().boolean(keys::Favorite));
     ASSERT_EQ(alerts.shown.size(), 1);
@@ -321,7 +301,7 @@ TEST_F(PlaybackQueueTest, LovingTheSongThatPlaysKeepsItInTheLibrary)
                        "recommendations you get."));
     EXPECT_TRUE(alerts.shown[0].showsSuppressionButton);
 
-    queue().addCurrentFavorite(false);
+    controller->loving().addCurrentFavorite(false);
     EXPECT_FALSE(library->library().find(QStringLiteral("0000000000000001")).boolean(keys::Favorite));
     EXPECT_EQ(alerts.shown.size(), 1) << "only love is a good thing";
     queue().nextTrack();
@@ -333,14 +313,14 @@ TEST_F(PlaybackQueueTest, AHeartInTheListIsAlsoTheButtonsWhenThatSongPlays)
     showAsSearch({localSong(1), localSong(2), localSong(3)});
     play(1);
     alerts.answers = {{.button = 0, .suppressed = true}};
-    queue().addFavorite(1);
+    controller->loving().addFavorite(1);
     EXPECT_TRUE(window.favorite);
     EXPECT_TRUE(queue().nowplayingTrack().boolean(keys::Favorite));
     EXPECT_EQ(queue().nowplayingTrackIndex(), 1);
-    queue().addFavorite(0);
+    controller->loving().addFavorite(0);
     EXPECT_EQ(alerts.shown.size(), 1) << "silenced";
     EXPECT_TRUE(window.favorite);
-    queue().addFavorite(1);
+    controller->loving().addFavorite(1);
     EXPECT_FALSE(window.favorite);
     queue().nextTrack();
     EXPECT_EQ(playing(), 3);

@@ -31,7 +31,7 @@ TEST_F(PlayingOnDesktopTest, TellsOfEachNewSongWhileTheUserLooksElsewhere)
     EXPECT_EQ(notifications.all, QList<Notification>{first});
     queue().playPause();
     queue().backTrack();
-    queue().addCurrentFavorite(true);
+    controller->loving().addCurrentFavorite(true);
     queue().updateNowplayingTrack(queue().nowplayingTrack().copy());
     EXPECT_EQ(notifications.all.size(), 1) << "it is the same song";
 

@@ -101,28 +101,10 @@ TEST_F(SearchFlowTest, SearchPlayNextAndHearToTheLastSong)
     EXPECT_FALSE(window.playing);
 }
 
-TEST_F(SearchFlowTest, KeepsFiveAndForgetsTheOldestWithItsColumns)
-{
-    QString oldest;
-    for (int n = 1; n <= 6; ++n) {
-        clock.advance(std::chrono::seconds(1));
-        searchAndFind(QString::number(n), {QStringLiteral("x")});
-        const QString layout =
-            settings::SongTableLayout + QString::number(library->searches().first().integer(keys::Id));
-        if (n == 1)
-            oldest = layout;
-        defaults.setValue(layout, QStringLiteral("columns"));
-        EXPECT_EQ(defaults.value(oldest).isValid(), n < 6);
-    }
-    EXPECT_EQ(searchNames(), (QStringList{QStringLiteral("6"), QStringLiteral("5"), QStringLiteral("4"),
-                                          QStringLiteral("3"), QStringLiteral("2")}));
-    EXPECT_FALSE(defaults.value(oldest).isValid());
-}
-
 TEST_F(SearchFlowTest, ASongThatIsKeptIsFoundWithItsHeartItsFileAndItsPlays)
 {
     searchAndFind(QStringLiteral("one"), {QStringLiteral("a"), QStringLiteral("b")});
-    queue().addFavorite(0);
+    controller->loving().addFavorite(0);
     Record kept = library->library().find(QStringLiteral("aaaaaaaaaaaaaaaa"));
     kept.set(keys::Downloaded, true);
     kept.set(keys::PlayCount, 3);
@@ -133,13 +115,6 @@ TEST_F(SearchFlowTest, ASongThatIsKeptIsFoundWithItsHeartItsFileAndItsPlays)
     EXPECT_TRUE(found.boolean(keys::Favorite) && found.boolean(keys::Downloaded));
     EXPECT_EQ(found.integer(keys::PlayCount), 3);
     EXPECT_EQ(found.string(keys::Album), QString()) << "the rest is as it was sent";
-}
-
-TEST_F(SearchFlowTest, TheSameSearchTwiceIsTwoEntries)
-{
-    searchAndFind(QStringLiteral("Amber"), {QStringLiteral("x")});
-    searchAndFind(QStringLiteral("Amber"), {QStringLiteral("x")});
-    EXPECT_EQ(searchNames(), (QStringList{QStringLiteral("Amber"), QStringLiteral("Amber")}));
 }
 
 TEST_F(SearchFlowTest, ASongOfASearchPlaysOnFromThatSearchWhenANewOneComes)
@@ -201,7 +176,7 @@ TEST_F(SearchFlowTest, TheNextStartStillHasTheSearchesAndWhatWasLoved)
     clock.advance(std::chrono::seconds(1));
     searchAndFind(QStringLiteral("newer"), {QStringLiteral("a"), QStringLiteral("b")});
     play(1);
-    queue().addFavorite(1);
+    controller->loving().addFavorite(1);
     quit();
     window = FakeMainWindow();
     start();
