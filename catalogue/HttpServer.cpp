@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "catalogue/HttpServer.h"
 
+#include "catalogue/HttpExchange.h"
 #include "catalogue/RateLimit.h"
-
-#include <microhttpd.h>
 
 #include <QLoggingCategory>
 
@@ -16,8 +15,6 @@
 #include <optional>
 #include <thread>
 
-#include <fcntl.h>
-#include <netdb.h>
 #include <sys/socket.h>
 
 namespace zib {
@@ -26,7 +23,7 @@ namespace {
 
 Q_LOGGING_CATEGORY(log, "zib.catalogue.http", QtInfoMsg)
 
-using Clock = std::chrono::steady_clock;
+using Clock = HttpExchange::Clock;
 
 constexpr unsigned threadCount = 4;
 constexpr size_t connectionMemory = size_t(32) * 1024;
@@ -40,79 +37,7 @@ struct Peer {
     std::optional<Clock::time_point> owesUntil;
 };
 
-/// One request on its way: made with the request line, gone with the end of the reply.
-struct Exchange {
-    explicit Exchange(const char* requestTarget)
-        : target(requestTarget)
-    {
-    }
-
-    const QByteArray target;
-    const Clock::time_point began = Clock::now();
-    QByteArray method;
-    QByteArray peer;
-    int status = 0; ///< of the reply that was queued
-    qint64 replySize = 0;
-    std::optional<HttpRequest> request; ///< once its head is complete and sound
-    bool counted = false;
-    bool handed = false;        ///< to the handler
-    qsizetype bodyReserved = 0; ///< of the bytes that all bodies may take
-
-    std::mutex mutex; ///< guards what follows
-    MHD_Connection* suspended = nullptr;
-    std::optional<HttpReply> reply;
-};
-
-using SharedExchange = std::shared_ptr<Exchange>;
-
-MHD_Result collectHeader(void* closure, MHD_ValueKind, const char* name, const char* value)
-{
-    static_cast<HttpHeaders*>(closure)->append({QByteArray(name), QByteArray(value)});
-    return MHD_YES;
-}
-
-MHD_Response* madeResponse(const HttpReply& reply)
-{
-    if (!reply.file) {
-        return MHD_create_response_from_buffer(
-            size_t(reply.body.size()), const_cast<char*>(reply.body.constData()), MHD_RESPMEM_MUST_COPY);
-    }
-    const int descriptor =
-        ::fcntl(reply.file->descriptor(), F_DUPFD_CLOEXEC, 0); // the response closes its own
-    if (descriptor < 0)
-        return nullptr;
-    return MHD_create_response_from_fd_at_offset64(uint64_t(reply.length), descriptor,
-                                                   uint64_t(reply.offset));
-}
-
-QByteArray peerOf(MHD_Connection* connection)
-{
-    const auto* info = MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CLIENT_ADDRESS);
-    char text[NI_MAXHOST] = {};
-    if (!info || ::getnameinfo(info->client_addr, sizeof(sockaddr_storage), text, sizeof text, nullptr, 0,
-                               NI_NUMERICHOST) != 0)
-        return {};
-    return text;
-}
-
-MHD_Result queued(MHD_Connection* connection, Exchange& exchange, const HttpReply& reply, bool last)
-{
-    exchange.status = reply.status;
-    exchange.replySize = reply.file ? reply.length : reply.body.size();
-    MHD_Response* response = madeResponse(reply);
-    if (!response)
-        return MHD_NO;
-    if (!reply.contentType.isEmpty())
-        MHD_add_response_header(response, "Content-Type", reply.contentType.constData());
-    MHD_add_response_header(response, "X-Content-Type-Options", "nosniff");
-    for (const auto& [name, value] : reply.headers)
-        MHD_add_response_header(response, name.constData(), value.constData());
-    if (last)
-        MHD_add_response_header(response, "Connection", "close");
-    const auto result = MHD_queue_response(connection, unsigned(reply.status), response);
-    MHD_destroy_response(response);
-    return result;
-}
+using SharedExchange = std::shared_ptr<HttpExchange>;
 
 void logLine(void*, const char* format, va_list arguments)
 {
@@ -142,12 +67,12 @@ struct HttpServer::Daemon {
     void closeLatePeers(const std::stop_token& token);
 
     void owes(MHD_Connection* connection, std::optional<unsigned> seconds);
-    MHD_Result check(MHD_Connection* connection, const char* method, Exchange& exchange);
-    std::optional<HttpReply> admit(Exchange& exchange, const tl::expected<HttpRequest, int>& request);
-    void receive(Exchange& exchange, QByteArrayView part);
+    MHD_Result check(MHD_Connection* connection, const char* method, HttpExchange& exchange);
+    std::optional<HttpReply> admit(HttpExchange& exchange, const tl::expected<HttpRequest, int>& request);
+    void receive(HttpExchange& exchange, QByteArrayView part);
     void hand(const SharedExchange& exchange);
-    MHD_Result replyOrSuspend(MHD_Connection* connection, Exchange& exchange);
-    void tell(const Exchange& exchange);
+    MHD_Result replyOrSuspend(MHD_Connection* connection, HttpExchange& exchange);
+    void tell(const HttpExchange& exchange);
 
     static void* begun(void*, const char* target, MHD_Connection*);
     static MHD_Result accessed(void* self, MHD_Connection* connection, const char* url, const char* method,
@@ -232,7 +157,7 @@ void HttpServer::Daemon::owes(MHD_Connection* connection, std::optional<unsigned
 
 /// Counts the request, and its body against what all bodies may take.
 /// @return what refuses it
-std::optional<HttpReply> HttpServer::Daemon::admit(Exchange& exchange,
+std::optional<HttpReply> HttpServer::Daemon::admit(HttpExchange& exchange,
                                                    const tl::expected<HttpRequest, int>& request)
 {
     auto refusal = request ? handler.refusal(*request) : plainReply(request.error());
@@ -251,10 +176,9 @@ std::optional<HttpReply> HttpServer::Daemon::admit(Exchange& exchange,
 
 /// The first call for a request, its head complete. A refusal closes the connection, for where a malformed
 /// request ends is anybody's guess.
-MHD_Result HttpServer::Daemon::check(MHD_Connection* connection, const char* method, Exchange& exchange)
+MHD_Result HttpServer::Daemon::check(MHD_Connection* connection, const char* method, HttpExchange& exchange)
 {
-    HttpHeaders headers;
-    MHD_get_connection_values(connection, MHD_HEADER_KIND, collectHeader, &headers);
+    const HttpHeaders headers = headersOf(connection);
     exchange.method = method;
     exchange.peer = peerOf(connection);
     if (limits.behindProxy && isLoopback(exchange.peer))
@@ -266,12 +190,12 @@ MHD_Result HttpServer::Daemon::check(MHD_Connection* connection, const char* met
     const bool hasBody = !refusal && request->bodySize > 0;
     owes(connection, hasBody ? std::optional(limits.bodySeconds) : std::nullopt);
     if (refusal)
-        return queued(connection, exchange, *refusal, true);
+        return exchange.queue(connection, *refusal, true);
     exchange.request = std::move(*request);
     return MHD_YES;
 }
 
-void HttpServer::Daemon::receive(Exchange& exchange, QByteArrayView part)
+void HttpServer::Daemon::receive(HttpExchange& exchange, QByteArrayView part)
 {
     auto& body = exchange.request->body;
     body.append(part.first(std::min(part.size(), exchange.request->bodySize - body.size())));
@@ -293,17 +217,17 @@ void HttpServer::Daemon::hand(const SharedExchange& exchange)
     });
 }
 
-MHD_Result HttpServer::Daemon::replyOrSuspend(MHD_Connection* connection, Exchange& exchange)
+MHD_Result HttpServer::Daemon::replyOrSuspend(MHD_Connection* connection, HttpExchange& exchange)
 {
     const std::lock_guard lock(exchange.mutex);
     if (exchange.reply)
-        return queued(connection, exchange, *exchange.reply, false);
+        return exchange.queue(connection, *exchange.reply, false);
     exchange.suspended = connection;
     MHD_suspend_connection(connection);
     return MHD_YES;
 }
 
-void HttpServer::Daemon::tell(const Exchange& exchange)
+void HttpServer::Daemon::tell(const HttpExchange& exchange)
 {
     const auto mark = exchange.target.indexOf('?');
     handler.served(
@@ -317,7 +241,7 @@ void HttpServer::Daemon::tell(const Exchange& exchange)
 
 void* HttpServer::Daemon::begun(void*, const char* target, MHD_Connection*)
 {
-    return new SharedExchange(std::make_shared<Exchange>(target));
+    return new SharedExchange(std::make_shared<HttpExchange>(target));
 }
 
 MHD_Result HttpServer::Daemon::accessed(void* self, MHD_Connection* connection, const char*,
