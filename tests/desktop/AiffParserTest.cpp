@@ -148,27 +148,5 @@ TEST(AiffParserTest, RefusesWhatItCannotPlay)
     }
 }
 
-TEST_F(EncodedAudioTest, AiffSamplesAreThoseThatAnotherDemuxerFinds)
-{
-    for (const char* codec : {"pcm_s8", "pcm_s16be", "pcm_s16le", "pcm_s24be", "pcm_s32be", "pcm_f32be",
-                              "pcm_f64be", "pcm_mulaw", "pcm_alaw", "adpcm_ima_qt"}) {
-        SCOPED_TRACE(codec);
-        const QByteArray options = QByteArray("-ac 2 -metadata title=A -c:a ") + codec;
-        const QString path = encode(QLatin1String(codec) + QLatin1String(".aiff"), options.constData());
-        const QByteArray file = contents(path);
-        const QByteArray expected =
-            run(QStringLiteral("ffmpeg"),
-                {QStringLiteral("-v"), QStringLiteral("error"), QStringLiteral("-i"), path,
-                 QStringLiteral("-map"), QStringLiteral("0:a"), QStringLiteral("-c"), QStringLiteral("copy"),
-                 QStringLiteral("-f"), QStringLiteral("data"), QStringLiteral("-")});
-        for (const qsizetype piece : {qsizetype{7}, qsizetype{2048}, file.size()}) {
-            const Parsing parsing(file, piece);
-            EXPECT_EQ(parsing.status, kAudioOk);
-            EXPECT_TRUE(parsing.listener.constantBytes == expected);
-            EXPECT_EQ(parsing.listener.audioDataByteCount, expected.size());
-        }
-    }
-}
-
 } // namespace
 } // namespace zib

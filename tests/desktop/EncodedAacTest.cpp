@@ -148,9 +148,8 @@ void checkSeeks(const MovieCase& one, const QByteArray& file)
         heard.packets.clear();
         ASSERT_EQ(feed(*parsing.stream, file.mid(heard.dataOffset + offset), 2048, true), kAudioOk);
         const auto missing = song.size() - packet - heard.packets.size();
-        heard.packets.removeFirst(); // may be one before a fragment that was left out
         ASSERT_TRUE(heard.packets == song.last(heard.packets.size())) << packet;
-        ASSERT_TRUE(missing >= -1 && missing <= onlyAtFirst) << packet << ": " << missing;
+        ASSERT_TRUE(missing >= 0 && missing <= onlyAtFirst) << packet << ": " << missing;
     }
 }
 

@@ -169,51 +169,6 @@ TEST_F(PulseOutputTest, TheTimeIsThatOfTheSound)
     EXPECT_TRUE(playUntil(*queue, 0.1 * kToneRate));
 }
 
-TEST_F(PulseOutputTest, GoesOnWhenTheServerIsKilledAndComesBack)
-{
-    QSignalSpy told(&sound, &DesktopSound::noSoundServer);
-    auto queue = open(pcmFormat());
-    ASSERT_EQ(enqueue(*queue, pcm16(tone(440, 60), 2)), kAudioOk);
-    ASSERT_EQ(queue->start(), kAudioOk);
-    ASSERT_TRUE(playUntil(*queue, kToneRate));
-    server.kill();
-    EXPECT_TRUE(playUntil(*queue, 2 * kToneRate)) << "silently, in its time";
-    EXPECT_TRUE(told.size() == 1 || told.wait(10000));
-    ASSERT_TRUE(server.start());
-    server.startRecording();
-    QElapsedTimer timer;
-    timer.start();
-    while (!server.control({QStringLiteral("list"), QStringLiteral("sink-inputs")}).contains("Music") &&
-           timer.elapsed() < 20000)
-        std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    recordFor(1);
-    const auto recorded = server.stopRecording();
-    EXPECT_NEAR(pitch(sounding(recorded)), 440, 1) << "it is heard again";
-    EXPECT_EQ(queue->stop(true), kAudioOk);
-    EXPECT_EQ(listener->changes(), (std::vector{true, false}));
-    EXPECT_EQ(told.size(), 1);
-}
-
-TEST_F(PulseOutputTest, FollowsTheSinkAndStandsASuspension)
-{
-    auto queue = open(pcmFormat());
-    ASSERT_EQ(enqueue(*queue, pcm16(tone(440, 60), 2)), kAudioOk);
-    ASSERT_EQ(queue->start(), kAudioOk);
-    ASSERT_TRUE(playUntil(*queue, kToneRate / 2.0));
-    server.control({QStringLiteral("suspend-sink"), QStringLiteral("ear"), QStringLiteral("1")});
-    std::this_thread::sleep_for(std::chrono::milliseconds(300));
-    EXPECT_EQ(queue->setVolume(0.5F), kAudioOk);
-    server.control({QStringLiteral("suspend-sink"), QStringLiteral("ear"), QStringLiteral("0")});
-    EXPECT_TRUE(playUntil(*queue, 1.5 * kToneRate));
-    server.control({QStringLiteral("load-module"), QStringLiteral("module-null-sink"),
-                    QStringLiteral("sink_name=other"), QStringLiteral("rate=48000")});
-    server.control({QStringLiteral("move-sink-input"), QStringLiteral("0"), QStringLiteral("other")});
-    EXPECT_TRUE(playUntil(*queue, 3 * kToneRate));
-    server.control({QStringLiteral("suspend-sink"), QStringLiteral("other"), QStringLiteral("1")});
-    ASSERT_EQ(queue->stop(true), kAudioOk);
-    EXPECT_EQ(listener->changes(), (std::vector{true, false}));
-}
-
 TEST_F(PulseOutputTest, WithoutAServerASongTakesItsTime)
 {
     server.kill();

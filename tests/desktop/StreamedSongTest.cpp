@@ -3,9 +3,6 @@
 // where two parts meet, a seek that lands elsewhere, an end that nobody tells of.
 #include "tests/desktop/StreamedSong.h"
 
-#include <QElapsedTimer>
-
-#include <limits>
 #include <map>
 #include <string>
 
@@ -139,42 +136,6 @@ TEST_F(StreamedSongTest, EndsWithAnErrorWhereTheConnectionDoes)
     const auto heard = recorder.channel(0);
     EXPECT_LT(heard.size(), kSeconds * kToneRate * 0.55);
     expectOnePiece(heard, decode(file), -2 * 1152, 2 * 1152);
-}
-
-TEST_F(StreamedSongTest, TellsOfAnswersWithoutASong)
-{
-    const struct {
-        const char* name;
-        TestReply reply;
-    } cases[] = {
-        {"not found, with a page", {.body = "<html><body>Not found</body></html>", .status = 404}},
-        {"empty", {.body = ""}},
-    };
-    for (const auto& one : cases) {
-        SCOPED_TRACE(one.name);
-        delegate.notFound.clear();
-        start("/song.mp3", one.reply);
-        expectFailure(ErrorCode::AudioDataNotFound);
-        EXPECT_EQ(recorder.frames(), 0U);
-    }
-}
-
-TEST_F(StreamedSongTest, StopsAtOnceWhenTheServerNeverAnswers)
-{
-    // The quickest of some: a loaded machine may hold one up, but waiting for the server would hold up all.
-    qint64 quickest = std::numeric_limits<qint64>::max();
-    for (int i = 0; i < 5; ++i) {
-        const auto requests = server.requests().size();
-        start("/song.mp3", {.neverAnswers = true});
-        ASSERT_TRUE(eventually([&] { return server.requests().size() > requests; }));
-        QElapsedTimer clock;
-        clock.start();
-        streamer->stop();
-        quickest = std::min(quickest, clock.elapsed());
-        EXPECT_TRUE(streamer->isIdle());
-    }
-    EXPECT_LE(quickest, 500);
-    EXPECT_TRUE(delegate.notFound.isEmpty());
 }
 
 } // namespace

@@ -177,17 +177,6 @@ TEST_F(RVWebViewControllerTest, KeepsWhatTheServicesTell)
     EXPECT_EQ(controller.artwork() + controller.track_tags().join(u' '), QStringLiteral("keptkept"));
 }
 
-TEST_F(RVWebViewControllerTest, RepliesThatSayNothingLeaveWhatIsUnknown)
-{
-    announce();
-    reply(Profile);
-    for (const Request each : {Artist, Album, Release})
-        request(each).reply("<nothing/>");
-    EXPECT_EQ(controller.bio(), QStringLiteral("No wiki available"));
-    EXPECT_EQ(controller.label(), QStringLiteral("Unknown"));
-    EXPECT_EQ(shown(), "artist");
-}
-
 TEST_F(RVWebViewControllerTest, LyricsShowAtTheNextRendering)
 {
     announce();

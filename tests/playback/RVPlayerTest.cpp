@@ -104,13 +104,6 @@ TEST_F(RVPlayerTest, PlaysAFileAtTheUsersVolume)
     EXPECT_TRUE(eventually([this] { return controller.updates >= 2; }));
 }
 
-TEST_F(RVPlayerTest, TakesThePathOfAFileAddressWithAHost)
-{
-    const QString path = makeFile(QStringLiteral("a.mp3"));
-    player.playTrack(song(QStringLiteral("file://localhost") + path));
-    EXPECT_EQ(movies.opened, QStringList{path});
-}
-
 TEST_F(RVPlayerTest, PrefersADownloadedCopy)
 {
     struct Case {
@@ -206,15 +199,6 @@ TEST_F(RVPlayerTest, StreamsAndTellsOfEveryChangeButTheFirst)
     EXPECT_FALSE(player.hasMedia());
     EXPECT_EQ(player.progressUpdateTimer(), nullptr);
     EXPECT_TRUE(output()->isDisposed());
-}
-
-TEST_F(RVPlayerTest, AStreamThatFailsReachesTheLibrary)
-{
-    web.onOpen = [](FakeHttpExchange& exchange) { exchange.fail(); };
-    track = song(QStringLiteral("http://music.example/a.mp3"));
-    player.playTrack(track);
-    ASSERT_TRUE(eventually([this] { return !controller.library.notFound.isEmpty(); }));
-    EXPECT_TRUE(controller.library.notFound.first().isSame(track));
 }
 
 TEST_F(RVPlayerTest, OneSongReplacesTheOther)

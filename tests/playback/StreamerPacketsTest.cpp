@@ -111,10 +111,9 @@ TEST_F(StreamerPacketsTest, BuffersAreAsLargeAsTheParserSays)
     for (const Case& c : {Case{3000, 5000, 3000}, {0, 5000, 5000}, {0, 0, 2048}}) {
         files.file.packetSizeUpperBound = c.upperBound;
         files.file.maximumPacketSize = c.maximum;
-        make();
         const std::size_t before = queues.outputs().size();
-        streamer->start();
-        ASSERT_TRUE(reaches(State::WaitingForData));
+        streamer.reset();
+        startRequest();
         respondAndSend(FakeAudioFile::packet(100));
         ASSERT_TRUE(
             eventually([&] { return queues.outputs().size() > before && output()->bufferCapacity() > 0; }));
@@ -146,10 +145,9 @@ TEST_F(StreamerPacketsTest, TakesHeAacOnlyFromEvery48thFormat)
         SCOPED_TRACE(c.heAacAt);
         files.file.format = {.sampleRate = 22050, .formatId = audioformat::Aac, .framesPerPacket = 1024};
         files.file.formatList = list(c.size, c.heAacAt);
-        make();
         const std::size_t before = queues.outputs().size();
-        streamer->start();
-        ASSERT_TRUE(reaches(State::WaitingForData));
+        streamer.reset();
+        startRequest();
         respondAndSend(FakeAudioFile::packet(100));
         ASSERT_TRUE(eventually([&] { return queues.outputs().size() > before; }));
         EXPECT_EQ(output()->format().formatId, c.expected);
@@ -162,10 +160,9 @@ TEST_F(StreamerPacketsTest, HandsTheMagicCookieOnAndLetsItFail)
     files.file.magicCookie = {std::byte{1}, std::byte{2}};
     for (const AudioStatus status : {kAudioOk, AudioStatus(-1)}) {
         queues.failures.set(QueueCall::SetMagicCookie, status);
-        make();
         const std::size_t before = queues.outputs().size();
-        streamer->start();
-        ASSERT_TRUE(reaches(State::WaitingForData));
+        streamer.reset();
+        startRequest();
         respondAndSend(FakeAudioFile::packets(packetsToPlay, packetBytes));
         ASSERT_TRUE(reaches(State::Playing));
         ASSERT_GT(queues.outputs().size(), before);
@@ -192,11 +189,10 @@ TEST_F(StreamerPacketsTest, TheHeaderOfTheFileTellsItsLength)
     for (const Case& c : cases) {
         files.file.dataOffset = c.dataOffset;
         files.file.audioDataByteCount = c.byteCount;
+        const std::size_t before = queues.outputs().size();
         make();
         streamer->setBitRate(8); // one byte a second
-        const std::size_t before = queues.outputs().size();
-        streamer->start();
-        ASSERT_TRUE(reaches(State::WaitingForData));
+        startRequest();
         respondAndSend(QByteArray(static_cast<qsizetype>(c.dataOffset), 'h') + FakeAudioFile::packet(100));
         ASSERT_TRUE(eventually([&] { return queues.outputs().size() > before; }));
         EXPECT_NEAR(streamer->duration(), c.audioBytes, c.audioBytes / 100);

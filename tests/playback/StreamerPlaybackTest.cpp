@@ -99,19 +99,6 @@ TEST_F(StreamerPlaybackTest, NothingPlaysBeforeFifteenBuffersAreQueued)
     EXPECT_TRUE(reaches(State::Playing));
 }
 
-TEST_F(StreamerPlaybackTest, AShortSongIsFlushedAndHeard)
-{
-    startRequest();
-    respondAndSend(FakeAudioFile::packets(6, packetBytes));
-    exchange().end();
-    ASSERT_TRUE(reaches(State::Stopping));
-    EXPECT_EQ(output()->queuedBuffers(), 2U);
-    EXPECT_TRUE(output()->isRunning());
-    output()->playAll();
-    EXPECT_TRUE(reaches(State::Initialized));
-    EXPECT_EQ(streamer->errorCode(), ErrorCode::None);
-}
-
 TEST_F(StreamerPlaybackTest, AShortSongIsHeardEvenIfTheOutputSaysLateThatItRuns)
 {
     queues.reportsRunning = false;
