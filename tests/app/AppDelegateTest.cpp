@@ -20,6 +20,7 @@
 #include "tests/fakes/FakeUrlLoader.h"
 #include "tests/fakes/FakeUserDefaults.h"
 #include "tests/fakes/FakeWebView.h"
+#include "translations/Translations.h"
 #include "views/MainWindow.h"
 #include "views/PreferencesWindow.h"
 #include "views/WelcomePlace.h"
@@ -280,5 +281,6 @@ int main(int argc, char** argv)
 {
     testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
+    zib::installTranslations({}); // English, with its singulars
     return RUN_ALL_TESTS();
 }
