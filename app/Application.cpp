@@ -148,6 +148,7 @@ struct Application::Parts {
     /// Shows the window meanwhile, without songs: its first picture takes as long as a large library.
     LibraryLoading loadedLibrary();
     void fillApplicationMenu();
+    void nameUndo(QAction& undo, QAction& redo);
     void open(const StartRequest& request);
 
     Places places;
@@ -314,6 +315,21 @@ void Application::Parts::open(const StartRequest& request)
     mpris.apply(request.transport);
 }
 
+/// The two say what they would undo and do again.
+void Application::Parts::nameUndo(QAction& undo, QAction& redo)
+{
+    const auto name = [](QAction& action, const QString& text, const QString& none) {
+        action.setText(text.isEmpty() ? none : text);
+        action.setEnabled(!text.isEmpty());
+    };
+    const auto nameBoth = [this, name, &undo, &redo] {
+        name(undo, controller.undo().undoText(), MenuTexts::tr("Undo"));
+        name(redo, controller.undo().redoText(), MenuTexts::tr("Redo"));
+    };
+    QObject::connect(&controller.undo(), &UndoStack::changed, &undo, nameBoth);
+    nameBoth();
+}
+
 void Application::Parts::fillApplicationMenu()
 {
     QMenu& menu = window.applicationMenu();
@@ -322,6 +338,11 @@ void Application::Parts::fillApplicationMenu()
         item->setShortcut(keys);
         return item;
     };
+    nameUndo(
+        *add(MenuTexts::tr("Undo"), QKeySequence(Qt::CTRL | Qt::Key_Z), [this] { controller.undo().undo(); }),
+        *add(MenuTexts::tr("Redo"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
+             [this] { controller.undo().redo(); }));
+    menu.addSeparator();
     add(MenuTexts::tr("Add to library…"), QKeySequence(QKeySequence::Open),
         [this] { window.addToLibrary(); });
     add(MenuTexts::tr("Import iTunes library…"), {}, [this] { controller.importITunesLibrary(); });

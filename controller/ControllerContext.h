@@ -8,6 +8,7 @@ class Notices;
 class RVDataManager;
 class RVWebViewController;
 class SongDownloads;
+class UndoStack;
 class UserDefaults;
 
 /// What the parts of the main controller share; the controller holds it for them.
@@ -18,6 +19,7 @@ struct ControllerContext {
     MainWindowView& window;
     Notices& notices;
     RVWebViewController& pages;
+    UndoStack& undo;
     /// As the connectivity monitor last said.
     bool connectedToInternet = false;
 };

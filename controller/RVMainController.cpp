@@ -18,8 +18,9 @@ RVMainController::RVMainController(RVDataManager& dataManager, RVPlayer& player,
                                    const SharingPorts& sharing)
     : player_(player)
     , notices_(defaults, alerts, desktop)
+    , undo_(defaults)
     , downloads_(dataManager, services, defaults, alerts)
-    , removal_({dataManager, downloads_, defaults, trash, alerts, desktop})
+    , removal_({dataManager, downloads_, defaults, trash, alerts, desktop, undo_})
     , information_(dataManager, tags, defaults)
     , editing_(dataManager, tags, defaults, alerts)
     , webController_(window.webView(), services, defaults, desktop, pageResources)
@@ -28,7 +29,8 @@ RVMainController::RVMainController(RVDataManager& dataManager, RVPlayer& player,
                .defaults = defaults,
                .window = window,
                .notices = notices_,
-               .pages = webController_}
+               .pages = webController_,
+               .undo = undo_}
     , playback_(context_, player, services)
     , loving_(context_, playback_)
     , sources_(context_, playback_, window.outlineView())

@@ -14,6 +14,7 @@
 #include "library/SongDownloads.h"
 #include "library/SongEditing.h"
 #include "library/SongRemoval.h"
+#include "library/UndoStack.h"
 #include "pages/RVWebViewController.h"
 #include "services/PKNetwork.h"
 
@@ -52,6 +53,8 @@ class RVMainController : public RVDataManagerDelegate,
     [[nodiscard]] SharingFlow& sharing() { return sharing_; }
     [[nodiscard]] RVWebViewController& webController() { return webController_; }
     [[nodiscard]] Notices& notices() { return notices_; }
+    /// What the user can take back.
+    [[nodiscard]] UndoStack& undo() { return undo_; }
 
     /// Shows the library's songs that pass the filter.
     void showLibrary(FilterType filter) { sources_.select({int(SourceType::Library), int(filter)}); }
@@ -118,6 +121,7 @@ class RVMainController : public RVDataManagerDelegate,
 
     RVPlayer& player_;
     Notices notices_;
+    UndoStack undo_;
     SongDownloads downloads_;
     SongRemoval removal_;
     FileViewController information_;

@@ -90,6 +90,8 @@ class SourceList : public SourceListing {
     void changeItemView() override;
 
   private:
+    class RemovedLists;
+
     void addRecentSection();
     void addLibrarySection();
     void addPlaylistsSection();

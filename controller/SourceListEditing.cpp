@@ -3,6 +3,7 @@
 #include "controller/ControllerContext.h"
 #include "controller/Notices.h"
 #include "controller/PlaybackQueue.h"
+#include "controller/RemovedLists.h"
 #include "controller/SourceKinds.h"
 #include "controller/SourceList.h"
 #include "library/RVDataManager.h"
@@ -133,30 +134,11 @@ void SourceList::removePlaylistAction()
     }
     if (nodes.empty() || (asks && !confirmRemoval()))
         return;
-    RVDataManager& library = context_.dataManager;
-    if (playback_.nowplayingPlaylistUID() == library.currentUID())
-        playback_.stop();
-    const Record playing = playingList();
-    NodePath firstRemoved;
-    for (const BaseNode::Node& node : nodes) {
-        const NodePath path = tree_.pathOf(*node);
-        if (path.isEmpty()) // gone while the question was open
-            continue;
-        if (firstRemoved.isEmpty())
-            firstRemoved = path;
-        const Record list = listsAt(path.first()).takeAt(path.last());
-        library.removeAutosaveForTableColumnWithUID(QString::number(list.integer(keys::Id)));
-        tree_.removeNode(path);
-    }
-    if (firstRemoved.isEmpty())
+    auto removal = std::make_unique<RemovedLists>(*this, nodes);
+    if (removal->isEmpty()) // gone while the question was open
         return;
-    followPlayingList(playing);
-    const int count = int(listsAt(firstRemoved.first()).size());
-    if (count == 0)
-        select({int(SourceType::NowPlaying)});
-    else
-        select({firstRemoved.first(), std::min(firstRemoved.last(), count - 1)});
-    library.saveLibrary();
+    removal->redo();
+    context_.undo.push(std::move(removal));
 }
 
 // Moving

@@ -44,6 +44,8 @@ class SourceTree {
     /// Adds a group at the end of the top level and selects it.
     void performAddFolder(const QString& title);
     void addSeparatorItem();
+    /// Adds that node at that place of its group; the selection stays.
+    void insertNode(const BaseNode::Node& node, const NodePath& path);
     void removeNode(const NodePath& path);
     void removeAll();
     /// @param to the place before the move above which the node is to stand.
@@ -65,7 +67,6 @@ class SourceTree {
     [[nodiscard]] static QString untitledPlaylist();
 
   private:
-    void insertNode(const BaseNode::Node& node, const NodePath& path);
     [[nodiscard]] BaseNode* groupOf(const NodePath& path);
 
     OutlineView& view_;

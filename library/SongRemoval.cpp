@@ -2,7 +2,8 @@
 #include "library/SongRemoval.h"
 
 #include "library/RVDataManager.h"
-#include "library/SongDownloads.h"
+#include "library/RemovedSongs.h"
+#include "library/UndoStack.h"
 #include "platform/Alerts.h"
 #include "platform/Desktop.h"
 #include "platform/SettingsKeys.h"
@@ -10,11 +11,11 @@
 #include "platform/Trash.h"
 #include "platform/UserDefaults.h"
 #include "records/PropertyValue.h"
-#include "services/utilities/PathUtilities.h"
 
 #include <QFileInfo>
 #include <QHash>
 #include <QLoggingCategory>
+#include <QSet>
 
 #include <algorithm>
 
@@ -57,89 +58,47 @@ void SongRemoval::deleteSelectedItems()
     question.informativeText = tr("Any local files will be moved to the trash.");
     question.buttons = {tr("Remove"), tr("Cancel")};
     if (needs_.alerts.runModal(question).button == 0)
-        removeFromLibrary(songs);
+        removeFromLibrary(songs, true);
 }
 
-void SongRemoval::removeFromLibrary(const QList<Record>& songs)
+void SongRemoval::removeFromLibrary(const QList<Record>& songs, bool withFiles)
 {
-    RVDataManager& library = needs_.library;
-    if (std::ranges::any_of(songs, [&library](const Record& song) { return library.isNowplaying(song); }))
-        library.delegate().stop();
-    forget(songs);
-    for (const QString& path : filesOf(songs))
-        needs_.trash.moveToTrash(path);
-    library.playlistsTableView().deselectAll();
-    library.reloadData();
-    library.saveLibrary();
-}
-
-void SongRemoval::forget(const QList<Record>& songs)
-{
-    QSet<QString> ids;
-    for (const Record& song : songs) {
-        ids.insert(song.string(keys::Id));
-        needs_.downloads.cancel(song);
-        needs_.library.library().remove(song.string(keys::Id));
-    }
-    for (Record& playlist : needs_.library.playlists()) {
-        QStringList tracks = playlist.strings(keys::Tracks);
-        if (tracks.removeIf([&ids](const QString& id) { return ids.contains(id); }) > 0)
-            playlist.set(keys::Tracks, tracks);
-    }
-}
-
-QStringList SongRemoval::filesOf(const QList<Record>& songs) const
-{
-    QSet<QString> locations;
-    for (const Record& song : songs)
-        if (song.utf8(keys::Location).starts_with("file://"))
-            locations.insert(song.string(keys::Location));
-    if (!locations.isEmpty())
-        needs_.library.library().forEach([&locations](std::string_view, const Record& kept) {
-            if (kept.utf8(keys::Location).starts_with("file://"))
-                locations.remove(kept.string(keys::Location));
-        });
-    QStringList paths;
-    for (const QString& location : std::as_const(locations)) {
-        const QString path = pathOfFileUrl(location);
-        // A record from the web may name anything: a folder, and all that is in it, is no song.
-        if (QFileInfo(path).isFile())
-            paths.append(path);
-    }
-    return paths;
+    auto removal = std::make_unique<SongsRemovedFromLibrary>(needs_, songs, withFiles);
+    removal->redo();
+    needs_.undo.push(std::move(removal));
 }
 
 void SongRemoval::removeFromPlaylist(const QList<int>& rows)
 {
     RVDataManager& library = needs_.library;
     RVDataManagerDelegate& controller = library.delegate();
-    Record playlist = library.currentPlaylist();
-    const bool plays = controller.nowplayingSourceType() == int(SourceType::Playlists) &&
-                       controller.nowplayingPlaylistUID() == library.currentUID();
+    const Record playlist = library.currentPlaylist();
     // A song can stand several times in a playlist: which of its places are to go?
     const QSet<int> selected(rows.begin(), rows.end());
     QSet<std::pair<QString, int>> gone;
     QHash<QString, int> places;
     for (int row = 0; row < library.items().size(); ++row) {
-        const Record& track = library.items()[row];
-        const int place = places[track.string(keys::Id)]++;
-        if (!selected.contains(row))
-            continue;
-        gone.insert({track.string(keys::Id), place});
-        if (plays && library.isNowplaying(track))
-            controller.stop();
+        const QString id = library.items()[row].string(keys::Id);
+        const int place = places[id]++;
+        if (selected.contains(row))
+            gone.insert({id, place});
     }
     places.clear();
-    QStringList tracks;
-    for (const QString& id : playlist.strings(keys::Tracks))
-        if (!gone.contains({id, places[id]++}) && library.library().contains(id))
-            tracks.append(id);
-    playlist.set(keys::Tracks, tracks);
+    QList<int> indexes;
+    const QStringList tracks = playlist.strings(keys::Tracks);
+    for (int index = 0; index < tracks.size(); ++index)
+        if (gone.contains({tracks[index], places[tracks[index]]++}) ||
+            !library.library().contains(tracks[index]))
+            indexes.append(index);
+    auto removal = std::make_unique<SongsRemovedFromPlaylist>(library, playlist, indexes);
+    removal->takeOut();
     library.removeItems(rows);
     library.playlistsTableView().selectRows({std::min(rows.first(), int(library.items().size()) - 1)});
-    if (plays)
+    if (controller.nowplayingSourceType() == int(SourceType::Playlists) &&
+        controller.nowplayingPlaylistUID() == library.currentUID())
         controller.setNowplayingPlaylistItems(library.items());
     library.saveLibrary();
+    needs_.undo.push(std::move(removal));
 }
 
 void SongRemoval::removeBrokenLinks()
@@ -149,14 +108,8 @@ void SongRemoval::removeBrokenLinks()
         if (track.boolean(keys::BrokenLink))
             broken.append(track);
     });
-    if (broken.isEmpty())
-        return;
-    forget(broken);
-    if (needs_.library.currentSourceType() == SourceType::Playlists)
-        needs_.library.setCurrentPlaylistIndex(needs_.library.currentPlaylistIndex());
-    else
-        needs_.library.reloadData();
-    needs_.library.saveLibrary();
+    if (!broken.isEmpty())
+        removeFromLibrary(broken, false);
 }
 
 } // namespace zib

@@ -5,8 +5,6 @@
 
 #include <QList>
 #include <QObject>
-#include <QSet>
-#include <QString>
 
 namespace zib {
 
@@ -15,9 +13,11 @@ class Desktop;
 class RVDataManager;
 class SongDownloads;
 class Trash;
+class UndoStack;
 class UserDefaults;
 
-/// Takes songs out of the library, with their files into the trash, or out of a playlist. Main thread.
+/// Takes songs out of the library, with their files into the trash, or out of a playlist; all of it can be
+/// undone. Main thread.
 class SongRemoval : public QObject {
     Q_OBJECT
 
@@ -30,6 +30,7 @@ class SongRemoval : public QObject {
         Trash& trash;
         Alerts& alerts;
         Desktop& desktop;
+        UndoStack& undo;
     };
     explicit SongRemoval(const Needs& needs);
 
@@ -40,12 +41,8 @@ class SongRemoval : public QObject {
     void removeBrokenLinks();
 
   private:
-    void removeFromLibrary(const QList<Record>& songs);
+    void removeFromLibrary(const QList<Record>& songs, bool withFiles);
     void removeFromPlaylist(const QList<int>& rows);
-    /// Out of the library and all playlists.
-    void forget(const QList<Record>& songs);
-    /// The files among the songs' locations that no song of the library plays from any more.
-    [[nodiscard]] QStringList filesOf(const QList<Record>& songs) const;
 
     Needs needs_;
 };

@@ -15,6 +15,10 @@ class Trash : public QObject {
     /// moved then.
     /// @param path absolute. A link is moved itself, not what it leads to.
     virtual void moveToTrash(const QString& path) = 0;
+    /// Brings back the file that this object last moved there from that path, or was still to move. It takes
+    /// no other file's place.
+    /// @return whether it is where it was; not so when the trash has it no more.
+    [[nodiscard]] virtual bool restore(const QString& path) = 0;
 
   Q_SIGNALS:
     /// The file could not be moved, and is where it was.

@@ -117,6 +117,14 @@
         <source>Quit</source>
         <translation>Beenden</translation>
     </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Wiederholen</translation>
+    </message>
 </context>
 <context>
     <name>AudioStreamer</name>
@@ -711,6 +719,51 @@
     </message>
 </context>
 <context>
+    <name>RemovedLists</name>
+    <message numerus="yes">
+        <source>%Ln searches removed. Press Ctrl+Z to undo.</source>
+        <translation>
+            <numerusform>%Ln Suche entfernt. Rückgängig mit Strg+Z.</numerusform>
+            <numerusform>%Ln Suchen entfernt. Rückgängig mit Strg+Z.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Undo remove %Ln searches</source>
+        <translation>
+            <numerusform>Entfernen von %Ln Suche rückgängig machen</numerusform>
+            <numerusform>Entfernen von %Ln Suchen rückgängig machen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Redo remove %Ln searches</source>
+        <translation>
+            <numerusform>Entfernen von %Ln Suche wiederholen</numerusform>
+            <numerusform>Entfernen von %Ln Suchen wiederholen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln playlists removed. Press Ctrl+Z to undo.</source>
+        <translation>
+            <numerusform>%Ln Playlist entfernt. Rückgängig mit Strg+Z.</numerusform>
+            <numerusform>%Ln Playlists entfernt. Rückgängig mit Strg+Z.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Undo remove %Ln playlists</source>
+        <translation>
+            <numerusform>Entfernen von %Ln Playlist rückgängig machen</numerusform>
+            <numerusform>Entfernen von %Ln Playlists rückgängig machen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Redo remove %Ln playlists</source>
+        <translation>
+            <numerusform>Entfernen von %Ln Playlist wiederholen</numerusform>
+            <numerusform>Entfernen von %Ln Playlists wiederholen</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>SearchFlow</name>
     <message>
         <source>Tag(s)</source>
@@ -916,6 +969,65 @@ Der Link wurde in die Zwischenablage kopiert.</translation>
     <message>
         <source>Unknown Album</source>
         <translation>Unbekanntes Album</translation>
+    </message>
+</context>
+<context>
+    <name>SongsRemovedFromLibrary</name>
+    <message numerus="yes">
+        <source>%Ln songs removed from the library. Press Ctrl+Z to undo.</source>
+        <translation>
+            <numerusform>%Ln Song aus der Mediathek entfernt. Rückgängig mit Strg+Z.</numerusform>
+            <numerusform>%Ln Songs aus der Mediathek entfernt. Rückgängig mit Strg+Z.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Undo remove %Ln songs</source>
+        <translation>
+            <numerusform>Entfernen von %Ln Song rückgängig machen</numerusform>
+            <numerusform>Entfernen von %Ln Songs rückgängig machen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Redo remove %Ln songs</source>
+        <translation>
+            <numerusform>Entfernen von %Ln Song wiederholen</numerusform>
+            <numerusform>Entfernen von %Ln Songs wiederholen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files could not be brought back from the trash.</source>
+        <translation>
+            <numerusform>%Ln Datei konnte nicht aus dem Papierkorb geholt werden.</numerusform>
+            <numerusform>%Ln Dateien konnten nicht aus dem Papierkorb geholt werden.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>SongsRemovedFromPlaylist</name>
+    <message numerus="yes">
+        <source>%Ln songs removed from the playlist. Press Ctrl+Z to undo.</source>
+        <translation>
+            <numerusform>%Ln Song aus der Playlist entfernt. Rückgängig mit Strg+Z.</numerusform>
+            <numerusform>%Ln Songs aus der Playlist entfernt. Rückgängig mit Strg+Z.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Undo remove %Ln songs from the playlist</source>
+        <translation>
+            <numerusform>Entfernen von %Ln Song aus der Playlist rückgängig machen</numerusform>
+            <numerusform>Entfernen von %Ln Songs aus der Playlist rückgängig machen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Redo remove %Ln songs from the playlist</source>
+        <translation>
+            <numerusform>Entfernen von %Ln Song aus der Playlist wiederholen</numerusform>
+            <numerusform>Entfernen von %Ln Songs aus der Playlist wiederholen</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -2417,6 +2529,13 @@ Der Link wurde in die Zwischenablage kopiert.</translation>
             <numerusform>Album</numerusform>
             <numerusform>Alben</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>zib::UndoStack</name>
+    <message>
+        <source>Undone. Press Ctrl+Shift+Z to do it again.</source>
+        <translation>Rückgängig gemacht. Wiederholen mit Strg+Umschalt+Z.</translation>
     </message>
 </context>
 <context>

@@ -22,6 +22,106 @@
     </message>
 </context>
 <context>
+    <name>RemovedLists</name>
+    <message numerus="yes">
+        <source>%Ln searches removed. Press Ctrl+Z to undo.</source>
+        <translation>
+            <numerusform>%Ln search removed. Press Ctrl+Z to undo.</numerusform>
+            <numerusform>%Ln searches removed. Press Ctrl+Z to undo.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Undo remove %Ln searches</source>
+        <translation>
+            <numerusform>Undo remove %Ln search</numerusform>
+            <numerusform>Undo remove %Ln searches</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Redo remove %Ln searches</source>
+        <translation>
+            <numerusform>Redo remove %Ln search</numerusform>
+            <numerusform>Redo remove %Ln searches</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln playlists removed. Press Ctrl+Z to undo.</source>
+        <translation>
+            <numerusform>%Ln playlist removed. Press Ctrl+Z to undo.</numerusform>
+            <numerusform>%Ln playlists removed. Press Ctrl+Z to undo.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Undo remove %Ln playlists</source>
+        <translation>
+            <numerusform>Undo remove %Ln playlist</numerusform>
+            <numerusform>Undo remove %Ln playlists</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Redo remove %Ln playlists</source>
+        <translation>
+            <numerusform>Redo remove %Ln playlist</numerusform>
+            <numerusform>Redo remove %Ln playlists</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>SongsRemovedFromLibrary</name>
+    <message numerus="yes">
+        <source>%Ln songs removed from the library. Press Ctrl+Z to undo.</source>
+        <translation>
+            <numerusform>%Ln song removed from the library. Press Ctrl+Z to undo.</numerusform>
+            <numerusform>%Ln songs removed from the library. Press Ctrl+Z to undo.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Undo remove %Ln songs</source>
+        <translation>
+            <numerusform>Undo remove %Ln song</numerusform>
+            <numerusform>Undo remove %Ln songs</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Redo remove %Ln songs</source>
+        <translation>
+            <numerusform>Redo remove %Ln song</numerusform>
+            <numerusform>Redo remove %Ln songs</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files could not be brought back from the trash.</source>
+        <translation>
+            <numerusform>%Ln file could not be brought back from the trash.</numerusform>
+            <numerusform>%Ln files could not be brought back from the trash.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>SongsRemovedFromPlaylist</name>
+    <message numerus="yes">
+        <source>%Ln songs removed from the playlist. Press Ctrl+Z to undo.</source>
+        <translation>
+            <numerusform>%Ln song removed from the playlist. Press Ctrl+Z to undo.</numerusform>
+            <numerusform>%Ln songs removed from the playlist. Press Ctrl+Z to undo.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Undo remove %Ln songs from the playlist</source>
+        <translation>
+            <numerusform>Undo remove %Ln song from the playlist</numerusform>
+            <numerusform>Undo remove %Ln songs from the playlist</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Redo remove %Ln songs from the playlist</source>
+        <translation>
+            <numerusform>Redo remove %Ln song from the playlist</numerusform>
+            <numerusform>Redo remove %Ln songs from the playlist</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>zib::AppDelegate</name>
     <message numerus="yes">
         <source>%Ln songs added</source>

@@ -117,6 +117,14 @@
         <source>Quit</source>
         <translation>Salir</translation>
     </message>
+    <message>
+        <source>Undo</source>
+        <translation>Deshacer</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Rehacer</translation>
+    </message>
 </context>
 <context>
     <name>AudioStreamer</name>
@@ -711,6 +719,51 @@
     </message>
 </context>
 <context>
+    <name>RemovedLists</name>
+    <message numerus="yes">
+        <source>%Ln searches removed. Press Ctrl+Z to undo.</source>
+        <translation>
+            <numerusform>%Ln búsqueda eliminada. Deshacer con Ctrl+Z.</numerusform>
+            <numerusform>%Ln búsquedas eliminadas. Deshacer con Ctrl+Z.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Undo remove %Ln searches</source>
+        <translation>
+            <numerusform>Deshacer la eliminación de %Ln búsqueda</numerusform>
+            <numerusform>Deshacer la eliminación de %Ln búsquedas</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Redo remove %Ln searches</source>
+        <translation>
+            <numerusform>Rehacer la eliminación de %Ln búsqueda</numerusform>
+            <numerusform>Rehacer la eliminación de %Ln búsquedas</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln playlists removed. Press Ctrl+Z to undo.</source>
+        <translation>
+            <numerusform>%Ln lista eliminada. Deshacer con Ctrl+Z.</numerusform>
+            <numerusform>%Ln listas eliminadas. Deshacer con Ctrl+Z.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Undo remove %Ln playlists</source>
+        <translation>
+            <numerusform>Deshacer la eliminación de %Ln lista</numerusform>
+            <numerusform>Deshacer la eliminación de %Ln listas</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Redo remove %Ln playlists</source>
+        <translation>
+            <numerusform>Rehacer la eliminación de %Ln lista</numerusform>
+            <numerusform>Rehacer la eliminación de %Ln listas</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>SearchFlow</name>
     <message>
         <source>Tag(s)</source>
@@ -916,6 +969,65 @@ El enlace se ha copiado al portapapeles.</translation>
     <message>
         <source>Unknown Album</source>
         <translation>Álbum desconocido</translation>
+    </message>
+</context>
+<context>
+    <name>SongsRemovedFromLibrary</name>
+    <message numerus="yes">
+        <source>%Ln songs removed from the library. Press Ctrl+Z to undo.</source>
+        <translation>
+            <numerusform>%Ln canción eliminada de la biblioteca. Deshacer con Ctrl+Z.</numerusform>
+            <numerusform>%Ln canciones eliminadas de la biblioteca. Deshacer con Ctrl+Z.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Undo remove %Ln songs</source>
+        <translation>
+            <numerusform>Deshacer la eliminación de %Ln canción</numerusform>
+            <numerusform>Deshacer la eliminación de %Ln canciones</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Redo remove %Ln songs</source>
+        <translation>
+            <numerusform>Rehacer la eliminación de %Ln canción</numerusform>
+            <numerusform>Rehacer la eliminación de %Ln canciones</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files could not be brought back from the trash.</source>
+        <translation>
+            <numerusform>%Ln archivo no se pudo recuperar de la papelera.</numerusform>
+            <numerusform>%Ln archivos no se pudieron recuperar de la papelera.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
+</context>
+<context>
+    <name>SongsRemovedFromPlaylist</name>
+    <message numerus="yes">
+        <source>%Ln songs removed from the playlist. Press Ctrl+Z to undo.</source>
+        <translation>
+            <numerusform>%Ln canción eliminada de la lista. Deshacer con Ctrl+Z.</numerusform>
+            <numerusform>%Ln canciones eliminadas de la lista. Deshacer con Ctrl+Z.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Undo remove %Ln songs from the playlist</source>
+        <translation>
+            <numerusform>Deshacer la eliminación de %Ln canción de la lista</numerusform>
+            <numerusform>Deshacer la eliminación de %Ln canciones de la lista</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Redo remove %Ln songs from the playlist</source>
+        <translation>
+            <numerusform>Rehacer la eliminación de %Ln canción de la lista</numerusform>
+            <numerusform>Rehacer la eliminación de %Ln canciones de la lista</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -2417,6 +2529,13 @@ El enlace se ha copiado al portapapeles.</translation>
             <numerusform>álbum</numerusform>
             <numerusform>álbumes</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>zib::UndoStack</name>
+    <message>
+        <source>Undone. Press Ctrl+Shift+Z to do it again.</source>
+        <translation>Deshecho. Rehacer con Ctrl+Mayús+Z.</translation>
     </message>
 </context>
 <context>

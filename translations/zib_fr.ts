@@ -117,6 +117,14 @@
         <source>Quit</source>
         <translation>Quitter</translation>
     </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Redo</source>
+        <translation>Rétablir</translation>
+    </message>
 </context>
 <context>
     <name>AudioStreamer</name>
@@ -711,6 +719,51 @@
     </message>
 </context>
 <context>
+    <name>RemovedLists</name>
+    <message numerus="yes">
+        <source>%Ln searches removed. Press Ctrl+Z to undo.</source>
+        <translation>
+            <numerusform>%Ln recherche supprimée. Annuler avec Ctrl+Z.</numerusform>
+            <numerusform>%Ln recherches supprimées. Annuler avec Ctrl+Z.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Undo remove %Ln searches</source>
+        <translation>
+            <numerusform>Annuler la suppression de %Ln recherche</numerusform>
+            <numerusform>Annuler la suppression de %Ln recherches</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Redo remove %Ln searches</source>
+        <translation>
+            <numerusform>Rétablir la suppression de %Ln recherche</numerusform>
+            <numerusform>Rétablir la suppression de %Ln recherches</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln playlists removed. Press Ctrl+Z to undo.</source>
+        <translation>
+            <numerusform>%Ln playlist supprimée. Annuler avec Ctrl+Z.</numerusform>
+            <numerusform>%Ln playlists supprimées. Annuler avec Ctrl+Z.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Undo remove %Ln playlists</source>
+        <translation>
+            <numerusform>Annuler la suppression de %Ln playlist</numerusform>
+            <numerusform>Annuler la suppression de %Ln playlists</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Redo remove %Ln playlists</source>
+        <translation>
+            <numerusform>Rétablir la suppression de %Ln playlist</numerusform>
+            <numerusform>Rétablir la suppression de %Ln playlists</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>SearchFlow</name>
     <message>
         <source>Tag(s)</source>
@@ -916,6 +969,65 @@ Le lien a été copié dans le presse-papiers.</translation>
     <message>
         <source>Unknown Album</source>
         <translation>Album inconnu</translation>
+    </message>
+</context>
+<context>
+    <name>SongsRemovedFromLibrary</name>
+    <message numerus="yes">
+        <source>%Ln songs removed from the library. Press Ctrl+Z to undo.</source>
+        <translation>
+            <numerusform>%Ln morceau supprimé de la bibliothèque. Annuler avec Ctrl+Z.</numerusform>
+            <numerusform>%Ln morceaux supprimés de la bibliothèque. Annuler avec Ctrl+Z.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Undo remove %Ln songs</source>
+        <translation>
+            <numerusform>Annuler la suppression de %Ln morceau</numerusform>
+            <numerusform>Annuler la suppression de %Ln morceaux</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Redo remove %Ln songs</source>
+        <translation>
+            <numerusform>Rétablir la suppression de %Ln morceau</numerusform>
+            <numerusform>Rétablir la suppression de %Ln morceaux</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln files could not be brought back from the trash.</source>
+        <translation>
+            <numerusform>%Ln fichier n’a pas pu être récupéré de la corbeille.</numerusform>
+            <numerusform>%Ln fichiers n’ont pas pu être récupérés de la corbeille.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>SongsRemovedFromPlaylist</name>
+    <message numerus="yes">
+        <source>%Ln songs removed from the playlist. Press Ctrl+Z to undo.</source>
+        <translation>
+            <numerusform>%Ln morceau supprimé de la playlist. Annuler avec Ctrl+Z.</numerusform>
+            <numerusform>%Ln morceaux supprimés de la playlist. Annuler avec Ctrl+Z.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Undo remove %Ln songs from the playlist</source>
+        <translation>
+            <numerusform>Annuler la suppression de %Ln morceau de la playlist</numerusform>
+            <numerusform>Annuler la suppression de %Ln morceaux de la playlist</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Redo remove %Ln songs from the playlist</source>
+        <translation>
+            <numerusform>Rétablir la suppression de %Ln morceau de la playlist</numerusform>
+            <numerusform>Rétablir la suppression de %Ln morceaux de la playlist</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -2417,6 +2529,13 @@ Le lien a été copié dans le presse-papiers.</translation>
             <numerusform>album</numerusform>
             <numerusform>albums</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>zib::UndoStack</name>
+    <message>
+        <source>Undone. Press Ctrl+Shift+Z to do it again.</source>
+        <translation>Annulé. Rétablir avec Ctrl+Maj+Z.</translation>
     </message>
 </context>
 <context>

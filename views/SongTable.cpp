@@ -98,6 +98,10 @@ void SongTable::removeSubviews()
 
 void SongTable::keyPressEvent(QKeyEvent* event)
 {
+    if (state() == EditingState) {
+        RowTable::keyPressEvent(event); // what the open field leaves of its keys
+        return;
+    }
     switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:

@@ -165,6 +165,10 @@ QModelIndex SourceListView::moveCursor(CursorAction action, Qt::KeyboardModifier
 
 void SourceListView::keyPressEvent(QKeyEvent* event)
 {
+    if (state() == EditingState) {
+        QTreeView::keyPressEvent(event); // what the open field leaves of its keys
+        return;
+    }
     reportSelection();
     switch (event->key()) {
     case Qt::Key_Return:

@@ -3,6 +3,7 @@
 
 #include "platform/Trash.h"
 
+#include <QHash>
 #include <QStringList>
 #include <QTimer>
 
@@ -18,12 +19,22 @@ class DesktopTrash : public Trash {
     ~DesktopTrash() override;
 
     void moveToTrash(const QString& path) override;
+    bool restore(const QString& path) override;
 
   private:
+    /// Where a file lies in the trash, and what the trash's record says of it: another file may come to have
+    /// that place when the trash is emptied.
+    struct Place {
+        QString file;
+        QByteArray record;
+    };
+
+    bool moveNow(const QString& path);
     void moveNext();
 
     QStringList waiting_;
-    QTimer next_; // one file at a time, so that the window lives while many go
+    QHash<QString, Place> moved_; // by the path it had
+    QTimer next_;                 // one file at a time, so that the window lives while many go
 };
 
 } // namespace zib

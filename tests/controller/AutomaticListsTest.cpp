@@ -38,7 +38,8 @@ class AutomaticListsTest : public ControllerFixture {
                               .defaults = defaults,
                               .window = window,
                               .notices = notices,
-                              .pages = controller->webController()};
+                              .pages = controller->webController(),
+                              .undo = controller->undo()};
     FakeSourceListing sources;
     SearchFlow flow{context, controller->playback(), sources, {urlLoader, defaults, clock}};
 };

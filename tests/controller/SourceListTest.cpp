@@ -232,6 +232,56 @@ TEST_F(SourceListTest, RemovingSelectsWhatMovedIntoThePlace)
     EXPECT_EQ(titles({searchesAt}), QString());
 }
 
+TEST_F(SourceListTest, RemovedListsComeBackToTheirPlaces)
+{
+    addSearch(QStringLiteral("S"), {localSong(3), localSong(4)});
+    addSearch(QStringLiteral("T"), {localSong(4)});
+    addPlaylistsABC();
+    const QList<Record> playlists = library->playlists();
+    const QString layout = settings::SongTableLayout + playlists[2].string(keys::Id);
+    struct Case {
+        QList<NodePath> rows;
+        const char* playlists;
+        const char* searches;
+        const char* undo;
+    };
+    const Case cases[] = {
+        {{{playlistsAt, 2}}, "A,B", "T,S", "Undo remove 1 playlist"},
+        {{{playlistsAt, 0}, {playlistsAt, 2}}, "B", "T,S", "Undo remove 2 playlists"},
+        {{{searchesAt, 1}}, "A,B,C", "T", "Undo remove 1 search"},
+        {{{searchesAt, 0}, {playlistsAt, 0}, {playlistsAt, 1}}, "C", "S", "Undo remove 3 playlists"},
+        {{{playlistsAt, 0}, {playlistsAt, 1}, {playlistsAt, 2}}, "", "T,S", "Undo remove 3 playlists"},
+    };
+    for (const Case& test : cases) {
+        defaults.setValue(layout, QStringLiteral("columns"));
+        click(test.rows);
+        list().removePlaylistAction();
+        EXPECT_EQ(controller->undo().undoText(), QString::fromUtf8(test.undo));
+        for (int round = 0; round < 2; ++round) {
+            EXPECT_EQ(titles({playlistsAt}), QString::fromUtf8(test.playlists));
+            EXPECT_EQ(titles({searchesAt}), QString::fromUtf8(test.searches));
+            controller->undo().undo();
+            EXPECT_EQ(titles({playlistsAt}), QStringLiteral("A,B,C"));
+            EXPECT_EQ(titles({searchesAt}), QStringLiteral("T,S"));
+            EXPECT_EQ(library->playlists(), playlists);
+            EXPECT_EQ(selected(), test.rows.first()) << test.undo;
+            EXPECT_EQ(defaults.string(layout), QStringLiteral("columns"));
+            controller->undo().redo();
+        }
+        controller->undo().undo();
+    }
+
+    // One that plays on without being shown is found again.
+    click({{playlistsAt, 1}});
+    play(0);
+    click({{playlistsAt, 0}, {playlistsAt, 1}});
+    library->setCurrentUID(0);
+    list().removePlaylistAction();
+    EXPECT_EQ(queue().snapshot()->playlistIndex, RVDataManager::NotFound);
+    controller->undo().undo();
+    EXPECT_EQ(queue().snapshot()->playlistIndex, 1);
+}
+
 TEST_F(SourceListTest, AQuestionStaysAboutTheListsItWasAskedFor)
 {
     addPlaylistsABC();

@@ -13,6 +13,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace zib {
 namespace {
 
@@ -47,6 +49,12 @@ struct RealTrash {
         qunsetenv("XDG_DATA_HOME");
     }
     bool bringBack(const QString& path) const { return restore(place, path); }
+    void empty() const { QDir(place).removeRecursively(); }
+    bool isEmpty() const
+    {
+        return QDir(place + QStringLiteral("/files")).isEmpty() &&
+               QDir(place + QStringLiteral("/info")).isEmpty(QDir::Files);
+    }
 
     QString place;
     std::unique_ptr<Trash> trash = std::make_unique<DesktopTrash>();
@@ -60,6 +68,8 @@ struct MemoryTrash {
         return files().contains(path) && file.open(QIODevice::WriteOnly) &&
                file.write(files().take(path)) >= 0;
     }
+    void empty() { files().clear(); }
+    bool isEmpty() { return files().isEmpty(); }
     QHash<QString, QByteArray>& files() { return static_cast<FakeTrash&>(*trash).files; }
 
     std::unique_ptr<Trash> trash = std::make_unique<FakeTrash>();
@@ -74,6 +84,15 @@ class TrashTest : public testing::Test {
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(bytes);
         return file.fileName();
+    }
+    void waitUntilGone(const QStringList& paths)
+    {
+        const auto anyIsLeft = [&paths] {
+            return std::ranges::any_of(paths, [](const QString& path) { return QFile::exists(path); });
+        };
+        for (int turn = 0; turn < 100 && anyIsLeft(); ++turn)
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        EXPECT_FALSE(anyIsLeft());
     }
     static QByteArray content(const QString& path)
     {
@@ -95,13 +114,41 @@ TYPED_TEST(TrashTest, WhatIsMovedThereCanBeBroughtBack)
     trash.moveToTrash(first);
     trash.moveToTrash(second);
     EXPECT_TRUE(QFile::exists(first));
-    for (int turn = 0; turn < 100 && (QFile::exists(first) || QFile::exists(second)); ++turn)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    EXPECT_FALSE(QFile::exists(first) || QFile::exists(second));
+    this->waitUntilGone({first, second});
     EXPECT_TRUE(this->kind_.bringBack(first));
     EXPECT_TRUE(this->kind_.bringBack(second));
     EXPECT_EQ(this->content(first), "song");
     EXPECT_EQ(this->content(second), "other");
+}
+
+TYPED_TEST(TrashTest, ItBringsBackWhatItHasUnlessAnotherFileHasThePlace)
+{
+    Trash& trash = *this->kind_.trash;
+    QDir(this->folder_.path()).mkdir(QStringLiteral("album"));
+    const QString path = this->make(QStringLiteral("album/50%41 Ärger.mp3"), "song");
+    trash.moveToTrash(path);
+    EXPECT_TRUE(trash.restore(path)) << "it waits still";
+    QCoreApplication::processEvents();
+    EXPECT_EQ(this->content(path), "song");
+    EXPECT_TRUE(this->kind_.isEmpty());
+
+    trash.moveToTrash(path);
+    this->waitUntilGone({path});
+    QDir(this->folder_.path()).rmdir(QStringLiteral("album"));
+    EXPECT_TRUE(trash.restore(path));
+    EXPECT_EQ(this->content(path), "song");
+    EXPECT_TRUE(this->kind_.isEmpty()) << "and no record of it";
+
+    trash.moveToTrash(path);
+    this->waitUntilGone({path});
+    this->make(QStringLiteral("album/50%41 Ärger.mp3"), "another");
+    EXPECT_FALSE(trash.restore(path));
+    EXPECT_EQ(this->content(path), "another");
+    EXPECT_FALSE(this->kind_.isEmpty());
+    this->kind_.empty();
+    QFile::remove(path);
+    EXPECT_FALSE(trash.restore(path));
+    EXPECT_FALSE(QFile::exists(path));
 }
 
 TYPED_TEST(TrashTest, AFailureIsTold)

@@ -3,8 +3,11 @@
 
 #include "platform/Trash.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QHash>
+#include <QStringList>
 
 namespace zib {
 
@@ -13,8 +16,17 @@ class FakeTrash : public Trash {
   public:
     void moveToTrash(const QString& path) override
     {
+        waiting_.append(path);
         QMetaObject::invokeMethod(
             this, [this, path] { move(path); }, Qt::QueuedConnection);
+    }
+    bool restore(const QString& path) override
+    {
+        if (waiting_.removeOne(path) || !files.contains(path))
+            return QFile::exists(path);
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        return file.open(QIODevice::WriteOnly | QIODevice::NewOnly) && file.write(files.take(path)) >= 0;
     }
 
     QHash<QString, QByteArray> files; ///< what was moved there, by the path it had
@@ -22,6 +34,8 @@ class FakeTrash : public Trash {
   private:
     void move(const QString& path)
     {
+        if (!waiting_.removeOne(path))
+            return;
         QFile file(path);
         const QByteArray bytes = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
         if (file.remove())
@@ -29,6 +43,8 @@ class FakeTrash : public Trash {
         else
             Q_EMIT failed(path);
     }
+
+    QStringList waiting_;
 };
 
 } // namespace zib

@@ -27,12 +27,13 @@ from recorder import AUDIBLE, SILENT, Recorder
 from session_steps import SessionSteps
 from sharing_steps import SharingSteps
 from source_steps import SourceSteps
+from window_steps import WindowSteps
 
 ARTIST = "Kestrel Motorway"  # of the songs that come with the program
 
 
-class Journey(DesktopSteps, LibrarySteps, SourceSteps, SharingSteps, PageSteps, DiscoverySteps, SessionSteps,
-              AccessibilitySteps, LanguageSteps):
+class Journey(DesktopSteps, LibrarySteps, SourceSteps, SharingSteps, WindowSteps, PageSteps, DiscoverySteps,
+              SessionSteps, AccessibilitySteps, LanguageSteps):
     def __init__(self, bin_folder, output):
         self.bin = bin_folder
         self.output = output
@@ -157,7 +158,7 @@ class Journey(DesktopSteps, LibrarySteps, SourceSteps, SharingSteps, PageSteps, 
 
     STEPS = ("start", "search", "play", "pause", "resume", "seek", *DesktopSteps.STEPS, "love", "download", "quit",
              "restart", "play_downloaded", *LibrarySteps.STEPS, *SourceSteps.STEPS, *SharingSteps.STEPS,
-             *PageSteps.STEPS, *SessionSteps.STEPS, *AccessibilitySteps.STEPS,
+             *WindowSteps.STEPS, *PageSteps.STEPS, *SessionSteps.STEPS, *AccessibilitySteps.STEPS,
              *LanguageSteps.STEPS, *DiscoverySteps.STEPS)
 
     # What the steps are made of.

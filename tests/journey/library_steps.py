@@ -57,7 +57,7 @@ class LibrarySteps:
         wait_until(new.exists, 5, "the file under its new name")
         assert not self.own_file("Amber Field", "Harvest", "Barley").exists(), "the old file is still there"
         wait_until(lambda: any(song["Name"] == "Barley bread" for song in self.own_songs()), 5, "the new name")
-        assert title_of(new) == "Barley bread", title_of(new)
+        assert tag_of(new, "title") == "Barley bread", tag_of(new, "title")
         return new.name
 
     def reorder(self):
@@ -125,6 +125,6 @@ def make_song(path, artist, album, name):
                    check=True, stdin=subprocess.DEVNULL)
 
 
-def title_of(path: pathlib.Path):
-    return subprocess.run(["ffprobe", "-v", "error", "-show_entries", "format_tags=title", "-of", "csv=p=0", str(path)],
+def tag_of(path: pathlib.Path, name):
+    return subprocess.run(["ffprobe", "-v", "error", "-show_entries", f"format_tags={name}", "-of", "csv=p=0", str(path)],
                           check=True, stdin=subprocess.DEVNULL, capture_output=True, text=True).stdout.strip()

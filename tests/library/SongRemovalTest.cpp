@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Hunts: a song or a file lost that was not meant, one that stays behind, a playlist in another order, and
-// music that goes on after its song is gone.
+// Hunts: a song or a file lost that was not meant, one that stays behind, a playlist in another order, music
+// that goes on after its song is gone, and what does not come back when a removal is undone.
 #include "library/SongRemoval.h"
 #include "library/RVDataManager.h"
 #include "library/SongDownloads.h"
+#include "library/UndoStack.h"
 #include "platform/SettingsKeys.h"
 #include "tests/fakes/FakeAlerts.h"
 #include "tests/fakes/FakeClock.h"
@@ -86,6 +87,19 @@ class SongRemovalTest : public testing::Test {
             ids.append(item.string(keys::Id));
         return ids.join(QLatin1Char(' '));
     }
+    /// Everything that a removal touches.
+    QStringList state()
+    {
+        QStringList result;
+        library.library().forEach([&](std::string_view id, const Record& track) {
+            const QString name = QString::fromUtf8(id.data(), qsizetype(id.size()));
+            result.append(name + (QFile::exists(path(name)) ? QString() : QStringLiteral(" lost")) +
+                          (track.boolean(keys::Favorite) ? QStringLiteral(" loved") : QString()));
+        });
+        for (const Record& playlist : library.playlists())
+            result.append(playlist.strings(keys::Tracks).join(QLatin1Char(' ')));
+        return result;
+    }
     void remove(const QList<int>& rows)
     {
         table.selectRows(rows);
@@ -105,7 +119,8 @@ class SongRemovalTest : public testing::Test {
     Controller controller;
     RVDataManager library{defaults, alerts, clock, view, path(QStringLiteral("Library.zib"))};
     SongDownloads downloads{library, {loader, defaults, clock}, defaults, alerts};
-    SongRemoval removal{{library, downloads, defaults, trash, alerts, desktop}};
+    UndoStack undo{defaults};
+    SongRemoval removal{{library, downloads, defaults, trash, alerts, desktop, undo}};
 };
 
 TEST_F(SongRemovalTest, FromTheLibraryTheyGoWithTheirFiles)
@@ -152,7 +167,8 @@ TEST_F(SongRemovalTest, FilesThatAreNotOneRemovedSongsOwnStay)
     EXPECT_EQ(shown(), QStringLiteral("d"));
     EXPECT_TRUE(trash.files.isEmpty());
     EXPECT_TRUE(QDir(path(QStringLiteral("folder"))).exists());
-    EXPECT_FALSE(defaults.value(settings::BriefStatusMessage).isValid());
+    EXPECT_EQ(defaults.string(settings::BriefStatusMessage),
+              QStringLiteral("3 songs removed from the library. Press Ctrl+Z to undo."));
 
     QFile::remove(path(QStringLiteral("d")));
     QDir(folder.path()).mkdir(QStringLiteral("d"));
@@ -241,6 +257,110 @@ TEST_F(SongRemovalTest, BrokenLinksAreCleanedUpAndFilesStay)
     EXPECT_EQ(library.library().size(), 2);
     EXPECT_EQ(library.playlists()[0].strings(keys::Tracks), names("b c"));
     EXPECT_TRUE(trash.files.isEmpty());
+}
+
+TEST_F(SongRemovalTest, EachRemovalIsTakenBackAndDoneAgain)
+{
+    struct Case {
+        SourceType source;
+        QList<int> rows;
+        bool brokenLinks;
+        const char* undo;
+    };
+    const Case cases[] = {
+        {SourceType::Library, {0, 1, 3}, false, "Undo remove 3 songs"},
+        {SourceType::Library, {2}, false, "Undo remove 1 song"},
+        {SourceType::Playlists, {0, 2, 4}, false, "Undo remove 3 songs from the playlist"},
+        {SourceType::Playlists, {3}, false, "Undo remove 1 song from the playlist"},
+        {SourceType::Library, {0, 2}, true, "Undo remove 2 songs"},
+    };
+    library.library().find(QStringLiteral("b")).set(keys::Favorite, true);
+    showPlaylist("b d");
+    showPlaylist("a b a c a");
+    QList<QStringList> states{state()};
+    for (const Case& test : cases) {
+        library.setSource(test.source);
+        if (test.source == SourceType::Playlists)
+            library.setCurrentPlaylistIndex(1);
+        if (test.brokenLinks) {
+            for (const char* id : {"a", "c"})
+                library.library().find(QString::fromUtf8(id)).set(keys::BrokenLink, true);
+            removal.removeBrokenLinks();
+        } else {
+            remove(test.rows);
+        }
+        EXPECT_EQ(undo.undoText(), QString::fromUtf8(test.undo));
+        const QStringList removed = state();
+        EXPECT_NE(removed, states.first());
+        for (int round = 0; round < 2; ++round) {
+            undo.undo();
+            EXPECT_EQ(state(), states.first()) << test.undo;
+            EXPECT_EQ(table.selectedRows(), test.rows) << test.undo;
+            EXPECT_EQ(undo.redoText(), QString::fromUtf8(test.undo).replace(0, 4, QStringLiteral("Redo")));
+            undo.redo();
+            QCoreApplication::processEvents();
+            EXPECT_EQ(state(), removed) << test.undo;
+        }
+        undo.undo();
+    }
+    EXPECT_TRUE(trash.files.isEmpty());
+
+    // One upon another, and then all the way back.
+    library.setSource(SourceType::Library);
+    for (int round = 0; round < 3; ++round) {
+        states.append(state());
+        remove({0});
+    }
+    for (int round = 0; round < 3; ++round) {
+        undo.undo();
+        EXPECT_EQ(state(), states.takeLast());
+    }
+    remove({3});
+    EXPECT_EQ(undo.redoText(), QString()) << "something else was done since";
+    library.waitForSaves();
+    EXPECT_EQ(LibraryFile(path(QStringLiteral("Library.zib"))).load()->library.size(), 3);
+}
+
+TEST_F(SongRemovalTest, WhatTheTrashHasNoMoreIsTold)
+{
+    library.setSource(SourceType::Library);
+    remove({0, 1, 2});
+    trash.files.remove(path(QStringLiteral("b")));
+    location(QStringLiteral("c")); // somebody else's file has its place
+    alerts.shown.clear();
+    undo.undo();
+    EXPECT_EQ(state(), (QStringList{QStringLiteral("a"), QStringLiteral("b lost"), QStringLiteral("c"),
+                                    QStringLiteral("d")}));
+    ASSERT_EQ(alerts.shown.size(), 1);
+    EXPECT_EQ(alerts.shown[0].messageText,
+              QStringLiteral("2 files could not be brought back from the trash."));
+    QStringList lost = alerts.shown[0].informativeText.split(QLatin1Char('\n'));
+    lost.sort();
+    EXPECT_EQ(lost, (QStringList{path(QStringLiteral("b")), path(QStringLiteral("c"))}));
+    EXPECT_TRUE(trash.files.contains(path(QStringLiteral("c"))));
+}
+
+TEST_F(SongRemovalTest, ASongThatCameInAgainStaysAndTheOldestRemovalsAreForgotten)
+{
+    showPlaylist("a b");
+    library.setSource(SourceType::Library);
+    remove({0, 1});
+    library.library().insert(QStringLiteral("a"), song(QStringLiteral("a"), {{keys::Favorite, true}}));
+    library.addObjects({library.library().find(QStringLiteral("c"))}, 0);
+    undo.undo();
+    EXPECT_TRUE(library.library().find(QStringLiteral("a")).boolean(keys::Favorite));
+    EXPECT_EQ(library.playlists()[0].strings(keys::Tracks), names("a b c"));
+
+    const int more = int(UndoStack::depth) + 1;
+    for (int number = 0; number < more; ++number)
+        library.library().insert(QStringLiteral("x%1").arg(number), song(QStringLiteral("x%1").arg(number)));
+    library.reloadData();
+    for (int number = 0; number < more; ++number)
+        remove({4});
+    for (int number = 0; number < more; ++number)
+        undo.undo();
+    EXPECT_EQ(library.library().size(), 4 + more - 1);
+    EXPECT_EQ(undo.undoText(), QString());
 }
 
 } // namespace

@@ -190,6 +190,23 @@ TEST_F(LibraryTablesTest, ATextIsEditedInItsCellAlsoWhenItsRowMovesMeanwhile)
               QStringLiteral("Song 1"));
 }
 
+TEST_F(LibraryTablesTest, TheKeyThatEndsAnEditPlaysNothing)
+{
+    showAsLibrary({localSong(1)});
+    QSignalSpy played(&table(), &SongTable::activated);
+    table().setFocus();
+    table().selectRows({0});
+    QTest::keyClick(&table(), Qt::Key_F2);
+    QTest::keyClicks(table().findChild<QLineEdit*>(), QStringLiteral("Dawn"));
+    QTest::keyClick(table().findChild<QLineEdit*>(), Qt::Key_Return);
+    const QString id = song(1, {}, {}).string(keys::Id);
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return library->library().find(id).string(keys::Name) == QStringLiteral("Dawn"); }));
+    EXPECT_EQ(played.count(), 0);
+    QTest::keyClick(&table(), Qt::Key_Return);
+    EXPECT_EQ(played.count(), 1);
+}
+
 TEST_F(LibraryTablesTest, ADownloadIsStartedAndStoppedInItsRow)
 {
     defaults.setValue(settings::SupressDialogDownload, true);

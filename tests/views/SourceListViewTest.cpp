@@ -11,6 +11,7 @@
 #include <QDropEvent>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QSignalSpy>
 
 namespace zib {
 namespace {
@@ -137,6 +138,7 @@ TEST_F(SourceListViewTest, TheModelKeepsTheRulesWhateverHappensToTheRows)
 TEST_F(SourceListViewTest, APlaylistIsRenamedInItsRow)
 {
     addPlaylists({QStringLiteral("A"), QStringLiteral("B")});
+    QSignalSpy played(&view(), &SourceListView::playRequested);
     click({6, 0});
     press(Qt::Key_F2);
     ASSERT_NE(editor(), nullptr);
@@ -149,6 +151,7 @@ TEST_F(SourceListViewTest, APlaylistIsRenamedInItsRow)
     QCoreApplication::processEvents();
     EXPECT_EQ(title({6, 0}), QStringLiteral("  Rain"));
     EXPECT_EQ(library->playlists()[0].string(keys::Name), QStringLiteral("  Rain"));
+    EXPECT_EQ(played.count(), 0) << "the key was the field's";
     press(Qt::Key_F2);
     QTest::keyClick(editor(), Qt::Key_Backspace);
     click({6, 1}); // in the midst of it, with nothing left in the field
