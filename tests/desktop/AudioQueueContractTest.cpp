@@ -187,9 +187,14 @@ TYPED_TEST(AudioQueueContract, NoCallWaitsForACallbackElsewhere)
     auto& t = *this;
     std::mutex held;
     std::atomic<bool> arrived = false;
+    std::atomic<bool> left = false;
     t.listener->onComplete = [&] {
-        if (!arrived.exchange(true))
+        if (arrived.exchange(true))
+            return;
+        {
             const std::lock_guard guard(held); // as the streamer's callback takes the streamer's lock
+        }
+        left = true;
     };
     std::thread player;
     {
@@ -206,6 +211,8 @@ TYPED_TEST(AudioQueueContract, NoCallWaitsForACallbackElsewhere)
         EXPECT_EQ(t.queue->dispose(), kAudioOk);
     }
     player.join();
+    while (!left) // what it refers to goes with this function
+        std::this_thread::yield();
 }
 
 TYPED_TEST(AudioQueueContract, IsSilentOnceDisposedOf)
