@@ -1599,7 +1599,7 @@ Der Link wurde in die Zwischenablage kopiert.</translation>
     </message>
     <message>
         <source>Press Escape to see all songs again. To find others on the web, try a tag:</source>
-        <translation>Mit Escape sind alle Songs wieder da. Um andere im Web zu finden, ein Tag probieren:</translation>
+        <translation>Mit Esc sind alle Songs wieder da. Um andere im Web zu finden, ein Tag probieren:</translation>
     </message>
     <message>
         <source>No songs found</source>
@@ -2604,7 +2604,7 @@ Der Link wurde in die Zwischenablage kopiert.</translation>
     </message>
     <message>
         <source>Closes this page (Escape)</source>
-        <translation>Schließt diese Seite (Escape)</translation>
+        <translation>Schließt diese Seite (Esc)</translation>
     </message>
 </context>
 <context>

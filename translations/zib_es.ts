@@ -1321,7 +1321,7 @@ El enlace se ha copiado al portapapeles.</translation>
     </message>
     <message>
         <source>Previous song (Ctrl+Left)</source>
-        <translation>Canción anterior (Ctrl+Izquierda)</translation>
+        <translation>Canción anterior (Control+Izquierda)</translation>
     </message>
     <message>
         <source>Play or pause</source>
@@ -1337,7 +1337,7 @@ El enlace se ha copiado al portapapeles.</translation>
     </message>
     <message>
         <source>Next song (Ctrl+Right)</source>
-        <translation>Canción siguiente (Ctrl+Derecha)</translation>
+        <translation>Canción siguiente (Control+Derecha)</translation>
     </message>
     <message>
         <source>Love</source>
@@ -1345,7 +1345,7 @@ El enlace se ha copiado al portapapeles.</translation>
     </message>
     <message>
         <source>Love this song (Ctrl+L)</source>
-        <translation>Marcar esta canción como favorita (Ctrl+L)</translation>
+        <translation>Marcar esta canción como favorita (Control+L)</translation>
     </message>
     <message>
         <source>Download</source>
@@ -1353,7 +1353,7 @@ El enlace se ha copiado al portapapeles.</translation>
     </message>
     <message>
         <source>Download this song (Ctrl+D)</source>
-        <translation>Descargar esta canción (Ctrl+D)</translation>
+        <translation>Descargar esta canción (Control+D)</translation>
     </message>
     <message>
         <source>Menu</source>
@@ -1369,7 +1369,7 @@ El enlace se ha copiado al portapapeles.</translation>
     </message>
     <message>
         <source>Love this song no more (Ctrl+L)</source>
-        <translation>Quitar esta canción de las favoritas (Ctrl+L)</translation>
+        <translation>Quitar esta canción de las favoritas (Control+L)</translation>
     </message>
     <message>
         <source>This song is on your disk</source>
@@ -1487,7 +1487,7 @@ El enlace se ha copiado al portapapeles.</translation>
     </message>
     <message>
         <source>Show only the songs that hold these words (Ctrl+Shift+F)</source>
-        <translation>Mostrar solo las canciones con estas palabras (Ctrl+Mayús+F)</translation>
+        <translation>Mostrar solo las canciones con estas palabras (Control+Mayúsculas+F)</translation>
     </message>
     <message>
         <source>Filter songs</source>
@@ -1639,7 +1639,7 @@ El enlace se ha copiado al portapapeles.</translation>
     </message>
     <message>
         <source>Drop files or folders on this window, or press Ctrl+O. To find songs on the web, try a tag:</source>
-        <translation>Suelte archivos o carpetas en esta ventana, o pulse Ctrl+O. Para encontrar canciones en la web, pruebe una etiqueta:</translation>
+        <translation>Suelte archivos o carpetas en esta ventana, o pulse Control+O. Para encontrar canciones en la web, pruebe una etiqueta:</translation>
     </message>
     <message>
         <source>Your library is empty</source>
@@ -2034,7 +2034,7 @@ El enlace se ha copiado al portapapeles.</translation>
     </message>
     <message>
         <source>You are asked when you first share</source>
-        <translation>Se pregunta al compartir por primera vez</translation>
+        <translation>Se pregunta la primera vez</translation>
     </message>
     <message>
         <source>Others see it beside the playlists that you share from now on. Playlists shared before keep the name that they have.</source>
@@ -2148,7 +2148,7 @@ El enlace se ha copiado al portapapeles.</translation>
     </message>
     <message>
         <source>Ctrl+Return</source>
-        <translation>Ctrl+Intro</translation>
+        <translation>Control+Intro</translation>
     </message>
     <message>
         <source>of</source>

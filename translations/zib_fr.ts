@@ -33,7 +33,7 @@
     </message>
     <message>
         <source>the library file</source>
-        <translation>le fichier de la bibliothèque</translation>
+        <translation>la bibliothèque</translation>
     </message>
     <message>
         <source>the bundled service</source>
@@ -1232,7 +1232,7 @@ Le lien a été copié dans le presse-papiers.</translation>
     </message>
     <message>
         <source>Find music, hear it, keep what you love.</source>
-        <translation>Trouver de la musique, l’écouter, la garder.</translation>
+        <translation>Trouver, écouter et garder la musique.</translation>
     </message>
     <message>
         <source>Free software: use, study, share and improve it under the GNU General Public License, version 3 or later. It comes without any warranty.</source>

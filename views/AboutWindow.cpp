@@ -70,7 +70,9 @@ QWidget* AboutWindow::makeHead()
     words->addWidget(makeLabel(QStringLiteral("Zib"), QStringLiteral("aboutName")));
     words->addWidget(
         makeLabel(tr("Version %1").arg(QCoreApplication::applicationVersion()), QStringLiteral("hint")));
-    words->addWidget(makeLabel(tr("Find music, hear it, keep what you love."), QString()));
+    auto* promise = makeLabel(tr("Find music, hear it, keep what you love."), QString());
+    promise->setWordWrap(true);
+    words->addWidget(promise);
     words->addSpacing(Theme::between);
     words->addWidget(website, 0, Qt::AlignLeft);
     words->addStretch();
@@ -107,7 +109,9 @@ QWidget* AboutWindow::makeLibraries()
     for (const Library& library : libraries) {
         const int row = table->rowCount();
         table->addWidget(makeLabel(QString::fromLatin1(library.name), QString()), row, 0);
-        table->addWidget(makeLabel(tr(library.purpose), QStringLiteral("hint")), row, 1);
+        table->addWidget(
+            makeLabel(QCoreApplication::translate("AboutWindow", library.purpose), QStringLiteral("hint")),
+            row, 1);
         table->addWidget(makeLabel(QString::fromLatin1(library.licence), QStringLiteral("hint")), row, 2);
     }
     table->setColumnStretch(1, 1);

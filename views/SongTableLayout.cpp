@@ -4,8 +4,11 @@
 #include "platform/SettingsKeys.h"
 #include "platform/UserDefaults.h"
 #include "views/SongTableModel.h"
+#include "views/Theme.h"
 
 #include <QActionGroup>
+#include <QFontMetrics>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -62,6 +65,14 @@ int firstWidth(SongColumn column)
     default:
         return 60;
     }
+}
+
+/// Titles are longer in some languages.
+int titleWidth(const QString& title)
+{
+    QFont font = QGuiApplication::font();
+    font.setPixelSize(Theme::secondaryText);
+    return QFontMetrics(font).horizontalAdvance(title) + 2 * Theme::between + 1; // and the line between two
 }
 
 bool isShownAtFirst(SongColumn column)
@@ -169,7 +180,9 @@ void SongTableLayout::applyFirst()
     descriptors_.clear();
     forEachColumn([this](SongColumn column) {
         header().moveSection(header().visualIndex(int(column)), int(column));
-        widths_[std::size_t(column)] = qMax(firstWidth(column), header().sectionSizeHint(int(column)));
+        widths_[std::size_t(column)] =
+            qMax(firstWidth(column),
+                 titleWidth(table_.model()->headerData(int(column), Qt::Horizontal).toString()));
         wanted_[std::size_t(column)].reset();
     });
     fit();
