@@ -338,10 +338,11 @@ void Application::Parts::fillApplicationMenu()
         item->setShortcut(keys);
         return item;
     };
-    nameUndo(
-        *add(MenuTexts::tr("Undo"), QKeySequence(Qt::CTRL | Qt::Key_Z), [this] { controller.undo().undo(); }),
-        *add(MenuTexts::tr("Redo"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
-             [this] { controller.undo().redo(); }));
+    QAction* undo =
+        add(MenuTexts::tr("Undo"), QKeySequence(Qt::CTRL | Qt::Key_Z), [this] { controller.undo().undo(); });
+    QAction* redo = add(MenuTexts::tr("Redo"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
+                        [this] { controller.undo().redo(); });
+    nameUndo(*undo, *redo);
     menu.addSeparator();
     add(MenuTexts::tr("Add to library…"), QKeySequence(QKeySequence::Open),
         [this] { window.addToLibrary(); });

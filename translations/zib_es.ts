@@ -723,8 +723,8 @@
     <message numerus="yes">
         <source>%Ln searches removed. Press Ctrl+Z to undo.</source>
         <translation>
-            <numerusform>%Ln búsqueda eliminada. Deshacer con Ctrl+Z.</numerusform>
-            <numerusform>%Ln búsquedas eliminadas. Deshacer con Ctrl+Z.</numerusform>
+            <numerusform>%Ln búsqueda eliminada. Deshacer con Control+Z.</numerusform>
+            <numerusform>%Ln búsquedas eliminadas. Deshacer con Control+Z.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -744,8 +744,8 @@
     <message numerus="yes">
         <source>%Ln playlists removed. Press Ctrl+Z to undo.</source>
         <translation>
-            <numerusform>%Ln lista eliminada. Deshacer con Ctrl+Z.</numerusform>
-            <numerusform>%Ln listas eliminadas. Deshacer con Ctrl+Z.</numerusform>
+            <numerusform>%Ln lista eliminada. Deshacer con Control+Z.</numerusform>
+            <numerusform>%Ln listas eliminadas. Deshacer con Control+Z.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -976,8 +976,8 @@ El enlace se ha copiado al portapapeles.</translation>
     <message numerus="yes">
         <source>%Ln songs removed from the library. Press Ctrl+Z to undo.</source>
         <translation>
-            <numerusform>%Ln canción eliminada de la biblioteca. Deshacer con Ctrl+Z.</numerusform>
-            <numerusform>%Ln canciones eliminadas de la biblioteca. Deshacer con Ctrl+Z.</numerusform>
+            <numerusform>%Ln canción eliminada de la biblioteca. Deshacer con Control+Z.</numerusform>
+            <numerusform>%Ln canciones eliminadas de la biblioteca. Deshacer con Control+Z.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -1011,8 +1011,8 @@ El enlace se ha copiado al portapapeles.</translation>
     <message numerus="yes">
         <source>%Ln songs removed from the playlist. Press Ctrl+Z to undo.</source>
         <translation>
-            <numerusform>%Ln canción eliminada de la lista. Deshacer con Ctrl+Z.</numerusform>
-            <numerusform>%Ln canciones eliminadas de la lista. Deshacer con Ctrl+Z.</numerusform>
+            <numerusform>%Ln canción eliminada de la lista. Deshacer con Control+Z.</numerusform>
+            <numerusform>%Ln canciones eliminadas de la lista. Deshacer con Control+Z.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -2535,7 +2535,7 @@ El enlace se ha copiado al portapapeles.</translation>
     <name>zib::UndoStack</name>
     <message>
         <source>Undone. Press Ctrl+Shift+Z to do it again.</source>
-        <translation>Deshecho. Rehacer con Ctrl+Mayús+Z.</translation>
+        <translation>Deshecho. Rehacer con Control+Mayúsculas+Z.</translation>
     </message>
 </context>
 <context>
