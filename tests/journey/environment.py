@@ -75,6 +75,11 @@ class Environment:
     def screenshot(self, path):
         self.run(["import", "-window", "root", str(path)])
 
+    def window_picture(self, path):
+        """The program's window alone, without the frame that the desktop draws around it."""
+        window = self.run(["xdotool", "search", "--onlyvisible", "--name", "^Zib$"]).split()[0].decode()
+        self.run(["import", "-window", window, str(path)])
+
     def pixels(self, box):
         """What stands in that place of the screen, with its edge."""
         return self.run(["import", "-window", "root", "-crop", f"{box.width + 4}x{box.height + 4}+{max(box.x - 2, 0)}+{max(box.y - 2, 0)}",

@@ -23,6 +23,7 @@ from environment import Environment, wait_until
 from language_steps import LanguageSteps
 from library_steps import LibrarySteps
 from page_steps import PageSteps
+from picture_steps import PictureSteps
 from recorder import AUDIBLE, SILENT, Recorder
 from session_steps import SessionSteps
 from sharing_steps import SharingSteps
@@ -33,7 +34,7 @@ ARTIST = "Kestrel Motorway"  # of the songs that come with the program
 
 
 class Journey(DesktopSteps, LibrarySteps, SourceSteps, SharingSteps, WindowSteps, PageSteps, DiscoverySteps,
-              SessionSteps, AccessibilitySteps, LanguageSteps):
+              SessionSteps, AccessibilitySteps, LanguageSteps, PictureSteps):
     def __init__(self, bin_folder, output):
         self.bin = bin_folder
         self.output = output
@@ -159,7 +160,8 @@ class Journey(DesktopSteps, LibrarySteps, SourceSteps, SharingSteps, WindowSteps
     STEPS = ("start", "search", "play", "pause", "resume", "seek", *DesktopSteps.STEPS, "love", "download", "quit",
              "restart", "play_downloaded", *LibrarySteps.STEPS, *SourceSteps.STEPS, *SharingSteps.STEPS,
              *WindowSteps.STEPS, *PageSteps.STEPS, *SessionSteps.STEPS, *AccessibilitySteps.STEPS,
-             *LanguageSteps.STEPS, *DiscoverySteps.STEPS)
+             *LanguageSteps.STEPS, *DiscoverySteps.STEPS,
+             *PictureSteps.STEPS)
 
     # What the steps are made of.
 

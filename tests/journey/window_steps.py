@@ -56,7 +56,7 @@ class WindowSteps:
         self.user.click(self.user.cell("Artists", 0))
         every = wait_until(lambda: len(self.names()) > 2 and self.names(), 5, "all songs")
         self.user.press("ctrl+shift+f")
-        self.user.type("AMBÉR bar")
+        self.user.type("AMBER bar")
         wait_until(lambda: self.names() == ["Barley bread"], 5, "the one song")
         self.environment.screenshot(self.output / "filtered.png")
         self.user.press("Escape")
@@ -67,7 +67,7 @@ class WindowSteps:
         self.user.choose("Sources", "Amber Field")
         songs = wait_until(lambda: len(self.names()) == 2 and self.names(), 5, "the playlist's songs")
         self.user.click(self.user.wait_for("Playlist actions"))
-        self.user.press("Up", "Up", "Return")  # over "Show the song that plays"
+        self.user.press("Up", "Return")  # the last entry, as nothing plays that could be shown
         self.user.wait_for("Export playlist")
         written = self.environment.home / "Music" / EXPORTED
         self.user.press("ctrl+a")
