@@ -237,6 +237,10 @@
         <source>Import library</source>
         <translation>Mediathek importieren</translation>
     </message>
+    <message>
+        <source>Format:</source>
+        <translation>Format:</translation>
+    </message>
 </context>
 <context>
     <name>ListeningSocket</name>
@@ -1480,6 +1484,13 @@ Der Link wurde in die Zwischenablage kopiert.</translation>
     </message>
 </context>
 <context>
+    <name>zib::FilePanel</name>
+    <message>
+        <source>Folder:</source>
+        <translation>Ordner:</translation>
+    </message>
+</context>
+<context>
     <name>zib::FilterField</name>
     <message>
         <source>Filter</source>
@@ -2217,6 +2228,10 @@ Der Link wurde in die Zwischenablage kopiert.</translation>
         <source>New playlist</source>
         <translation>Neue Playlist</translation>
     </message>
+    <message>
+        <source>Song</source>
+        <translation>Song</translation>
+    </message>
 </context>
 <context>
     <name>zib::SongRemoval</name>
@@ -2253,6 +2268,13 @@ Der Link wurde in die Zwischenablage kopiert.</translation>
             <numerusform>%Ln Song</numerusform>
             <numerusform>%Ln Songs</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>zib::SongTableLayout</name>
+    <message>
+        <source>Columns</source>
+        <translation>Spalten</translation>
     </message>
 </context>
 <context>
@@ -2486,6 +2508,10 @@ Der Link wurde in die Zwischenablage kopiert.</translation>
     <message>
         <source>Play</source>
         <translation>Abspielen</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation>Quelle</translation>
     </message>
 </context>
 <context>

@@ -237,6 +237,10 @@
         <source>Import library</source>
         <translation>Importar biblioteca</translation>
     </message>
+    <message>
+        <source>Format:</source>
+        <translation>Formato:</translation>
+    </message>
 </context>
 <context>
     <name>ListeningSocket</name>
@@ -1480,6 +1484,13 @@ El enlace se ha copiado al portapapeles.</translation>
     </message>
 </context>
 <context>
+    <name>zib::FilePanel</name>
+    <message>
+        <source>Folder:</source>
+        <translation>Carpeta:</translation>
+    </message>
+</context>
+<context>
     <name>zib::FilterField</name>
     <message>
         <source>Filter</source>
@@ -2217,6 +2228,10 @@ El enlace se ha copiado al portapapeles.</translation>
         <source>New playlist</source>
         <translation>Lista nueva</translation>
     </message>
+    <message>
+        <source>Song</source>
+        <translation>Canción</translation>
+    </message>
 </context>
 <context>
     <name>zib::SongRemoval</name>
@@ -2253,6 +2268,13 @@ El enlace se ha copiado al portapapeles.</translation>
             <numerusform>%Ln canción</numerusform>
             <numerusform>%Ln canciones</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>zib::SongTableLayout</name>
+    <message>
+        <source>Columns</source>
+        <translation>Columnas</translation>
     </message>
 </context>
 <context>
@@ -2486,6 +2508,10 @@ El enlace se ha copiado al portapapeles.</translation>
     <message>
         <source>Play</source>
         <translation>Reproducir</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation>Fuente</translation>
     </message>
 </context>
 <context>

@@ -237,6 +237,10 @@
         <source>Import library</source>
         <translation>Importer une bibliothèque</translation>
     </message>
+    <message>
+        <source>Format:</source>
+        <translation>Format&#xa0;:</translation>
+    </message>
 </context>
 <context>
     <name>ListeningSocket</name>
@@ -1480,6 +1484,13 @@ Le lien a été copié dans le presse-papiers.</translation>
     </message>
 </context>
 <context>
+    <name>zib::FilePanel</name>
+    <message>
+        <source>Folder:</source>
+        <translation>Dossier&#xa0;:</translation>
+    </message>
+</context>
+<context>
     <name>zib::FilterField</name>
     <message>
         <source>Filter</source>
@@ -2217,6 +2228,10 @@ Le lien a été copié dans le presse-papiers.</translation>
         <source>New playlist</source>
         <translation>Nouvelle playlist</translation>
     </message>
+    <message>
+        <source>Song</source>
+        <translation>Morceau</translation>
+    </message>
 </context>
 <context>
     <name>zib::SongRemoval</name>
@@ -2253,6 +2268,13 @@ Le lien a été copié dans le presse-papiers.</translation>
             <numerusform>%Ln morceau</numerusform>
             <numerusform>%Ln morceaux</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>zib::SongTableLayout</name>
+    <message>
+        <source>Columns</source>
+        <translation>Colonnes</translation>
     </message>
 </context>
 <context>
@@ -2486,6 +2508,10 @@ Le lien a été copié dans le presse-papiers.</translation>
     <message>
         <source>Play</source>
         <translation>Lire</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation>Source</translation>
     </message>
 </context>
 <context>

@@ -24,10 +24,9 @@ QString typesFilter()
 } // namespace
 
 AddToLibraryPanel::AddToLibraryPanel(QWidget* parent)
-    : QFileDialog(parent, tr("Add to library"),
-                  QStandardPaths::writableLocation(QStandardPaths::MusicLocation), typesFilter())
+    : FilePanel(parent, tr("Add to library"), QStandardPaths::writableLocation(QStandardPaths::MusicLocation),
+                typesFilter())
 {
-    resize(880, 560);
     setOption(QFileDialog::DontUseNativeDialog);
     setOption(QFileDialog::HideNameFilterDetails);
     setFileMode(QFileDialog::ExistingFiles);

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QFileDialog>
-#include <QStringList>
+#include "views/FilePanel.h"
 
 class QAbstractItemView;
 
@@ -10,7 +9,7 @@ namespace zib {
 
 /// The panel in which files and folders are picked for the library, several at once. The desktops' own panels
 /// pick either files or folders, so this is Qt's.
-class AddToLibraryPanel : public QFileDialog {
+class AddToLibraryPanel : public FilePanel {
     Q_OBJECT
 
   public:

@@ -97,6 +97,7 @@ void ControlBar::makeButtons()
         button->setCheckable(true);
     for (QToolButton* button : {love_, download_})
         button->setEnabled(false);
+    menu_->setAccessibleName(menuButton_->accessibleName());
     menuButton_->setMenu(menu_);
     menuButton_->setPopupMode(QToolButton::InstantPopup);
 }

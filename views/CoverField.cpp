@@ -2,6 +2,7 @@
 #include "views/CoverField.h"
 
 #include "platform/TagApi.h"
+#include "views/FilePanel.h"
 #include "views/Icons.h"
 #include "views/PictureReader.h"
 #include "views/Theme.h"
@@ -9,7 +10,6 @@
 #include <QDropEvent>
 #include <QEvent>
 #include <QFile>
-#include <QFileDialog>
 #include <QLabel>
 #include <QMimeData>
 #include <QPushButton>
@@ -77,10 +77,10 @@ CoverField::CoverField(const QByteArray& cover, bool canChange, QWidget* parent)
 
 void CoverField::choose()
 {
-    const QString path = QFileDialog::getOpenFileName(
-        this, tr("Choose a cover"), QStandardPaths::writableLocation(QStandardPaths::PicturesLocation),
-        tr("Pictures (%1)").arg(QStringLiteral("*.png *.jpg *.jpeg")));
-    if (!path.isEmpty())
+    FilePanel panel(this, tr("Choose a cover"),
+                    QStandardPaths::writableLocation(QStandardPaths::PicturesLocation),
+                    tr("Pictures (%1)").arg(QStringLiteral("*.png *.jpg *.jpeg")));
+    if (const QString path = panel.askForFile(); !path.isEmpty())
         take(path);
 }
 

@@ -3,10 +3,10 @@
 
 #include "library/playlists/PlaylistFile.h"
 #include "services/utilities/PathUtilities.h"
+#include "views/FilePanel.h"
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFileDialog>
 #include <QStandardPaths>
 
 namespace zib {
@@ -30,8 +30,10 @@ QString libraryFilter()
 QString exportPath(QWidget* parent, const QString& title, const QString& name, const QStringList& filters,
                    const QStringList& suffixes)
 {
-    QFileDialog panel(parent, title, startFolder());
+    FilePanel panel(parent, title, startFolder());
+    panel.setFileMode(QFileDialog::AnyFile);
     panel.setAcceptMode(QFileDialog::AcceptSave);
+    panel.setLabelText(QFileDialog::FileType, Texts::tr("Format:"));
     panel.setNameFilters(filters);
     panel.setDefaultSuffix(suffixes.first());
     QObject::connect(&panel, &QFileDialog::filterSelected, &panel, [&](const QString& filter) {
@@ -45,7 +47,7 @@ QString exportPath(QWidget* parent, const QString& title, const QString& name, c
     QString fileName = name;
     fileName.replace(QLatin1Char('/'), QLatin1Char('-'));
     panel.selectFile(fileName + QLatin1Char('.') + suffixes.first());
-    return panel.exec() == QDialog::Accepted ? panel.selectedFiles().value(0) : QString();
+    return panel.askForFile();
 }
 
 } // namespace
@@ -60,8 +62,10 @@ QString playlistExportPath(QWidget* parent, const QString& name)
 
 QStringList playlistImportPaths(QWidget* parent)
 {
-    return QFileDialog::getOpenFileNames(parent, Texts::tr("Import playlist"), startFolder(),
-                                         Texts::tr("Playlists (*.m3u8 *.m3u *.xspf *.jspf)"));
+    FilePanel panel(parent, Texts::tr("Import playlist"), startFolder(),
+                    Texts::tr("Playlists (*.m3u8 *.m3u *.xspf *.jspf)"));
+    panel.setFileMode(QFileDialog::ExistingFiles);
+    return panel.askForFiles();
 }
 
 QString libraryExportPath(QWidget* parent)
@@ -72,7 +76,7 @@ QString libraryExportPath(QWidget* parent)
 
 QString libraryImportPath(QWidget* parent)
 {
-    return QFileDialog::getOpenFileName(parent, Texts::tr("Import library"), startFolder(), libraryFilter());
+    return FilePanel(parent, Texts::tr("Import library"), startFolder(), libraryFilter()).askForFile();
 }
 
 } // namespace zib

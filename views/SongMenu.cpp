@@ -11,6 +11,7 @@ namespace zib {
 SongMenu::SongMenu(SongTable& table, RVMainController& controller)
     : QMenu(&table)
 {
+    setAccessibleName(tr("Song"));
     const RVDataManager& library = controller.dataManager();
     const int row = table.currentIndex().row();
     const SongCells cells(library.browser());
@@ -28,8 +29,8 @@ SongMenu::SongMenu(SongTable& table, RVMainController& controller)
     connect(addAction(tr("Information…")), &QAction::triggered, &table,
             [&controller] { controller.editInformation(); });
     addSeparator();
-    table.layout().addSorting(*addMenu(tr("Sort by")));
-    table.layout().addColumns(*addMenu(tr("Columns")));
+    table.layout().addSorting(*addNamedMenu(tr("Sort by")));
+    table.layout().addColumns(*addNamedMenu(tr("Columns")));
     const bool inPlaylist = library.currentSourceType() == SourceType::Playlists;
     if (!inPlaylist && library.currentSourceType() != SourceType::Library)
         return;
@@ -38,9 +39,16 @@ SongMenu::SongMenu(SongTable& table, RVMainController& controller)
             &QAction::triggered, &table, &SongTable::deletePressed);
 }
 
+QMenu* SongMenu::addNamedMenu(const QString& name)
+{
+    QMenu* menu = addMenu(name);
+    menu->setAccessibleName(name);
+    return menu;
+}
+
 void SongMenu::addPlaylists(SongTable& table, RVMainController& controller)
 {
-    QMenu* playlists = addMenu(tr("Add to playlist"));
+    QMenu* playlists = addNamedMenu(tr("Add to playlist"));
     connect(playlists->addAction(tr("New playlist")), &QAction::triggered, &table,
             [&controller] { controller.addPlaylistFromSelectionAction(); });
     const QList<Record>& known = controller.dataManager().playlists();

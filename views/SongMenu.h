@@ -16,6 +16,7 @@ class SongMenu : public QMenu {
     SongMenu(SongTable& table, RVMainController& controller);
 
   private:
+    QMenu* addNamedMenu(const QString& name);
     void addPlaylists(SongTable& table, RVMainController& controller);
 };
 

@@ -347,6 +347,7 @@ void SongTableLayout::addColumns(QMenu& menu)
 void SongTableLayout::showMenu(const QPoint& position)
 {
     QMenu menu(&table_);
+    menu.setAccessibleName(tr("Columns"));
     addColumns(menu);
     menu.exec(header().mapToGlobal(position));
 }

@@ -67,6 +67,7 @@ QWidget* SourcePane::makeButtons()
     QToolButton* gear =
         makeButton(QStringLiteral("gear"), tr("Playlist actions"), tr("What can be done with it"), line);
     actions_ = new QMenu(gear);
+    actions_->setAccessibleName(gear->accessibleName());
     gear->setMenu(actions_);
     gear->setPopupMode(QToolButton::InstantPopup);
     auto* layout = new QHBoxLayout(line);
@@ -152,6 +153,7 @@ void SourcePane::showMenu(const QPoint& at, bool ofRows)
 {
     SourceList& sources = controller_->sources();
     QMenu menu(this);
+    menu.setAccessibleName(tr("Source"));
     const auto add = [&menu, this](bool applies, const QString& text, const QKeySequence& keys, auto action) {
         if (applies)
             connect(addEntry(menu, text, keys), &QAction::triggered, this, action);

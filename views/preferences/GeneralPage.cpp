@@ -4,6 +4,7 @@
 #include "platform/Alerts.h"
 #include "platform/SettingsKeys.h"
 #include "platform/UserDefaults.h"
+#include "views/FilePanel.h"
 #include "views/TextLabel.h"
 #include "views/Theme.h"
 #include "views/preferences/PreferencesActions.h"
@@ -12,7 +13,6 @@
 #include <QBoxLayout>
 #include <QCheckBox>
 #include <QDir>
-#include <QFileDialog>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
@@ -106,9 +106,11 @@ void GeneralPage::addAppearance(QBoxLayout& layout)
 
 void GeneralPage::changeMusicFolder()
 {
-    const QString picked =
-        QFileDialog::getExistingDirectory(this, tr("Choose a folder for your music"),
-                                          QStandardPaths::writableLocation(QStandardPaths::MusicLocation));
+    FilePanel panel(this, tr("Choose a folder for your music"),
+                    QStandardPaths::writableLocation(QStandardPaths::MusicLocation));
+    panel.setFileMode(QFileDialog::Directory);
+    panel.setOption(QFileDialog::ShowDirsOnly);
+    const QString picked = panel.askForFile();
     if (picked.isEmpty())
         return;
     const QString failure = actions_.changeMusicFolder(picked);
