@@ -20,6 +20,7 @@ from desktop_steps import DesktopSteps
 from desktop_user import DesktopUser
 from discovery_steps import DiscoverySteps
 from environment import Environment, wait_until
+from gallery_steps import GallerySteps
 from language_steps import LanguageSteps
 from library_steps import LibrarySteps
 from page_steps import PageSteps
@@ -34,7 +35,7 @@ ARTIST = "Kestrel Motorway"  # of the songs that come with the program
 
 
 class Journey(DesktopSteps, LibrarySteps, SourceSteps, SharingSteps, WindowSteps, PageSteps, DiscoverySteps,
-              SessionSteps, AccessibilitySteps, LanguageSteps, PictureSteps):
+              SessionSteps, AccessibilitySteps, LanguageSteps, GallerySteps, PictureSteps):
     def __init__(self, bin_folder, output):
         self.bin = bin_folder
         self.output = output
@@ -160,7 +161,7 @@ class Journey(DesktopSteps, LibrarySteps, SourceSteps, SharingSteps, WindowSteps
     STEPS = ("start", "search", "play", "pause", "resume", "seek", *DesktopSteps.STEPS, "love", "download", "quit",
              "restart", "play_downloaded", *LibrarySteps.STEPS, *SourceSteps.STEPS, *SharingSteps.STEPS,
              *WindowSteps.STEPS, *PageSteps.STEPS, *SessionSteps.STEPS, *AccessibilitySteps.STEPS,
-             *LanguageSteps.STEPS, *DiscoverySteps.STEPS,
+             *GallerySteps.STEPS, *LanguageSteps.STEPS, *DiscoverySteps.STEPS,
              *PictureSteps.STEPS)
 
     # What the steps are made of.
