@@ -37,6 +37,8 @@ class DesktopUser:
     def windows(self):
         """The showing windows of the program."""
         application = self._application()
+        if application is None:  # yet
+            return []
         all_windows = [application.get_child_at_index(i) for i in range(application.get_child_count())]
         return [one for one in all_windows if one is not None and one.get_state_set().contains(Atspi.StateType.SHOWING)]
 
