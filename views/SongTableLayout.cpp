@@ -3,12 +3,10 @@
 
 #include "platform/SettingsKeys.h"
 #include "platform/UserDefaults.h"
+#include "views/SongColumnWidths.h"
 #include "views/SongTableModel.h"
-#include "views/Theme.h"
 
 #include <QActionGroup>
-#include <QFontMetrics>
-#include <QGuiApplication>
 #include <QHeaderView>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -24,9 +22,6 @@ namespace zib {
 namespace {
 
 constexpr int smallestTextColumn = 72;
-constexpr int legibleNames = 140;
-constexpr int legibleText = 88;
-constexpr int smallestColumn = 28;
 constexpr int largestColumn = 4000;
 /// As many as a person can tell apart by looking at the rows.
 constexpr int mostDescriptors = 3;
@@ -38,68 +33,9 @@ const QString widthKey = QStringLiteral("width");
 const QString shownKey = QStringLiteral("shown");
 const QString ascendingKey = QStringLiteral("ascending");
 
-int firstWidth(SongColumn column)
-{
-    switch (column) {
-    case SongColumn::Speaker:
-    case SongColumn::Love:
-    case SongColumn::Download:
-        return smallestColumn;
-    case SongColumn::Index:
-        return 40;
-    case SongColumn::Name:
-        return 220;
-    case SongColumn::Artist:
-    case SongColumn::Album:
-        return 160;
-    case SongColumn::Genre:
-        return 104;
-    case SongColumn::Progress:
-        return 92;
-    case SongColumn::PlayDate:
-    case SongColumn::FoundDate:
-        return 100;
-    case SongColumn::Hotness:
-    case SongColumn::Familiarity:
-        return 80;
-    default:
-        return 60;
-    }
-}
-
-/// Titles are longer in some languages.
-int titleWidth(const QString& title)
-{
-    QFont font = QGuiApplication::font();
-    font.setPixelSize(Theme::secondaryText);
-    return QFontMetrics(font).horizontalAdvance(title) + 2 * Theme::between + 1; // and the line between two
-}
-
 bool isShownAtFirst(SongColumn column)
 {
     return column != SongColumn::Genre && column != SongColumn::Year && column != SongColumn::Position;
-}
-
-/// The columns that share the width which the others leave.
-constexpr std::array flexibleColumns{SongColumn::Name, SongColumn::Artist, SongColumn::Album};
-
-bool isFlexible(SongColumn column)
-{
-    return column == SongColumn::Name || column == SongColumn::Artist || column == SongColumn::Album;
-}
-
-/// Below which the last columns are given up.
-int leastWidth(SongColumn column, int width)
-{
-    if (column == SongColumn::Name)
-        return legibleNames;
-    return isFlexible(column) ? legibleText : width;
-}
-
-/// What a column that only holds a mark needs, and no other width.
-bool isFixed(SongColumn column)
-{
-    return column == SongColumn::Speaker || column == SongColumn::Love || column == SongColumn::Download;
 }
 
 /// What is given up for legible names, the first first.
@@ -181,8 +117,7 @@ void SongTableLayout::applyFirst()
     forEachColumn([this](SongColumn column) {
         header().moveSection(header().visualIndex(int(column)), int(column));
         widths_[std::size_t(column)] =
-            qMax(firstWidth(column),
-                 titleWidth(table_.model()->headerData(int(column), Qt::Horizontal).toString()));
+            firstWidth(column, table_.model()->headerData(int(column), Qt::Horizontal).toString());
         wanted_[std::size_t(column)].reset();
     });
     fit();

@@ -1,82 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Hunts: rows that name another list than the library has there, a list that is shown while another is
 // selected, a playing list that is lost when it moves.
-#include "controller/SourceKinds.h"
 #include "library/SongReordering.h"
-#include "tests/controller/ControllerFixture.h"
-
-#include <QMimeData>
+#include "tests/controller/SourceListFixture.h"
 
 namespace zib {
 namespace {
 
-constexpr int searchesAt = int(SourceType::RecentSearches);
-constexpr int libraryAt = int(SourceType::Library);
-constexpr int playlistsAt = int(SourceType::Playlists);
-
-class SourceListTest : public ControllerFixture {
-  protected:
-    SourceList& list() { return controller->sources(); }
-    const ChildNode& node(const NodePath& path) { return *list().tree().nodeAt(path); }
-    QString titles(const NodePath& group)
-    {
-        QStringList result;
-        for (int index = 0; index < list().tree().childCount(group); ++index)
-            result.append(node(group + NodePath{index}).nodeTitle());
-        return result.join(QLatin1Char(','));
-    }
-    static QString names(const QList<Record>& lists)
-    {
-        QStringList result;
-        for (const Record& one : lists)
-            result.append(one.string(keys::Name));
-        return result.join(QLatin1Char(','));
-    }
-    /// What is selected, and that tree, library and outline agree about it.
-    NodePath selected()
-    {
-        EXPECT_EQ(titles({playlistsAt}), names(library->playlists()));
-        EXPECT_EQ(titles({searchesAt}), names(library->searches()));
-        const QList<NodePath> paths = list().tree().selectedPaths();
-        EXPECT_EQ(window.outline.selected, paths);
-        if (paths.size() == 1 && paths[0].size() == 2 && isListSource(SourceType(paths[0][0]))) {
-            EXPECT_EQ(int(library->currentSourceType()), paths[0][0]);
-            EXPECT_EQ(library->currentPlaylistIndex(), paths[0][1]);
-            EXPECT_EQ(library->currentPlaylist().string(keys::Name), node(paths[0]).nodeTitle());
-        }
-        return paths.value(0);
-    }
-    /// The user selects rows in the outline.
-    void click(const QList<NodePath>& paths)
-    {
-        window.outline.selected = paths;
-        list().outlineViewSelectionDidChange(paths);
-    }
-    void addPlaylist(const QString& title, const QList<Record>& songs = {})
-    {
-        clock.advance(std::chrono::seconds(1));
-        library->addPlaylistWithTitle(title, songs, 0);
-    }
-    void addSearch(const QString& title, const QList<Record>& songs = {})
-    {
-        clock.advance(std::chrono::seconds(1));
-        library->addPlaylistWithTitle(title, songs, RVPlaylistDownloader::SimilarArtists);
-    }
-    void addPlaylistsABC()
-    {
-        for (const char* title : {"A", "B", "C"})
-            addPlaylist(QString::fromLatin1(title), {localSong(1), localSong(2)});
-        list().populateOutlineContents();
-    }
-    bool drag(const QList<NodePath>& rows, int above)
-    {
-        QMimeData pasteboard;
-        if (!list().writeItems(rows, pasteboard))
-            return false;
-        const auto drop = list().validateDrop(pasteboard, {playlistsAt}, above);
-        return drop && list().acceptDrop(pasteboard, *drop);
-    }
-};
+using SourceListTest = SourceListFixture;
 
 TEST_F(SourceListTest, TheRowsStandWhereTheLibraryHasTheirSources)
 {
@@ -190,109 +121,6 @@ TEST_F(SourceListTest, PlaylistsAreMadeNamedAndRenamed)
     quit();
     start();
     EXPECT_EQ(titles({playlistsAt}), QStringLiteral("Untitled playlist,Artist,Both"));
-}
-
-TEST_F(SourceListTest, RemovingSelectsWhatMovedIntoThePlace)
-{
-    addSearch(QStringLiteral("S"), {localSong(3)});
-    addPlaylistsABC();
-    click({{playlistsAt, 1}});
-    alerts.answers = {{.button = 1, .suppressed = false}};
-    list().removePlaylistAction();
-    EXPECT_EQ(titles({playlistsAt}), QStringLiteral("A,B,C")) << "cancelled";
-    EXPECT_EQ(alerts.shown[0].messageText,
-              QStringLiteral("Are you sure you want to remove the selected playlist?"));
-    EXPECT_EQ(desktop.calls, (QStringList{QStringLiteral("bringToFront"), QStringLiteral("beep")}));
-
-    const QString layout = settings::SongTableLayout + QString::number(library->currentUID());
-    defaults.setValue(layout, QStringLiteral("columns"));
-    play(0);
-    alerts.answers = {{.button = 0, .suppressed = true}};
-    list().removePlaylistAction();
-    EXPECT_EQ(titles({playlistsAt}), QStringLiteral("A,C"));
-    EXPECT_EQ(selected(), (NodePath{playlistsAt, 1}));
-    EXPECT_FALSE(defaults.value(layout).isValid());
-    EXPECT_FALSE(queue().snapshot()) << "it played";
-
-    list().removePlaylistAction(); // without a question from now on
-    EXPECT_EQ(selected(), (NodePath{playlistsAt, 0})) << "the last is gone, so the one before";
-    list().removePlaylistAction();
-    EXPECT_EQ(selected(), NodePath{0}) << "none is left";
-    list().removePlaylistAction();
-    click({{searchesAt, 0}});
-    list().removePlaylistAction();
-    EXPECT_EQ(titles({searchesAt}), QString());
-    EXPECT_EQ(alerts.shown.size(), 2);
-
-    addSearch(QStringLiteral("S"));
-    addPlaylistsABC();
-    click({{searchesAt, 0}, {playlistsAt, 0}, {playlistsAt, 2}});
-    list().removePlaylistAction();
-    EXPECT_EQ(titles({playlistsAt}), QStringLiteral("B"));
-    EXPECT_EQ(titles({searchesAt}), QString());
-}
-
-TEST_F(SourceListTest, RemovedListsComeBackToTheirPlaces)
-{
-    addSearch(QStringLiteral("S"), {localSong(3), localSong(4)});
-    addSearch(QStringLiteral("T"), {localSong(4)});
-    addPlaylistsABC();
-    const QList<Record> playlists = library->playlists();
-    const QString layout = settings::SongTableLayout + playlists[2].string(keys::Id);
-    struct Case {
-        QList<NodePath> rows;
-        const char* playlists;
-        const char* searches;
-        const char* undo;
-    };
-    const Case cases[] = {
-        {{{playlistsAt, 2}}, "A,B", "T,S", "Undo remove 1 playlist"},
-        {{{playlistsAt, 0}, {playlistsAt, 2}}, "B", "T,S", "Undo remove 2 playlists"},
-        {{{searchesAt, 1}}, "A,B,C", "T", "Undo remove 1 search"},
-        {{{searchesAt, 0}, {playlistsAt, 0}, {playlistsAt, 1}}, "C", "S", "Undo remove 3 playlists"},
-        {{{playlistsAt, 0}, {playlistsAt, 1}, {playlistsAt, 2}}, "", "T,S", "Undo remove 3 playlists"},
-    };
-    for (const Case& test : cases) {
-        defaults.setValue(layout, QStringLiteral("columns"));
-        click(test.rows);
-        list().removePlaylistAction();
-        EXPECT_EQ(controller->undo().undoText(), QString::fromUtf8(test.undo));
-        for (int round = 0; round < 2; ++round) {
-            EXPECT_EQ(titles({playlistsAt}), QString::fromUtf8(test.playlists));
-            EXPECT_EQ(titles({searchesAt}), QString::fromUtf8(test.searches));
-            controller->undo().undo();
-            EXPECT_EQ(titles({playlistsAt}), QStringLiteral("A,B,C"));
-            EXPECT_EQ(titles({searchesAt}), QStringLiteral("T,S"));
-            EXPECT_EQ(library->playlists(), playlists);
-            EXPECT_EQ(selected(), test.rows.first()) << test.undo;
-            EXPECT_EQ(defaults.string(layout), QStringLiteral("columns"));
-            controller->undo().redo();
-        }
-        controller->undo().undo();
-    }
-
-    // One that plays on without being shown is found again.
-    click({{playlistsAt, 1}});
-    play(0);
-    click({{playlistsAt, 0}, {playlistsAt, 1}});
-    library->setCurrentUID(0);
-    list().removePlaylistAction();
-    EXPECT_EQ(queue().snapshot()->playlistIndex, RVDataManager::NotFound);
-    controller->undo().undo();
-    EXPECT_EQ(queue().snapshot()->playlistIndex, 1);
-}
-
-TEST_F(SourceListTest, AQuestionStaysAboutTheListsItWasAskedFor)
-{
-    addPlaylistsABC();
-    click({{playlistsAt, 1}});
-    alerts.whileShown = [this](const Alert&) { // a search comes in, and is selected
-        alerts.whileShown = nullptr;
-        showAsSearch({localSong(9)});
-    };
-    list().removePlaylistAction();
-    EXPECT_EQ(titles({playlistsAt}), QStringLiteral("A,C"));
-    EXPECT_EQ(library->searches().size(), 1);
 }
 
 TEST_F(SourceListTest, DraggedRows)
